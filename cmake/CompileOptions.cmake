@@ -1,0 +1,17 @@
+# What every target of the project is compiled with.
+
+add_library(ztmath_options INTERFACE)
+
+target_compile_options(ztmath_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wundef
+  $<$<COMPILE_LANGUAGE:CXX>:-Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual>
+  $<$<BOOL:${ZTMATH_WERROR}>:-Werror>
+  # Results are the same bits at every optimisation level and on every processor: a fused multiply-add
+  # would round once where the formula rounds twice, and turn exact zeros of determinants into dust.
+  -ffp-contract=off)
+
+if(ZTMATH_SANITIZE)
+  target_compile_options(ztmath_options INTERFACE
+    -fsanitize=${ZTMATH_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(ztmath_options INTERFACE -fsanitize=${ZTMATH_SANITIZE})
+endif()

@@ -1,0 +1,68 @@
+// Work memory that gives itself back on every way out, unwinding included.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <type_traits>
+#include <utility>
+
+#include "syss/syss.h"
+
+namespace ztmath {
+
+/// The size in bytes of `count` elements; a negative count is none, and a product that does not fit
+/// is a size that no platform can serve, which then says so.
+template <class T>
+constexpr std::size_t bytes_of(std::ptrdiff_t count) {
+    if (count <= 0) return 0;
+    const auto n = static_cast<std::size_t>(count);
+    return n <= SIZE_MAX / sizeof(T) ? n * sizeof(T) : SIZE_MAX;
+}
+
+/// The number of elements of a rows x columns matrix, none where a dimension is not positive.
+constexpr std::ptrdiff_t element_count(int rows, int columns) {
+    return rows > 0 && columns > 0 ? static_cast<std::ptrdiff_t>(rows) * columns : 0;
+}
+
+/// Owns a platform block of uninitialised elements.
+template <class T>
+class SmArray {
+    static_assert(std::is_trivial_v<T>, "elements are neither constructed nor destroyed");
+
+  public:
+    explicit SmArray(std::ptrdiff_t count) : data_(static_cast<T*>(SM_alloc(bytes_of<T>(count)))) {}
+    ~SmArray() { SM_free(data_); }
+    SmArray(const SmArray&) = delete;
+    SmArray& operator=(const SmArray&) = delete;
+
+    T* data() const { return data_; }
+    T& operator[](std::ptrdiff_t i) const { return data_[i]; }
+
+    /// Hands the block to the caller.
+    T* release() { return std::exchange(data_, nullptr); }
+
+  private:
+    T* data_;
+};
+
+/// Uninitialised work memory: in place up to `InPlace` elements, from the platform above that.
+template <class T, std::ptrdiff_t InPlace>
+class WorkArray {
+    static_assert(std::is_trivial_v<T>, "elements are neither constructed nor destroyed");
+
+  public:
+    explicit WorkArray(std::ptrdiff_t count)
+        : block_(count > InPlace ? static_cast<T*>(SM_alloc(bytes_of<T>(count))) : nullptr) {}
+    ~WorkArray() { SM_free(block_); }
+    WorkArray(const WorkArray&) = delete;
+    WorkArray& operator=(const WorkArray&) = delete;
+
+    T* data() { return block_ != nullptr ? block_ : in_place_; }
+    T& operator[](std::ptrdiff_t i) { return data()[i]; }
+
+  private:
+    T in_place_[InPlace];
+    T* block_;
+};
+
+}  // namespace ztmath

@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "fit/lsfit.h"
+#include "fit/point_pairs.h"
 
 namespace ztmath {
 
@@ -14,32 +15,26 @@ struct DistanceSums {
     double sum_of_squares = 0.0;
 };
 
-/// Takes the distances of n points, in lanes of successive points that are added up in a fixed
-/// order. A NaN is never the largest.
+/// Takes the distances of n points, distance(pair) giving two. A NaN is never the largest.
 template <int Dimension, class Distance>
 DistanceSums distance_sums(const double* points, std::ptrdiff_t n, Distance distance) {
-    constexpr int lanes = 4;
-    DistanceSums lane_sums[lanes];
-    const auto take = [&](DistanceSums& s, const double* point) {
-        const double d = distance(point);
-        s.max = d > s.max ? d : s.max;
-        s.sum += d;
-        s.sum_of_squares += d * d;
+    Pair max{};
+    Pair sum{};
+    Pair squares{};
+    const auto take = [&](const PointPair<Dimension>& pair) {
+        const Pair d = distance(pair);
+        max = d > max ? d : max;
+        sum += d;
+        squares += d * d;
     };
-    std::ptrdiff_t i = 0;
-    for (; i + lanes <= n; i += lanes, points += lanes * Dimension)
-        for (int lane = 0; lane < lanes; ++lane)
-            take(lane_sums[lane], points + lane * Dimension);
-    for (int lane = 0; i < n; ++i, ++lane, points += Dimension)
-        take(lane_sums[lane], points);
-
-    DistanceSums total;
-    for (const DistanceSums& s : lane_sums) {
-        total.max = s.max > total.max ? s.max : total.max;
-        total.sum += s.sum;
-        total.sum_of_squares += s.sum_of_squares;
-    }
-    return total;
+    const auto take_last = [&](const PointPair<Dimension>& pair) {
+        const double d = distance(pair)[0];
+        max[0] = d > max[0] ? d : max[0];
+        sum[0] += d;
+        squares[0] += d * d;
+    };
+    for_each_pair<Dimension>(points, n, take, take_last);
+    return {max[1] > max[0] ? max[1] : max[0], sum[0] + sum[1], squares[0] + squares[1]};
 }
 
 /// The point farthest from something, the first of equally far ones.

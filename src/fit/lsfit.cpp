@@ -123,8 +123,9 @@ LineFit fit_line(const double* points, int n) {
     }
     const auto [a, b] = fit.normal;
     const double e = -(a * fit.point.x + b * fit.point.y);
-    const DistanceSums sums = distance_sums<2>(
-        points, n, [=](const double* p) { return std::fabs(a * p[0] + b * p[1] + e); });
+    const DistanceSums sums = distance_sums<2>(points, n, [a = a, b = b, e](const PointPair<2>& p) {
+        return magnitude(a * p[0] + b * p[1] + e);
+    });
     fit.statistics = statistics(sums, eigenpair, n);
     return fit;
 }
@@ -172,8 +173,9 @@ PlaneFit fit_plane(const double* points, int n) {
         set_fallback_normal(points, n, fit);
 
     DistanceSums sums =
-        distance_sums<3>(points, n, [point = fit.point, normal = fit.normal](const double* p) {
-            return std::fabs(dot(load3(p) - point, normal));
+        distance_sums<3>(points, n, [q = fit.point, normal = fit.normal](const PointPair<3>& p) {
+            return magnitude((p[0] - q.x) * normal.x + (p[1] - q.y) * normal.y +
+                             (p[2] - q.z) * normal.z);
         });
     const double normal_length = length(fit.normal);
     sums.max /= normal_length;

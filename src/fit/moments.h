@@ -10,6 +10,8 @@
 #include <array>
 #include <cstddef>
 
+#include "fit/point_pairs.h"
+
 namespace ztmath {
 
 template <int Dimension>
@@ -26,38 +28,14 @@ struct Moments {
 namespace moments_detail {
 
 inline constexpr int block_size = 512;
-inline constexpr int lanes = 4;
-
-/// Adds up f(point) over the points, in lanes of successive points that are summed in a fixed
-/// order. Each f(point, sums) adds to Count sums.
-template <int Dimension, int Count, class F>
-std::array<double, Count> sum_over_points(const double* points, std::ptrdiff_t n, F add_terms) {
-    double sums[Count][lanes] = {};
-    std::ptrdiff_t i = 0;
-    for (; i + lanes <= n; i += lanes, points += lanes * Dimension)
-        for (int lane = 0; lane < lanes; ++lane) {
-            const auto terms = add_terms(points + lane * Dimension);
-            for (int s = 0; s < Count; ++s)
-                sums[s][lane] += terms[s];
-        }
-    for (int lane = 0; i < n; ++i, ++lane, points += Dimension) {
-        const auto terms = add_terms(points);
-        for (int s = 0; s < Count; ++s)
-            sums[s][lane] += terms[s];
-    }
-    std::array<double, Count> total;
-    for (int s = 0; s < Count; ++s)
-        total[s] = (sums[s][0] + sums[s][1]) + (sums[s][2] + sums[s][3]);
-    return total;
-}
 
 /// The products of a vector with itself that a scatter matrix sums, row by row.
-template <int Dimension>
-auto products(const std::array<double, Dimension>& d) {
-    std::array<double, Dimension*(Dimension + 1) / 2> p;
-    int k = 0;
-    for (int i = 0; i < Dimension; ++i)
-        for (int j = i; j < Dimension; ++j)
+template <class Scalar, std::size_t Dimension>
+auto products(const std::array<Scalar, Dimension>& d) {
+    std::array<Scalar, Dimension*(Dimension + 1) / 2> p;
+    std::size_t k = 0;
+    for (std::size_t i = 0; i < Dimension; ++i)
+        for (std::size_t j = i; j < Dimension; ++j)
             p[k++] = d[i] * d[j];
     return p;
 }
@@ -70,22 +48,15 @@ void set_mean(Moments<Dimension>& m) {
 
 template <int Dimension>
 Moments<Dimension> block_moments(const double* points, std::ptrdiff_t n) {
-    using Vector = std::array<double, Dimension>;
     Moments<Dimension> m;
     m.count = static_cast<double>(n);
-    m.sum = sum_over_points<Dimension, Dimension>(points, n, [](const double* p) {
-        Vector v;
-        std::copy_n(p, Dimension, v.begin());
-        return v;
-    });
+    m.sum = sum_over_points<Dimension>(points, n, [](const PointPair<Dimension>& p) { return p; });
     set_mean(m);
-    m.scatter = sum_over_points<Dimension, std::tuple_size_v<decltype(m.scatter)>>(
-        points, n, [mean = m.mean](const double* p) {
-            Vector d;
-            for (int i = 0; i < Dimension; ++i)
-                d[i] = p[i] - mean[i];
-            return products<Dimension>(d);
-        });
+    m.scatter = sum_over_points<Dimension>(points, n, [&m](PointPair<Dimension> p) {
+        for (int i = 0; i < Dimension; ++i)
+            p[i] -= m.mean[i];
+        return products(p);
+    });
     return m;
 }
 
@@ -98,7 +69,7 @@ void merge(Moments<Dimension>& m, const Moments<Dimension>& block) {
         m.sum[i] += block.sum[i];
     }
     const double weight = m.count * block.count / (m.count + block.count);
-    const auto shifted = products<Dimension>(shift);
+    const auto shifted = products(shift);
     for (std::size_t k = 0; k < shifted.size(); ++k)
         m.scatter[k] += block.scatter[k] + weight * shifted[k];
     m.count += block.count;

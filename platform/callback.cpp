@@ -1,5 +1,6 @@
 // Reasons and their listeners.
 #include <algorithm>
+#include <iterator>
 #include <mutex>
 #include <vector>
 
@@ -17,10 +18,24 @@ struct Entry {
 
 std::mutex entries_mutex;
 
-/// Made at first use, so that a host's own static initialisers may add listeners.
+/// Made at first use and never destroyed, so that static initialisers and destructors of the host
+/// may add and remove listeners.
 std::vector<Entry>& entries() {
-    static std::vector<Entry> list;
+    static auto& list = *new std::vector<Entry>;
     return list;
+}
+
+std::vector<Entry> entries_for(int reason) {
+    const std::lock_guard lock(entries_mutex);
+    std::vector<Entry> found;
+    std::copy_if(entries().begin(), entries().end(), std::back_inserter(found),
+                 [&](const Entry& entry) { return entry.reason == reason; });
+    return found;
+}
+
+bool is_still_there(const Entry& entry) {
+    const std::lock_guard lock(entries_mutex);
+    return std::find(entries().begin(), entries().end(), entry) != entries().end();
 }
 
 }  // namespace
@@ -30,16 +45,11 @@ int ZT_REASON_ask_reason_number(int reason) {
     return reason;
 }
 
-/// Works on a copy: a listener may add and remove listeners, itself included.
+/// Works on a copy, as a listener may add and remove listeners, itself included. One that was
+/// removed meanwhile is passed over: its context may be gone.
 void CALLBACK_call_list(int reason, void* data) {
-    std::vector<Entry> told;
-    {
-        const std::lock_guard lock(entries_mutex);
-        std::copy_if(entries().begin(), entries().end(), std::back_inserter(told),
-                     [&](const Entry& entry) { return entry.reason == reason; });
-    }
-    for (const Entry& entry : told)
-        entry.listener(reason, data, entry.context);
+    for (const Entry& entry : entries_for(reason))
+        if (is_still_there(entry)) entry.listener(reason, data, entry.context);
 }
 
 void SYSS_add_listener(int reason, SYSS_listener_t listener, void* context) {

@@ -26,12 +26,15 @@ Header* header_of(void* block) {
 
 /// Enters `size` more bytes into the books, or reports that the limit refuses them.
 void reserve(std::size_t size) {
-    const std::size_t before = bytes_out.fetch_add(size, std::memory_order_relaxed);
     const std::size_t limit = bytes_limit.load(std::memory_order_relaxed);
-    if (before > limit || size > limit - before) {
-        bytes_out.fetch_sub(size, std::memory_order_relaxed);
-        syss::out_of_memory(size);
-    }
+    std::size_t before = bytes_out.load(std::memory_order_relaxed);
+    do {
+        if (before > limit || size > limit - before) syss::out_of_memory(size);
+    } while (!bytes_out.compare_exchange_weak(before, before + size, std::memory_order_relaxed));
+}
+
+void release(std::size_t size) {
+    bytes_out.fetch_sub(size, std::memory_order_relaxed);
 }
 
 /// Obtains a header and `capacity` bytes behind it, from scratch or by moving `old`; null if
@@ -45,7 +48,7 @@ Header* new_block(std::size_t size) {
     reserve(size);
     Header* header = obtain(nullptr, size);
     if (header == nullptr) {
-        bytes_out.fetch_sub(size, std::memory_order_relaxed);
+        release(size);
         syss::out_of_memory(size);
     }
     *header = {size, size};
@@ -59,10 +62,27 @@ void* new_zeroed_block(std::size_t count, std::size_t size) {
     return std::memset(block, 0, count * size);
 }
 
-/// The capacity a block moves to when `size` no longer fits, or fits several times over.
+/// Whether a block moves to hold `size` bytes: they do not fit, or fit several times over.
+bool must_move(const Header& header, std::size_t size) {
+    return size > header.capacity || size < header.capacity / 4;
+}
+
+/// The capacity a block moves to: a block that grows gets slack, one that shrinks none.
 std::size_t new_capacity(const Header& header, std::size_t size) {
-    const bool grows_again = size > header.capacity && header.length != 0;
-    return grows_again ? std::max(size, header.capacity + header.capacity / 2) : size;
+    const bool grows = size > header.capacity && header.length != 0;
+    return grows ? std::max(size, header.capacity + header.capacity / 2) : size;
+}
+
+/// Moves a block, with slack or, if that is refused, without; null, the block untouched, if that is
+/// refused too.
+Header* move_block(Header* header, std::size_t size) {
+    const std::size_t wanted = new_capacity(*header, size);
+    for (const std::size_t capacity : {wanted, size})
+        if (Header* moved = obtain(header, capacity); moved != nullptr) {
+            moved->capacity = capacity;
+            return moved;
+        }
+    return nullptr;
 }
 
 }  // namespace
@@ -84,19 +104,15 @@ void* SM_realloc(void* block, std::size_t size) {
     Header* header = header_of(block);
     const std::size_t length = header->length;
     if (size > length) reserve(size - length);
-    if (size > header->capacity || size < header->capacity / 4) {
-        std::size_t capacity = new_capacity(*header, size);
-        Header* moved = obtain(header, capacity);
-        if (moved == nullptr) moved = obtain(header, capacity = size);  // without the slack, then
-        if (moved == nullptr) {
-            if (size <= length) return block;
-            bytes_out.fetch_sub(size - length, std::memory_order_relaxed);
+    if (must_move(*header, size)) {
+        if (Header* moved = move_block(header, size); moved != nullptr) {
+            header = moved;
+        } else if (size > length) {
+            release(size - length);
             syss::out_of_memory(size);
-        }
-        header = moved;
-        header->capacity = capacity;
+        }  // else the block shrinks where it is
     }
-    if (size < length) bytes_out.fetch_sub(length - size, std::memory_order_relaxed);
+    if (size < length) release(length - size);
     header->length = size;
     return header + 1;
 }
@@ -104,7 +120,7 @@ void* SM_realloc(void* block, std::size_t size) {
 void SM_free(void* block) {
     if (block == nullptr) return;
     Header* header = header_of(block);
-    bytes_out.fetch_sub(header->length, std::memory_order_relaxed);
+    release(header->length);
     blocks_out.fetch_sub(1, std::memory_order_relaxed);
     std::free(header);
 }

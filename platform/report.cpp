@@ -1,6 +1,8 @@
 // Reports and guarded calls of the default platform library.
 #include "report.h"
 
+#include <algorithm>
+#include <climits>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -21,6 +23,13 @@ thread_local int guard_depth = 0;
 /// What ERROR_raise throws to the innermost guard. Nobody else can name the type, so nobody else
 /// catches it by accident; the texts were copied before the frames that own them are gone.
 struct RaisedReport {
+    SYSS_failure_t failure;
+};
+
+/// What an allocation throws that cannot be served: any C++ caller can catch it by its base.
+struct OutOfMemory : std::bad_alloc {
+    explicit OutOfMemory(const SYSS_failure_t& what_failed) : failure(what_failed) {}
+
     SYSS_failure_t failure;
 };
 
@@ -60,7 +69,8 @@ void deliver_formatted(SYSS_report_kind_t kind, const char* module, int line, co
 
 int checking_level_from_environment() {
     const char* value = std::getenv("SYSS_CHECKING_LEVEL");
-    return value != nullptr ? static_cast<int>(std::strtol(value, nullptr, 10)) : 0;
+    if (value == nullptr) return 0;
+    return static_cast<int>(std::clamp<long>(std::strtol(value, nullptr, 10), INT_MIN, INT_MAX));
 }
 
 }  // namespace
@@ -83,8 +93,9 @@ void deliver(const SYSS_report_t& report) {
 void out_of_memory(std::size_t size) {
     char text[text_capacity];
     std::snprintf(text, sizeof text, "Out of memory: %zu bytes cannot be had", size);
-    deliver({SYSS_REPORT_RAISED, "libsyss", __LINE__, 0, text});
-    throw std::bad_alloc();
+    const SYSS_report_t report{SYSS_REPORT_RAISED, "libsyss", __LINE__, 0, text};
+    deliver(report);
+    throw OutOfMemory(failure_of(report));
 }
 
 }  // namespace syss
@@ -112,6 +123,9 @@ SYSS_outcome_t SYSS_call_guarded(void (*body)(void*), void* data, SYSS_failure_t
     } catch (const RaisedReport& raised) {
         if (failure != nullptr) *failure = raised.failure;
         return SYSS_RAISED;
+    } catch (const OutOfMemory& refused) {
+        if (failure != nullptr) *failure = refused.failure;
+        return SYSS_OUT_OF_MEMORY;
     } catch (const std::bad_alloc&) {
         if (failure != nullptr)
             *failure = failure_of({SYSS_REPORT_RAISED, "libsyss", __LINE__, 0, "Out of memory"});

@@ -13,8 +13,7 @@
 
 SYSS_BEGIN_DECLS
 
-/* ---- Reports
- * ------------------------------------------------------------------------------------*/
+/* ---- Reports --------------------------------------------------------------------------------- */
 
 typedef enum {
     SYSS_REPORT_RAISED = 1,   /* ERROR_raise: input that cannot be served */
@@ -23,8 +22,7 @@ typedef enum {
     SYSS_REPORT_LOG = 4       /* ERROR_lprintf: a line for the log */
 } SYSS_report_kind_t;
 
-/* One report. The texts live until the handler returns; a text longer than 1023 characters is cut.
- */
+/* One report. The texts live until the handler returns; formatted texts end at 1023 characters. */
 typedef struct {
     SYSS_report_kind_t kind;
     const char *module; /* "" for a log line */
@@ -42,12 +40,12 @@ typedef struct {
  * Sends all reports to a handler, in every thread; a null call restores the default, which writes a
  * line to standard error (raised reports inside a guarded call excepted: their text goes to the
  * guard). Returns the handler before. The handler runs in the reporting thread, before any
- * unwinding, and may itself leave by an exception or a long jump.
+ * unwinding, and may itself leave by an exception; from ERROR_raise also by a long jump, as long as
+ * the jump does not cross a guarded call.
  */
 SYSS_API SYSS_report_handler_t SYSS_set_report_handler(SYSS_report_handler_t handler);
 
-/* ---- Guarded calls
- * ------------------------------------------------------------------------------*/
+/* ---- Guarded calls --------------------------------------------------------------------------- */
 
 typedef enum {
     SYSS_COMPLETED = 0,    /* the body returned */
@@ -69,8 +67,8 @@ typedef struct {
  * Inside the call ERROR_raise, and an allocation that cannot be served, unwind the stack up to
  * here: the library gives back its memory on the way, its outputs are as the routine's
  * documentation says. Other reports go to the handler and return. Exceptions of the host's own pass
- * through. Guarded calls nest. Frames of C code between the guard and the library need unwind
- * tables (-fexceptions; the default on x86-64).
+ * through, except that any std::bad_alloc means that memory ran out. Guarded calls nest. Frames of C
+ * code between the guard and the library need unwind tables (-fexceptions; the default on x86-64).
  *
  * Without a guard, ERROR_raise returns to the library once the report is delivered; an allocation
  * that cannot be served delivers its report and throws std::bad_alloc, never yielding null.
@@ -80,8 +78,7 @@ typedef struct {
 SYSS_API SYSS_outcome_t SYSS_call_guarded(void (*body)(void *data), void *data,
                                           SYSS_failure_t *failure);
 
-/* ---- Listeners
- * ----------------------------------------------------------------------------------*/
+/* ---- Listeners ------------------------------------------------------------------------------- */
 
 /* data: what CALLBACK_call_list was given; context: what the listener was added with. */
 typedef void (*SYSS_listener_t)(int reason, void *data, void *context);
@@ -90,11 +87,11 @@ typedef void (*SYSS_listener_t)(int reason, void *data, void *context);
 SYSS_API void SYSS_add_listener(int reason, SYSS_listener_t listener, void *context);
 
 /* Removes the first entry with the same reason, listener and context; returns 1, or 0 if none is
- * there. */
+   there. A listener that is removed while a list is being called is not told any more, one that is
+   added then is told from the next call on. */
 SYSS_API int SYSS_remove_listener(int reason, SYSS_listener_t listener, void *context);
 
-/* ---- Memory
- * -------------------------------------------------------------------------------------*/
+/* ---- Memory ---------------------------------------------------------------------------------- */
 
 /* Returns the number of blocks that are out. */
 SYSS_API size_t SYSS_block_count(void);

@@ -76,8 +76,7 @@ SYSS_API void SM_free(void *block);
 /* Returns the size of a block in bytes, 0 for null. */
 SYSS_API size_t SM_length(void *block);
 
-/* ---- The rest
- * -----------------------------------------------------------------------------------*/
+/* ---- The rest -------------------------------------------------------------------------------- */
 
 /* Formats at most size - 1 characters and a null; returns the length the whole text would have. */
 SYSS_API int STR_snprintf(char *buffer, size_t size, const char *format, ...) SYSS_PRINTF(3, 4);

@@ -70,8 +70,7 @@ ZTMATH_API void pxsfac_read_pszt_(int first[2], int second[2]);
 /* Clears 20 integers of acom_, words_4260. */
 ZTMATH_API void b120a_(void);
 
-/* ---- Display identifiers
- * -------------------------------------------------------------------------
+/* ---- Display identifiers ------------------------------------------------------------------------
  *
  * Identifiers of displayed objects are buffered, up to 512, and flushed through a function of the
  * host, which finds them in acom_.display_ids. A count that the host wrote outside 0 to 512 is
@@ -79,8 +78,10 @@ ZTMATH_API void b120a_(void);
  */
 
 /*
- * Registers the function that a flush calls, null for none; the function is called without
- * arguments and may itself append identifiers, which are lost with the flush.
+ * Registers the function that a flush calls, null for none. It is called without arguments and may
+ * itself use the buffer: identifiers it appends are lost with the flush, a flush it asks for does
+ * not call it again. It may leave by an exception, which leaves the buffer as it is then, but not by
+ * a long jump.
  *
  * Returns the function registered before, null the first time.
  */

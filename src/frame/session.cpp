@@ -82,15 +82,18 @@ void PX_ask_default_face_grid_counts(int counts[2]) {
 }
 
 void PX_set_default_face_grid_counts(const int counts[2]) {
-    ZTMATH_ASSERT(report, "u_and_v_grid_counts[0] >= 0", counts[0] >= 0);
-    ZTMATH_ASSERT(report, "u_and_v_grid_counts[1] >= 0", counts[1] >= 0);
-    gca(gca_face_grid_u) = counts[0];
-    gca(gca_face_grid_v) = counts[1];
+    const int u = counts[0];
+    const int v = counts[1];
+    ZTMATH_ASSERT(report, "u_and_v_grid_counts[0] >= 0", u >= 0);
+    ZTMATH_ASSERT(report, "u_and_v_grid_counts[1] >= 0", v >= 0);
+    gca(gca_face_grid_u) = u;
+    gca(gca_face_grid_v) = v;
 }
 
 void pxsfac_read_pszt_(int first[2], int second[2]) {
-    first[0] = pxsfac_[2];
-    first[1] = pxsfac_[3];
-    second[0] = pxsfac_[0];
-    second[1] = pxsfac_[1];
+    const auto [p0, p1, p2, p3] = pxsfac_;
+    first[0] = p2;
+    first[1] = p3;
+    second[0] = p0;
+    second[1] = p1;
 }

@@ -34,8 +34,9 @@ int WCS_ask_matrix(double matrix[9]) {
 }
 
 int WCS_ask_coordinate_system(double csys[12]) {
+    const Mat3 matrix = wcs_matrix();
     store(wcs_origin(), csys);
-    store(wcs_matrix(), csys + 3);
+    store(matrix, csys + 3);
     return 0;
 }
 
@@ -45,14 +46,16 @@ int WCS_ask_z_axis(double axis[3]) {
 }
 
 int WCS_ask_work_plane(double plane[6]) {
+    const Vec3 z = wcs_matrix().z;
     store(wcs_origin(), plane);
-    store(wcs_matrix().z, plane + 3);
+    store(z, plane + 3);
     return 0;
 }
 
 void v6051_(double matrix[9], double origin[3]) {
+    const Vec3 at = wcs_origin();
     store(wcs_matrix(), matrix);
-    store(wcs_origin(), origin);
+    store(at, origin);
 }
 
 void WCS__set_matrix_values(const double m[9]) {

@@ -20,8 +20,7 @@
 
 ZTMATH_BEGIN_DECLS
 
-/* ---- Frames from directions
- * ---------------------------------------------------------------------*/
+/* ---- Frames from directions ------------------------------------------------------------------ */
 
 /*
  * Builds the frame of two perpendicular directions. They must be perpendicular already: nothing is
@@ -62,8 +61,7 @@ ZTMATH_API void MTX3_init_no_check(const double x[3], const double y[3], double 
  */
 ZTMATH_API int MTX2_init(const double x[2], const double y[2], double matrix[4]);
 
-/* ---- Rotations
- * ----------------------------------------------------------------------------------*/
+/* ---- Rotations ------------------------------------------------------------------------------- */
 
 /*
  * Builds the rotation about an axis, as it acts on column vectors (Rodrigues, 1840).
@@ -98,8 +96,7 @@ ZTMATH_API void MTX3_ask_roll_pitch_yaw(const double m[9], double *roll, double 
  */
 ZTMATH_API void MTX3_ask_all_roll_pitch_yaw(const double m[9], int *count, double triples[24]);
 
-/* ---- Tests and repair
- * ---------------------------------------------------------------------------*/
+/* ---- Tests and repair ------------------------------------------------------------------------ */
 
 /* Whether each row has a squared length within 1.0e-14 of 1 and each pair of rows a dot product of
    at most 1.0e-14 in absolute value. */
@@ -115,15 +112,13 @@ ZTMATH_API int MTX3_is_ortho_normal(const double m[9]);
  */
 ZTMATH_API int MTX3_ortho_normalize(double m[9]);
 
-/* Whether all elements agree within a tolerance and both matrices are orthonormal, or both are not.
- */
+/* Whether all elements agree within a tolerance and both matrices, or neither, are orthonormal. */
 ZTMATH_API int MTX3_is_equal(const double a[9], const double b[9], double tolerance);
 
 /* MTX3_is_equal with the identity. */
 ZTMATH_API int MTX3_is_identity(const double m[9], double tolerance);
 
-/* ---- Products
- * -----------------------------------------------------------------------------------*/
+/* ---- Products -------------------------------------------------------------------------------- */
 
 /*
  * Multiplies: r = b a. Each row of b is carried through the frame a. The product of two orthonormal

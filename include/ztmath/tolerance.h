@@ -11,8 +11,7 @@
 
 ZTMATH_BEGIN_DECLS
 
-/* Returns the number tolerance: dimensionless, 1.0e-4 or, with the fine-tolerance switch, 1.0e-10.
- */
+/* Returns the number tolerance: dimensionless; 1.0e-4, or 1.0e-10 with the fine-tolerance switch. */
 ZTMATH_API double EQ_ask_number_tolerance(void);
 
 /* Returns the length tolerance: number tolerance times model scale. */
@@ -33,8 +32,8 @@ ZTMATH_API void sys21_(void);
  *
  * value   the value
  * index   which word, from 0, by position in acom_.tolerances: 0 number, 1 length, 2 squared
- * length, 7 wide squared; the others, up to 15, belong to routines of the older generation result
- * out: tolerance word times value; 0.0 when the index is outside the table. May alias value
+ *         length, 7 wide squared; the others, up to 15, belong to routines of the older generation
+ * result  out: tolerance word times value; 0.0 when the index is outside the table. May alias value
  */
 ZTMATH_API void sys22_(const double *value, const int *index, double *result);
 

@@ -18,8 +18,7 @@ ZTMATH_BEGIN_DECLS
 /* As VEC3_unitize, of two dimensions. Asserts "VEC2_is_finite (u)". */
 ZTMATH_API int VEC2_unitize(const double u[2], double tolerance, double *magnitude, double unit[2]);
 
-/* As VEC3_is_parallel, of two dimensions. Asserts "VEC2_is_finite( u )" and "VEC2_is_finite( v )".
- */
+/* As VEC3_is_parallel, of two dimensions. Asserts "VEC2_is_finite( u )", "VEC2_is_finite( v )". */
 ZTMATH_API int VEC2_is_parallel(const double u[2], const double v[2], double tolerance);
 
 /* As VEC3_is_perpendicular, of two dimensions. Asserts as VEC2_is_parallel. */
@@ -29,7 +28,7 @@ ZTMATH_API int VEC2_is_perpendicular(const double u[2], const double v[2], doubl
  * Turns a vector by a quarter turn. Asserts "VEC2_is_finite (u)".
  *
  * out  out: (u.y, -u.x), clockwise, if |u.y| <= |u.x|; (-u.y, u.x), counter-clockwise, if |u.y| is
- * the larger; zero if u is null. Callers rely on the sign pattern that comes of the two directions
+ *      the larger; zero if u is null. Callers rely on the sign pattern of the two directions
  *
  * Returns 1, or 0 if u is null.
  */

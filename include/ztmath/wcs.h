@@ -13,38 +13,39 @@
 
 ZTMATH_BEGIN_DECLS
 
-/* ---- The frame ----------------------------------------------------------------------------------
- * The queries return 0. */
+/* ---- The frame ------------------------------------------------------------------------------- */
 
+/* Copy the origin, and the matrix, out. Both return 0. */
 ZTMATH_API int WCS_ask_origin(double origin[3]);
 ZTMATH_API int WCS_ask_matrix(double matrix[9]);
 
-/* Origin (3), then matrix (9). */
+/* Copies origin (3), then matrix (9) out. Returns 0. */
 ZTMATH_API int WCS_ask_coordinate_system(double csys[12]);
 
-/* The third row of the matrix. */
+/* Copies the third row of the matrix out. Returns 0. */
 ZTMATH_API int WCS_ask_z_axis(double axis[3]);
 
-/* The plane z = 0 of the WCS: origin (3), then Z axis (3). */
+/* Copies the plane z = 0 of the WCS out: origin (3), then Z axis (3). Returns 0. */
 ZTMATH_API int WCS_ask_work_plane(double plane[6]);
 
-/* Matrix and origin in one call. */
+/* Copies matrix and origin out in one call. */
 ZTMATH_API void v6051_(double matrix[9], double origin[3]);
 
-ZTMATH_API void WCS__set_matrix_values(
-    const double m[9]);
+/* Sets the matrix, taken as it stands; the origin stays. */
+ZTMATH_API void WCS__set_matrix_values(const double m[9]);
 
-/* ---- Tags and status
- * ----------------------------------------------------------------------------*/
+/* ---- Tags and status ------------------------------------------------------------------------- */
 
+/* Return and set what the host keeps here about the WCS; the library gives it no meaning. */
 ZTMATH_API int WCS_ask_view_names_skeleton(void); /* GCA(41) */
 ZTMATH_API int WCS_ask_skeleton(void);            /* GCA(42) */
 ZTMATH_API int WCS_ask_matrix_tag(void);          /* GCA(45) */
 ZTMATH_API int WCS_ask_tag(void);                 /* GCA(50) */
-ZTMATH_API void WCS__set_matrix_tag(int tag);    
+ZTMATH_API void WCS__set_matrix_tag(int tag);
 ZTMATH_API void WCS_set_tag(int tag);
 
-/* Whether the WCS follows the view: 1 or 0. Kept inverted in GCA(47). */
+/* Returns and sets whether the WCS follows the view: 1 or 0 out, any value but 0 for 1 in. Kept
+   inverted in GCA(47). */
 ZTMATH_API int WCS_is_linked_to_view(void);
 ZTMATH_API void WCS_set_linked_to_view(int linked);
 
@@ -66,9 +67,9 @@ ZTMATH_API int WCS_ask_wcs_display(void);
  */
 ZTMATH_API void WCS_set_wcs_display(int status);
 
-/* ---- Mapping ------------------------------------------------------------------------------------
- * in and out may be the same array. With M the matrix and o the origin: */
+/* ---- Mapping --------------------------------------------------------------------------------- */
 
+/* Map a vector or point; out may be in. With M the matrix and o the origin: */
 ZTMATH_API void mapvaw_(const double in[3], double out[3]); /* vector, absolute to work: M v */
 ZTMATH_API void mapvwa_(const double in[3], double out[3]); /* vector, work to absolute: M^T v */
 ZTMATH_API void mappaw_(const double in[3], double out[3]); /* point, absolute to work: M (p - o) */

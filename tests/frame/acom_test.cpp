@@ -1,0 +1,158 @@
+// The shared block: layout and initialisation, by byte offset throughout.
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "support/shared_block.h"
+#include "ztmath/session.h"
+#include "ztmath/tolerance.h"
+
+namespace {
+
+using namespace ztmath_test;
+
+constexpr unsigned char pattern = 0xA5;
+
+enum class Word { doubles, ints };
+
+/// `count` words from an offset that an initialisation sets.
+struct Run {
+    std::size_t offset;
+    std::size_t count;
+    Word word;
+    int value;
+};
+
+Run gca_run(int first, int last, int value) {
+    return {gca_offset(first), static_cast<std::size_t>(last - first + 1), Word::ints, value};
+}
+
+const std::vector<Run> set_in_every_mode = {
+    {320, 12, Word::doubles, 0},     {416, 27, Word::doubles, -939}, {1032, 1, Word::doubles, 0},
+    {1040, 26, Word::doubles, -939},  // model scale and the 25 after it, the tolerances among them
+    {1248, 15, Word::doubles, -939}, {1368, 9, Word::doubles, -939}, {2032, 514, Word::ints, 0},
+    {4344, 2, Word::ints, -939},     {4356, 2, Word::ints, -939},    gca_run(24, 24, 6),
+    gca_run(51, 51, -939),
+};
+
+const std::vector<Run> set_unless_the_session_is_kept = {
+    {632, 50, Word::doubles, -939},
+    {4088, 43, Word::ints, -939},
+    {4352, 1, Word::ints, -939},
+    {4364, 105, Word::ints, -939},
+    gca_run(2, 8, 0),
+    gca_run(10, 22, 0),
+    gca_run(26, 26, 0),
+    gca_run(28, 28, 0),
+    gca_run(30, 50, 0),
+};
+
+void put_runs(const std::vector<Run>& runs, BlockBytes& bytes) {
+    for (const Run& run : runs)
+        for (std::size_t i = 0; i < run.count; ++i) {
+            if (run.word == Word::doubles)
+                put_at(bytes, run.offset + 8 * i, static_cast<double>(run.value));
+            else
+                put_at(bytes, run.offset + 4 * i, run.value);
+        }
+}
+
+void expect_block(const BlockBytes& expected, const char* after) {
+    const BlockBytes found = block_bytes();
+    for (std::size_t i = 0; i < found.size(); ++i)
+        ASSERT_EQ(found[i], expected[i]) << "byte " << i << " after " << after;
+}
+
+BlockBytes patterned() {
+    BlockBytes bytes;
+    bytes.fill(pattern);
+    return bytes;
+}
+
+TEST(SharedBlock, IsInitialisedToTheByteInEveryMode) {
+    const KeepBlock keep;
+    for (const int mode : {1, 0, 2, -1}) {
+        SCOPED_TRACE(mode);
+        BlockBytes expected = patterned();
+        put_runs(set_in_every_mode, expected);
+        if (mode != 1) put_runs(set_unless_the_session_is_kept, expected);
+
+        set_block_bytes(patterned());
+        sys10_(&mode);
+        expect_block(expected, "sys10_");
+    }
+}
+
+TEST(SharedBlock, LosesTwentyIntegersToB120aAndNoMore) {
+    const KeepBlock keep;
+    BlockBytes expected = patterned();
+    put_runs({{4260, 20, Word::ints, 0}}, expected);
+    set_block_bytes(patterned());
+    b120a_();
+    expect_block(expected, "b120a_");
+}
+
+TEST(Tolerances, AreUnsetUntilDerived) {
+    const KeepBlock keep;
+    for (const int mode : {0, 1}) {
+        sys10_(&mode);
+        EXPECT_EQ(EQ_ask_number_tolerance(), -939.0);
+        EXPECT_EQ(EQ_ask_length_tolerance(), -939.0);
+        EXPECT_EQ(EQ_ask_length_squared_tolerance(), -939.0);
+        EXPECT_EQ(ACOM_ask_MEC(), -939.0);
+    }
+}
+
+TEST(Tolerances, AreDerivedFromScaleAndSwitch) {
+    const KeepBlock keep;
+    const struct {
+        int fine;
+        double scale, number, length, squared, wide;
+    } rows[] = {
+        {1, 1.0, 1.0e-10, 1.0e-10, 1.0e-20, 1.0e-12},
+        {-7, 1000.0, 1.0e-10, 1.0e-7, 1.0e-14, 1.0e-6},
+        {0, 25.4, 1.0e-4, 0.00254, 6.4516e-6, 645.16},
+        {0, -939.0, 1.0e-4, -0.0939, 0.00881721, 881721.0},
+        {0, 0.0, 1.0e-4, 0.0, 0.0, 0.0},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.scale);
+        set_block_bytes(patterned());
+        set_word_at(1040, row.scale);
+        set_word_at(4904, row.fine);
+        BlockBytes expected = block_bytes();
+        sys21_();
+        EXPECT_EQ(EQ_ask_number_tolerance(), row.number);
+        EXPECT_DOUBLE_EQ(EQ_ask_length_tolerance(), row.length);
+        EXPECT_DOUBLE_EQ(EQ_ask_length_squared_tolerance(), row.squared);
+        EXPECT_DOUBLE_EQ(word_at<double>(1176), row.wide);
+
+        const double length = row.number * row.scale;
+        put_at(expected, 1120, row.number);
+        put_at(expected, 1128, length);
+        put_at(expected, 1136, length * length);
+        put_at(expected, 1176, length * length * 10000.0 * 10000.0);
+        expect_block(expected, "sys21_");
+    }
+}
+
+TEST(Tolerances, ScaleValuesByPosition) {
+    const KeepBlock keep;
+    for (int i = 0; i < 16; ++i)
+        set_word_at(1120 + 8 * static_cast<std::size_t>(i), 100.0 + i);
+    double value = 0.5;
+    double result = 0.0;
+    for (int i = 0; i < 16; ++i) {
+        sys22_(&value, &i, &result);
+        EXPECT_EQ(result, (100.0 + i) * 0.5);
+    }
+    for (const int outside : {-1, 16, -2147483647 - 1, 2147483647}) {
+        sys22_(&value, &outside, &result);
+        EXPECT_EQ(result, 0.0) << outside;
+    }
+    const int wide = 7;
+    sys22_(&value, &wide, &value);
+    EXPECT_EQ(value, 53.5);
+}
+
+}  // namespace

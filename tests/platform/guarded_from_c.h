@@ -1,0 +1,26 @@
+/* Guarded calls made from C, for report_test.cpp. */
+#ifndef GUARDED_FROM_C_H
+#define GUARDED_FROM_C_H
+
+#include "syss/host.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* Raises from a C frame inside a guard; *reached counts the statements that ran, 1 in the body
+   before the report and 10 after it. */
+SYSS_outcome_t raise_guarded_in_c(SYSS_failure_t* failure, int* reached);
+
+/* Runs out of memory below two nested guards; returns what the inner one says, or -1 if the outer
+   one does not complete. */
+int run_out_of_memory_in_c(SYSS_failure_t* failure);
+
+/* Raises with a handler that leaves by a long jump; returns the code that the handler saw. */
+int leave_by_long_jump_in_c(int code);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

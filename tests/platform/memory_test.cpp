@@ -1,0 +1,183 @@
+// Memory of the platform library.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <functional>
+#include <new>
+#include <thread>
+#include <vector>
+
+#include "support/random.h"
+#include "support/reports.h"
+#include "support/session.h"
+#include "syss/host.h"
+
+namespace {
+
+using namespace ztmath_test;
+
+/// Sets the memory limit while it lives.
+class MemoryLimit {
+  public:
+    explicit MemoryLimit(std::size_t limit) : before_(SYSS_set_memory_limit(limit)) {}
+    ~MemoryLimit() { SYSS_set_memory_limit(before_); }
+    MemoryLimit(const MemoryLimit&) = delete;
+    MemoryLimit& operator=(const MemoryLimit&) = delete;
+
+  private:
+    std::size_t before_;
+};
+
+bool is_refused(const std::function<void()>& allocate) {
+    try {
+        allocate();
+        return false;
+    } catch (const std::bad_alloc&) {
+        return true;
+    }
+}
+
+bool all_bytes_are(const void* block, std::size_t length, unsigned char value) {
+    const auto* bytes = static_cast<const unsigned char*>(block);
+    return std::all_of(bytes, bytes + length, [&](unsigned char byte) { return byte == value; });
+}
+
+TEST(Memory, BlocksKnowTheirLengthAndAreCounted) {
+    const NoBlocksLeft watch;
+    const std::size_t before = SYSS_block_count();
+    void* const blocks[] = {SM_alloc(7),
+                            SM_alloc(0),
+                            SM_calloc(3, 5),
+                            SM_calloc(0, SIZE_MAX),
+                            SM_calloc_persistent(SIZE_MAX, 0),
+                            SM_calloc_persistent(2, 8),
+                            SM_realloc(nullptr, 9)};
+    const std::size_t lengths[] = {7, 0, 15, 0, 0, 16, 9};
+    for (std::size_t i = 0; i < std::size(blocks); ++i) {
+        ASSERT_NE(blocks[i], nullptr);
+        EXPECT_EQ(SM_length(blocks[i]), lengths[i]);
+        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(blocks[i]) % alignof(std::max_align_t), 0U);
+    }
+    EXPECT_EQ(SYSS_block_count(), before + std::size(blocks));
+    for (void* block : blocks)
+        SM_free(block);
+    SM_free(nullptr);
+    EXPECT_EQ(SM_length(nullptr), 0U);
+}
+
+TEST(Memory, ClearedBlocksAreClearedWhereDirtyOnesLay) {
+    const NoBlocksLeft watch;
+    constexpr std::size_t length = 4000;
+    for (const auto allocate : {&SM_calloc, &SM_calloc_persistent}) {
+        void* dirty = SM_alloc(length);
+        std::memset(dirty, 0xEE, length);
+        SM_free(dirty);
+        void* block = allocate(length / 8, 8);
+        EXPECT_TRUE(all_bytes_are(block, length, 0));
+        SM_free(block);
+    }
+}
+
+TEST(Memory, ResizingKeepsContentsUpToTheSmallerLength) {
+    const NoBlocksLeft watch;
+    Random random;
+    std::vector<unsigned char> mirror;
+    void* block = SM_alloc(0);
+    for (int round = 0; round < rounds(2000); ++round) {
+        const auto length = static_cast<std::size_t>(
+            random.integer(0, 3) == 0 ? random.integer(0, 20000) : random.integer(0, 300));
+        const std::size_t kept = std::min(mirror.size(), length);
+        block = SM_realloc(block, length);
+        ASSERT_EQ(SM_length(block), length);
+        ASSERT_EQ(std::memcmp(block, mirror.data(), kept), 0);
+        mirror.resize(length);
+        std::generate(mirror.begin(), mirror.end(),
+                      [&] { return static_cast<unsigned char>(random.integer(0, 255)); });
+        std::copy(mirror.begin(), mirror.end(), static_cast<unsigned char*>(block));
+    }
+    SM_free(block);
+}
+
+TEST(Memory, AppendingOneByOneMovesABlockSeldom) {
+    const NoBlocksLeft watch;
+    constexpr std::size_t steps = 4000;
+    std::vector<void*> in_the_way;  // the block cannot grow where it is
+    void* block = SM_alloc(8);
+    int moves = 0;
+    for (std::size_t n = 2; n <= steps; ++n) {
+        in_the_way.push_back(SM_alloc(8));
+        void* grown = SM_realloc(block, 8 * n);
+        moves += grown != block;
+        block = grown;
+        ASSERT_EQ(SM_length(block), 8 * n) << "the slack shows";
+    }
+    EXPECT_LT(moves, 40);
+    SM_free(block);
+    for (void* other : in_the_way)
+        SM_free(other);
+}
+
+TEST(Memory, SizesBeyondAllMemoryAreRefusedAndLeaveTheBlock) {
+    const NoBlocksLeft watch;
+    const ReportRecorder quiet;
+    void* block = SM_calloc(1, 5);
+    const std::function<void()> refused[] = {
+        [] { SM_alloc(SIZE_MAX); },           [] { SM_alloc(SIZE_MAX - 8); },
+        [] { SM_alloc(SIZE_MAX / 2 + 1); },   [] { SM_calloc(SIZE_MAX / 2 + 1, 2); },
+        [] { SM_calloc(3, SIZE_MAX / 2); },   [] { SM_calloc_persistent(SIZE_MAX / 4 + 1, 4); },
+        [&] { SM_realloc(block, SIZE_MAX); }, [&] { SM_realloc(block, SIZE_MAX / 2 + 1); },
+    };
+    for (const auto& allocate : refused)
+        EXPECT_TRUE(is_refused(allocate)) << "case " << &allocate - refused;
+    EXPECT_EQ(SM_length(block), 5U);
+    EXPECT_TRUE(all_bytes_are(block, 5, 0));
+    EXPECT_EQ(quiet.reports().size(), std::size(refused));
+    SM_free(block);
+}
+
+TEST(Memory, TheLimitCountsTheLengthsOfAllBlocks) {
+    const NoBlocksLeft watch;
+    const ReportRecorder quiet;
+    ASSERT_EQ(SYSS_block_count(), 0U);
+    const MemoryLimit limit(100);
+    void* first = SM_alloc(60);
+    EXPECT_TRUE(is_refused([] { SM_alloc(41); }));
+    void* second = SM_alloc(40);
+    EXPECT_TRUE(is_refused([&] { SM_realloc(first, 61); }));
+    EXPECT_EQ(SM_length(first), 60U);
+
+    second = SM_realloc(second, 10);  // what a shrunk block gives back can be had
+    first = SM_realloc(first, 90);
+    EXPECT_TRUE(is_refused([&] { SM_realloc(second, 11); }));
+    SM_free(second);
+    first = SM_realloc(first, 100);
+    EXPECT_TRUE(is_refused([] { SM_calloc(1, 1); }));
+    SM_free(SM_alloc(0));
+
+    EXPECT_EQ(SYSS_set_memory_limit(50), 100U);  // below what is out: nothing more, but shrinking
+    EXPECT_TRUE(is_refused([] { SM_alloc(0); }));
+    first = SM_realloc(first, 30);
+    SM_free(SM_alloc(20));
+    SM_free(first);
+}
+
+TEST(Memory, ThreadsShareTheBooks) {
+    const NoBlocksLeft watch;
+    ASSERT_EQ(SYSS_block_count(), 0U);
+    const auto work = [] {
+        for (std::size_t i = 0; i < 2000; ++i)
+            SM_free(SM_realloc(SM_alloc(i % 97), i % 89));
+    };
+    {
+        std::vector<std::jthread> threads;
+        for (int i = 0; i < 4; ++i)
+            threads.emplace_back(work);
+    }
+    const MemoryLimit limit(10);
+    SM_free(SM_alloc(10));  // would be refused if a byte were left in the books
+}
+
+}  // namespace

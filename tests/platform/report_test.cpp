@@ -1,0 +1,192 @@
+// Reports and guarded calls of the platform library.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <new>
+#include <stdexcept>
+#include <string>
+#include <thread>
+
+#include "platform/guarded_from_c.h"
+#include "support/reports.h"
+#include "support/session.h"
+#include "syss/host.h"
+
+namespace {
+
+using namespace ztmath_test;
+
+void call_body(void* data) {
+    (*static_cast<const std::function<void()>*>(data))();
+}
+
+SYSS_outcome_t guarded(std::function<void()> body, SYSS_failure_t* failure = nullptr) {
+    return SYSS_call_guarded(call_body, &body, failure);
+}
+
+std::string standard_error_of(const std::function<void()>& act) {
+    testing::internal::CaptureStderr();
+    act();
+    return testing::internal::GetCapturedStderr();
+}
+
+void report_one_of_each() {
+    ERROR_raise("m", 1, 17, "100% raised");
+    ERROR_internal("m", 2, "internal %d", 5);
+    ERROR_note("m", 3, "note %s %.2f", "of", 0.125);
+    ERROR_lprintf("log %d\n", 7);
+}
+
+TEST(Reports, ReachTheHandlerWithAllTheySay) {
+    ReportRecorder recorder;
+    report_one_of_each();
+    EXPECT_EQ(recorder.lines(), (std::vector<int>{1, 2, 3, 0}));
+    EXPECT_EQ(recorder.take(), (Reports{raised("m", 17, "100% raised"), internal("m", "internal 5"),
+                                        note("m", "note of 0.12"), log_line("log 7\n")}));
+
+    const std::string long_text(3000, 'x');
+    ERROR_raise("m", 1, 1, long_text.c_str());
+    ERROR_note("m", 1, "%s", long_text.c_str());
+    EXPECT_EQ(recorder.take(),
+              (Reports{raised("m", 1, long_text), note("m", std::string(1023, 'x'))}));
+}
+
+TEST(Reports, HandlersReplaceOneAnother) {
+    const ReportRecorder outer;
+    {
+        const ReportRecorder inner;
+        ERROR_lprintf("inner");
+        EXPECT_EQ(inner.reports(), Reports{log_line("inner")});
+    }
+    ERROR_lprintf("outer");
+    EXPECT_EQ(outer.reports(), Reports{log_line("outer")});
+}
+
+TEST(Reports, GoToStandardErrorWithoutAHandler) {
+    const std::string all_but_raised =
+        "internal error in m (2): internal 5\n"
+        "note from m (3): note of 0.12\n"
+        "log 7\n";
+    EXPECT_EQ(standard_error_of(report_one_of_each),
+              "error 17 in m (1): 100% raised\n" + all_but_raised);
+    EXPECT_EQ(standard_error_of([] {
+                  guarded([] {
+                      ERROR_internal("m", 2, "internal 5");
+                      ERROR_raise("m", 1, 17, "goes to the guard");
+                  });
+              }),
+              "internal error in m (2): internal 5\n");
+}
+
+TEST(Guard, TurnsARaisedReportIntoAResult) {
+    ReportRecorder recorder;
+    SYSS_failure_t failure{};
+    bool went_on = false;
+    EXPECT_EQ(guarded(
+                  [&] {
+                      report_one_of_each();
+                      went_on = true;
+                  },
+                  &failure),
+              SYSS_RAISED);
+    EXPECT_FALSE(went_on);
+    EXPECT_EQ(failure.code, 17);
+    EXPECT_EQ(failure.line, 1);
+    EXPECT_STREQ(failure.module, "m");
+    EXPECT_STREQ(failure.message, "100% raised");
+    EXPECT_EQ(recorder.take(), Reports{raised("m", 17, "100% raised")})
+        << "the handler comes first";
+    EXPECT_EQ(guarded([] { ERROR_raise("m", 1, 2, "no record wanted"); }), SYSS_RAISED);
+
+    const std::string long_text(1000, 'y');
+    guarded([&] { ERROR_raise(long_text.c_str(), 1, 2, long_text.c_str()); }, &failure);
+    EXPECT_EQ(failure.module, std::string(63, 'y'));
+    EXPECT_EQ(failure.message, std::string(511, 'y'));
+}
+
+TEST(Guard, LetsOtherReportsAndCompletedCallsGoOn) {
+    const ReportRecorder recorder;
+    SYSS_failure_t failure{5, 6, "before", "before"};
+    EXPECT_EQ(guarded(
+                  [] {
+                      ERROR_internal("m", 1, "one");
+                      ERROR_note("m", 2, "two");
+                      ERROR_lprintf("three");
+                  },
+                  &failure),
+              SYSS_COMPLETED);
+    EXPECT_EQ(recorder.reports(),
+              (Reports{internal("m", "one"), note("m", "two"), log_line("three")}));
+    EXPECT_EQ(failure.code, 5);
+    EXPECT_STREQ(failure.message, "before");
+}
+
+TEST(Guard, NestsAndEndsWithItsCall) {
+    const ReportRecorder recorder;
+    SYSS_failure_t inner{};
+    SYSS_failure_t outer{};
+    EXPECT_EQ(guarded(
+                  [&] {
+                      EXPECT_EQ(guarded([] { ERROR_raise("m", 1, 1, "inner"); }, &inner),
+                                SYSS_RAISED);
+                      ERROR_raise("m", 2, 2, "outer");
+                  },
+                  &outer),
+              SYSS_RAISED);
+    EXPECT_STREQ(inner.message, "inner");
+    EXPECT_STREQ(outer.message, "outer");
+
+    EXPECT_EQ(guarded([] { std::jthread([] { ERROR_raise("m", 3, 3, "another thread"); }); }),
+              SYSS_COMPLETED)
+        << "a guard is its thread's own";
+    ERROR_raise("m", 4, 4, "returns");
+    EXPECT_EQ(recorder.reports().size(), 4U);
+}
+
+TEST(Guard, LetsTheHostsExceptionsThrough) {
+    const std::function<void()> throwing[] = {
+        [] { ERROR_raise("m", 1, 1, "x"); }, [] { ERROR_internal("m", 1, "x"); },
+        [] { ERROR_note("m", 1, "x"); },     [] { ERROR_lprintf("x"); },
+        [] { SM_alloc(SIZE_MAX); },
+    };
+    {
+        const ReportRecorder recorder([](const Report&) { throw std::runtime_error("mine"); });
+        for (const auto& act : throwing)
+            EXPECT_THROW(guarded(act), std::runtime_error) << "case " << &act - throwing;
+    }
+    const ReportRecorder recorder;
+    ERROR_raise("m", 1, 1, "no guard is left behind");
+    EXPECT_EQ(recorder.reports().size(), 1U);
+}
+
+TEST(OutOfMemory, UnwindsWithAndWithoutAGuard) {
+    const ReportRecorder recorder;
+    EXPECT_THROW(SM_alloc(SIZE_MAX), std::bad_alloc);
+    ASSERT_EQ(recorder.reports().size(), 1U);
+    EXPECT_EQ(recorder.reports()[0],
+              raised("libsyss", 0, "Out of memory: 18446744073709551615 bytes cannot be had"));
+
+    SYSS_failure_t failure{5, 0, {}, {}};
+    EXPECT_EQ(guarded([] { SM_calloc(2, SIZE_MAX / 4); }, &failure), SYSS_OUT_OF_MEMORY);
+    EXPECT_EQ(failure.code, 0);
+    EXPECT_EQ(failure.line, recorder.lines()[1]);
+    EXPECT_EQ(failure.message, recorder.reports()[1].text);
+    EXPECT_STREQ(failure.module, "libsyss");
+    EXPECT_EQ(guarded([] { throw std::bad_alloc(); }, &failure), SYSS_OUT_OF_MEMORY);
+    EXPECT_STREQ(failure.message, "Out of memory");
+}
+
+TEST(Guard, ServesCallersInC) {
+    const ReportRecorder recorder;
+    SYSS_failure_t failure{};
+    int reached = 0;
+    EXPECT_EQ(raise_guarded_in_c(&failure, &reached), SYSS_RAISED);
+    EXPECT_EQ(reached, 1);
+    EXPECT_EQ(failure.code, 17);
+    EXPECT_STREQ(failure.message, "raised in C");
+    EXPECT_EQ(run_out_of_memory_in_c(&failure), SYSS_OUT_OF_MEMORY);
+    EXPECT_STREQ(failure.module, "libsyss");
+    EXPECT_EQ(leave_by_long_jump_in_c(99), 99);
+}
+
+}  // namespace

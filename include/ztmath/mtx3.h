@@ -76,8 +76,9 @@ ZTMATH_API void MTX3_rot_about_axis(double angle, const double axis[3], double r
 ZTMATH_API void MTX3_init_roll_pitch_yaw(double roll, double pitch, double yaw, double matrix[9]);
 
 /*
- * Reads roll, pitch and yaw of a rotation. Angles within 1.0e-10 of a multiple of a right angle
- * come out as that multiple. At a pitch of +-pi/2, within 1.0e-10, yaw is 0.
+ * Reads roll, pitch and yaw of a rotation. An angle whose sine or cosine is beyond 0.9999999999,
+ * that is, within 1.4e-5 of a multiple of a right angle, comes out as that multiple. At a pitch
+ * within 1.0e-10 of +-pi/2, yaw is 0.
  *
  * roll, yaw  out: in (-pi, pi]
  * pitch      out: in [-pi/2, pi/2]
@@ -87,7 +88,9 @@ ZTMATH_API void MTX3_ask_roll_pitch_yaw(const double m[9], double *roll, double 
 
 /*
  * Finds every triple of roll, pitch and yaw that gives back a rotation within 1.0e-10 in each
- * element: two of them, more where pitch is +-pi/2, none for a matrix that is no rotation.
+ * element: two of them, sometimes one or more than two where pitch is +-pi/2, none for a matrix
+ * that is no rotation. A triple with a roll or yaw within some 1e-6 of +-pi/2, but not exactly
+ * there, may be missing: the arc sine does not give such an angle closely enough.
  *
  * count    out: the number of triples
  * triples  out: the triples one after the other; room for 8 of them (24)

@@ -36,6 +36,7 @@ bool is_ortho_normal(const Mat3& m) {
            are_perpendicular(m.y, m.z) && are_perpendicular(m.z, m.x);
 }
 
+/// Kept as it stands: matrices that agree within any tolerance differ if only one is orthonormal.
 bool is_equal(const Mat3& a, const Mat3& b, double tolerance) {
     return is_close(a.x, b.x, tolerance) && is_close(a.y, b.y, tolerance) &&
            is_close(a.z, b.z, tolerance) && is_ortho_normal(a) == is_ortho_normal(b);

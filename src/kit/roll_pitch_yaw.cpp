@@ -20,6 +20,7 @@ constexpr double pi = std::numbers::pi;
 /// A sine or cosine beyond this stands for a right angle.
 constexpr double near_one = 0.9999999999;
 
+/// Kept as it stands: 0 counts as negative, and so a null pair as the direction (-1, 0).
 double sign_of(double value) {
     return value > 0.0 ? 1.0 : -1.0;
 }

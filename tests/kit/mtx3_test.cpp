@@ -1,0 +1,376 @@
+// Rotation matrices and frames.
+#include "ztmath/mtx3.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "support/random.h"
+#include "support/reports.h"
+#include "support/rotation.h"
+#include "support/session.h"
+#include "ztmath/vec3.h"
+
+namespace {
+
+using namespace ztmath_test;
+
+constexpr double nan_value = std::numeric_limits<double>::quiet_NaN();
+constexpr Matrix untouched = {7, 7, 7, 7, 7, 7, 7, 7, 7};
+
+double up(double x) {
+    return std::nextafter(x, HUGE_VAL);
+}
+
+Vector row(const Matrix& m, std::size_t i) {
+    return {m[3 * i], m[3 * i + 1], m[3 * i + 2]};
+}
+
+Vector scaled(const Vector& v, double s) {
+    return {v[0] * s, v[1] * s, v[2] * s};
+}
+
+double dot(const Vector& a, const Vector& b) {
+    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
+}
+
+Vector cross(const Vector& a, const Vector& b) {
+    return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
+}
+
+Vector unit_of(const Vector& v) {
+    return scaled(v, 1 / std::sqrt(dot(v, v)));
+}
+
+/// Calls a builder; what it leaves alone keeps the value of `untouched`.
+template <class Build>
+Matrix built(Build build, int expected = 1) {
+    Matrix m = untouched;
+    EXPECT_EQ(build(m.data()), expected);
+    EXPECT_EQ(m == untouched, expected == 0) << "a builder that fails leaves its output";
+    return m;
+}
+
+TEST(Mtx3Frames, KeepTheDirectionsTheyAreBuiltFrom) {
+    const CheckingLevel on(1);
+    const ReportRecorder recorder;
+    Random random;
+    for (int round = 0; round < rounds(3000); ++round) {
+        const Matrix r = random_rotation(random);
+        const double size = std::exp(random.uniform(-15, 15));
+        const Vector x = scaled(row(r, 0), size);
+        const Vector y = scaled(row(r, 1), 3 / size);
+        const Vector z = scaled(row(r, 2), 2);
+        const Vector minus_z = scaled(z, -1);
+
+        const Matrix of_x_y = built([&](double* m) { return MTX3_init(x.data(), y.data(), m); });
+        const Matrix of_y_z =
+            built([&](double* m) { return MTX3_init_y_z(y.data(), z.data(), m); });
+        const Matrix of_all = built(
+            [&](double* m) { return MTX3_init_x_y_z(x.data(), y.data(), minus_z.data(), m); });
+        const Matrix of_x = built([&](double* m) { return MTX3_init_x(x.data(), m); });
+        const Matrix of_z = built([&](double* m) { return MTX3_init_z(z.data(), m); });
+        for (const Matrix* m : {&of_x_y, &of_y_z, &of_all, &of_x, &of_z}) {
+            ASSERT_LT(rotation_defect(*m), 2.0e-15);
+            ASSERT_EQ(MTX3_is_ortho_normal(m->data()), 1);
+        }
+        ASSERT_LT(distance(of_x_y, r), 1.0e-15);
+        ASSERT_LT(distance(of_y_z, r), 1.0e-15);
+        ASSERT_EQ(of_all, of_x_y) << "z is tested and not used, whichever way it points";
+        ASSERT_EQ(row(of_x, 0), row(of_x_y, 0));
+        ASSERT_EQ(row(of_z, 2), row(of_y_z, 2));
+
+        const Vector unit_x = row(of_x, 0);
+        Vector across;
+        VEC3_ask_perpendicular(unit_x.data(), across.data());
+        ASSERT_LT(distance(row(of_x, 1), unit_of(across)), 1.0e-15);
+    }
+    EXPECT_EQ(recorder.reports(), Reports{});
+}
+
+TEST(Mtx3Frames, AcceptDirectionsThatArePerpendicularWithinTheTolerance) {
+    const Vector x = {1, 0, 0};
+    const Vector z = {0, 0, 1};
+    const Vector null = {0, 1.0e-10, 0};
+    const struct {
+        Vector y;
+        int accepted;
+    } rows[] = {{{1.0e-10, 1, 0}, 1},
+                {{up(1.0e-10), 1, 0}, 0},
+                {{-1.0e-10, 1, 0}, 1},
+                {{-up(1.0e-10), 1, 0}, 0},
+                {{1, 1, 0}, 0},
+                {{0, up(1.0e-10), 0}, 1},
+                {null, 0}};
+    for (const auto& [y, accepted] : rows) {
+        const auto test = [&](const Vector& a, const Vector& b, auto build) {
+            built([&](double* m) { return build(a.data(), b.data(), m); }, accepted);
+        };
+        test(x, y, MTX3_init);
+        test(y, x, MTX3_init);
+        test(x, y, MTX3_init_y_z);
+        test(y, x, MTX3_init_y_z);
+        for (int turn = 0; turn < 3; ++turn) {
+            const Vector* const three[] = {&x, &y, &z};
+            built(
+                [&](double* m) {
+                    return MTX3_init_x_y_z(three[turn]->data(), three[(turn + 1) % 3]->data(),
+                                           three[(turn + 2) % 3]->data(), m);
+                },
+                accepted);
+        }
+        test(x, y, [](const double* a, const double* b, double* m) {
+            double frame[4];
+            const int done = MTX2_init(a, b, frame);
+            if (done) std::copy_n(frame, 4, m);
+            return done;
+        });
+    }
+    built([&](double* m) { return MTX3_init_x(null.data(), m); }, 0);
+    built([&](double* m) { return MTX3_init_z(null.data(), m); }, 0);
+
+    const Vector tilted = {1.0e-11, 1, 0};
+    EXPECT_EQ(built([&](double* m) { return MTX3_init(x.data(), tilted.data(), m); }), identity)
+        << "Y is rebuilt";
+}
+
+/// A unit vector (0, y, z) whose squared length is exactly 1.
+Vector exact_unit(double y) {
+    double z = std::sqrt(1 - y * y);
+    for (int i = 0; i < 8 && y * y + z * z != 1.0; ++i)
+        z = std::nextafter(z, y * y + z * z < 1.0 ? 2.0 : 0.0);
+    EXPECT_EQ(y * y + z * z, 1.0);
+    return {0, y, z};
+}
+
+TEST(Mtx3Frames, OfZChooseXByTheSteepnessOfZ) {
+    const auto x_of = [](const Vector& z) {
+        return row(built([&](double* m) { return MTX3_init_z(z.data(), m); }), 0);
+    };
+    const Vector flat = exact_unit(0.9);
+    const Vector steep = exact_unit(up(0.9));
+    EXPECT_EQ(x_of(flat), (Vector{1, 0, 0})) << "along the absolute Y axis crossed with Z";
+    EXPECT_LT(distance(x_of(steep), {0, steep[2], -steep[1]}), 1.0e-15) << "Z crossed with X";
+    EXPECT_EQ(x_of(scaled(flat, -4)), (Vector{-1, 0, 0}));
+    EXPECT_EQ(x_of({0, 1, 0}), (Vector{0, 0, -1}));
+    EXPECT_EQ(x_of({0, -1, 0}), (Vector{0, 0, 1}));
+}
+
+TEST(Mtx3Frames, WithoutChecksAreTakenAsTheyStand) {
+    Matrix m;
+    const Vector x = {1, 2, 3};
+    const Vector y = {4, 5, 7};
+    MTX3_init_no_check(x.data(), y.data(), m.data());
+    EXPECT_EQ(m, (Matrix{1, 2, 3, 4, 5, 7, -1, 5, -3}));
+}
+
+TEST(Mtx2Init, TakesEitherHandedness) {
+    const double x[2] = {0, 2};
+    const double y[2] = {3, 0};
+    double m[4];
+    EXPECT_EQ(MTX2_init(x, y, m), 1);
+    EXPECT_EQ(m[0], 0);
+    EXPECT_EQ(m[1], 1);
+    EXPECT_EQ(m[2], 1);
+    EXPECT_EQ(m[3], 0);
+}
+
+TEST(Mtx3RotAboutAxis, TurnsColumnVectorsCounterClockwise) {
+    Random random;
+    for (int round = 0; round < rounds(3000); ++round) {
+        const Vector axis = random.vector();
+        const double angle = random.uniform(-10, 10);
+        Matrix r;
+        Matrix back;
+        MTX3_rot_about_axis(angle, axis.data(), r.data());
+        MTX3_rot_about_axis(-angle, axis.data(), back.data());
+        ASSERT_LT(rotation_defect(r), 3.0e-15);
+        ASSERT_LT(distance(back, transposed(r)), 1.0e-15);
+
+        const Vector a = unit_of(axis);
+        const Vector v = unit_of(cross(a, random.vector()));
+        const Vector w = cross(a, v);
+        const auto turned = [&](const Vector& p) {
+            return Vector{dot(row(r, 0), p), dot(row(r, 1), p), dot(row(r, 2), p)};
+        };
+        ASSERT_LT(distance(turned(a), a), 2.0e-15);
+        ASSERT_NEAR(dot(turned(v), v), std::cos(angle), 2.0e-15);
+        ASSERT_NEAR(dot(turned(v), w), std::sin(angle), 2.0e-15);
+    }
+    const Vector null = {0, 0, 1.0e-10};
+    for (const double angle : {1.0, -HUGE_VAL, nan_value}) {
+        Matrix r = untouched;
+        MTX3_rot_about_axis(angle, null.data(), r.data());
+        EXPECT_EQ(r, identity);
+    }
+}
+
+TEST(Mtx3, AssertsThatWhatItBuildsIsOrthonormal) {
+    const double z[3] = {0, 0, 1};
+    const double x[3] = {1, 0, 0};
+    const double bad[3] = {0, nan_value, 0};
+    for (const int level : {0, 1}) {
+        const CheckingLevel checking(level);
+        const ReportRecorder recorder;
+        Matrix m;
+        MTX3_rot_about_axis(HUGE_VAL, z, m.data());
+        MTX3_init(x, bad, m.data());
+        MTX3_init_y_z(bad, x, m.data());
+        MTX3_init_roll_pitch_yaw(nan_value, 0, 0, m.data());
+        const Report not_finite = assertion("vec3", "VEC3_is_finite (u)");
+        const Report not_normal = assertion("mtx3", "MTX3_is_ortho_normal (r)");
+        const Reports expected = {not_normal, not_finite,
+                                  not_finite, not_normal,
+                                  not_finite, not_finite,
+                                  not_normal, assertion("mtx3", "MTX3_is_ortho_normal (rot_mat)")};
+        EXPECT_EQ(recorder.reports(), level > 0 ? expected : Reports{});
+    }
+}
+
+TEST(Mtx3IsOrthoNormal, HasAFixedToleranceOnRowsAndPairs) {
+    for (std::size_t i = 0; i < 3; ++i) {
+        for (const double off : {4.9e-15, -4.9e-15, 5.1e-15, -5.1e-15}) {
+            Matrix m = identity;
+            m[4 * i] += off;  // the square is off by twice that
+            EXPECT_EQ(MTX3_is_ortho_normal(m.data()), std::fabs(off) < 5.0e-15) << i << ' ' << off;
+        }
+        for (const std::size_t j : {(i + 1) % 3, (i + 2) % 3})
+            for (const double off : {1.0e-14, -1.0e-14, up(1.0e-14), -up(1.0e-14)}) {
+                Matrix m = identity;
+                m[3 * i + j] = off;
+                EXPECT_EQ(MTX3_is_ortho_normal(m.data()), std::fabs(off) == 1.0e-14);
+            }
+    }
+    const Matrix left_handed = {1, 0, 0, 0, 1, 0, 0, 0, -1};
+    EXPECT_EQ(MTX3_is_ortho_normal(left_handed.data()), 1);
+}
+
+TEST(Mtx3IsEqual, ComparesElementsAndOrthonormality) {
+    for (std::size_t i = 0; i < 9; ++i) {
+        Matrix a{};  // not orthonormal, as the others below
+        Matrix b{};
+        b[i] = -0.5;
+        EXPECT_EQ(MTX3_is_equal(a.data(), b.data(), 0.5), 1);
+        EXPECT_EQ(MTX3_is_equal(a.data(), b.data(), std::nextafter(0.5, 0)), 0);
+        b[i] = nan_value;
+        EXPECT_EQ(MTX3_is_equal(a.data(), b.data(), HUGE_VAL), 0);
+    }
+    Matrix drifted = identity;
+    drifted[4] = 1 + 1.0e-13;
+    EXPECT_EQ(MTX3_is_equal(drifted.data(), identity.data(), 1), 0);
+    EXPECT_EQ(MTX3_is_identity(drifted.data(), 1), 0);
+    EXPECT_EQ(MTX3_is_equal(drifted.data(), drifted.data(), 0), 1);
+    Matrix turned;
+    MTX3_init_roll_pitch_yaw(0, 0, 1.0e-3, turned.data());
+    EXPECT_EQ(MTX3_is_identity(turned.data(), 1.1e-3), 1);
+    EXPECT_EQ(MTX3_is_identity(turned.data(), 0.9e-3), 0);
+    EXPECT_EQ(MTX3_is_identity(identity.data(), 0), 1);
+}
+
+TEST(Mtx3Multiply, CarriesTheRowsOfTheSecondThroughTheFirst) {
+    Random random;
+    for (int round = 0; round < rounds(3000); ++round) {
+        const Matrix a = random_rotation(random);
+        const Matrix b = random_rotation(random);
+        Matrix r;
+        Matrix back;
+        MTX3_multiply(a.data(), b.data(), r.data());
+        ASSERT_LT(distance(r, product(b, a)), 1.0e-14);
+        ASSERT_EQ(MTX3_is_ortho_normal(r.data()), 1);
+        MTX3_multiply_t(a.data(), r.data(), back.data());
+        ASSERT_LT(distance(back, b), 1.0e-14);
+
+        Matrix any = a;
+        any[static_cast<std::size_t>(random.integer(0, 8))] += 1;
+        EXPECT_EQ(MTX3_multiply(any.data(), b.data(), r.data()), 0);
+        ASSERT_LT(distance(r, product(b, any)), 1.0e-14);
+        EXPECT_EQ(MTX3_multiply_t(a.data(), any.data(), r.data()), 0);
+        ASSERT_LT(distance(r, product(any, transposed(a))), 1.0e-14);
+    }
+    // Two matrices that pass as orthonormal make one that does not, and it is repaired.
+    const double s = 1 + 4.0e-15;
+    const Matrix stretched = {s, 0, 0, 0, s, 0, 0, 0, s};
+    for (const auto multiply : {MTX3_multiply, MTX3_multiply_t}) {
+        Matrix r = stretched;
+        EXPECT_EQ(multiply(r.data(), r.data(), r.data()), 1);
+        EXPECT_EQ(r, identity);
+        EXPECT_EQ(multiply(r.data(), r.data(), r.data()), 0);
+    }
+}
+
+/// Whether all cosines and sines of roll, pitch and yaw are far from 0, so that the repair is well
+/// conditioned.
+bool is_in_general_position(const Matrix& m) {
+    for (const std::size_t i : {0, 3, 6, 7, 8})
+        if (std::fabs(m[i]) < 0.05) return false;
+    return true;
+}
+
+TEST(Mtx3OrthoNormalize, BringsADriftedRotationBack) {
+    Random random;
+    int changed = 0;
+    for (int round = 0; round < rounds(5000); ++round) {
+        const Matrix r = random_rotation(random);
+        if (!is_in_general_position(r)) continue;
+        const double drift = std::pow(10, random.uniform(-16, -2));
+        Matrix m = r;
+        for (double& element : m)
+            element += drift * random.uniform(-1, 1);
+        const int was_normal = MTX3_is_ortho_normal(m.data());
+        const Matrix before = m;
+        ASSERT_EQ(MTX3_ortho_normalize(m.data()), !was_normal);
+        ASSERT_EQ(m == before, was_normal == 1);
+        changed += !was_normal;
+        ASSERT_EQ(MTX3_is_ortho_normal(m.data()), 1);
+        ASSERT_LT(rotation_defect(m), 3.0e-14);
+        ASSERT_LT(distance(m, r), 1.0e-15 + 60 * drift) << "drift " << drift;
+    }
+    EXPECT_GT(changed, 1000);
+}
+
+TEST(Mtx3OrthoNormalize, KeepsXAndZThatArePerpendicular) {
+    Matrix m = {2, 0, 0, 5, 6, 7, 0, 0, 0.5};
+    EXPECT_EQ(MTX3_ortho_normalize(m.data()), 1);
+    EXPECT_EQ(m, identity);
+    m = {0, 1.0e-13, 0, 9, 9, 9, 0, 0, 1.0e6};  // X is short and still counts
+    EXPECT_EQ(MTX3_ortho_normalize(m.data()), 1);
+    EXPECT_EQ(m, (Matrix{0, 1, 0, -1, 0, 0, 0, 0, 1}));
+}
+
+TEST(Mtx3OrthoNormalize, SnapsRowsToTheAxes) {
+    const double small = 0.9e-10;
+    Matrix m = {1 + small, small, 1.0e-3, small, 1 - small, small, 1.0e-3, -small, 1 - 1.0e-6};
+    EXPECT_EQ(MTX3_ortho_normalize(m.data()), 1);
+    EXPECT_EQ(row(m, 0), (Vector{1, 0, 0})) << "what follows an element snapped to 1 becomes 0";
+    EXPECT_EQ(MTX3_is_ortho_normal(m.data()), 1);
+}
+
+TEST(Mtx3OrthoNormalize, EndsOnEveryInput) {
+    const Matrix hopeless[] = {
+        {nan_value, 0, 0, 0, 1, 0, 0, 0, 1},
+        {1.0e200, 1, 0, 0, 1, 0, 0, 0, 1.0e200},
+        {1.0e-12, 0, 0, 0, 1, 0, 0, 0, 1.0e-12},  // neither path makes a frame of this
+        {1.0e-8, 0, 0, 0, 1, 0, 1.0e-8, 0, 0},
+    };
+    for (const Matrix& start : hopeless) {
+        Matrix m = start;
+        EXPECT_EQ(MTX3_ortho_normalize(m.data()), 1) << "case " << &start - hopeless;
+        EXPECT_EQ(MTX3_is_ortho_normal(m.data()), 0) << "case " << &start - hopeless;
+    }
+    for (Matrix m : {Matrix{}, Matrix{HUGE_VAL, 0, 0, 0, 1, 0, 0, 0, 1}}) {
+        EXPECT_EQ(MTX3_ortho_normalize(m.data()), 1);
+        EXPECT_LT(rotation_defect(m), 1.0e-15) << "a matrix of nothing becomes a rotation too";
+    }
+
+    Random random;
+    for (int round = 0; round < rounds(3000); ++round) {
+        Matrix m;
+        for (double& element : m)
+            element = random.normal() * std::pow(10, random.uniform(-25, 25));
+        MTX3_ortho_normalize(m.data());
+    }
+}
+
+}  // namespace

@@ -9,7 +9,7 @@
 #include <cmath>
 
 #include "frame/report.h"
-#include "solve/lanes.h"
+#include "frame/lanes.h"
 
 namespace ztmath {
 

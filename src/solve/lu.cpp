@@ -6,136 +6,103 @@
 #include "solve/lu.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
+#include "frame/lanes.h"
+#include "frame/pair.h"
 #include "frame/work_array.h"
-#include "solve/lanes.h"
+#include "kit/lu_steps.h"
 #include "ztmath/solve.h"
 
 namespace ztmath {
 
 namespace {
 
-/// Columns that are decomposed together before the rest of the matrix is touched.
-constexpr int panel_width = 32;
+/// Columns that are decomposed together before those right of them are touched: wide panels within
+/// the matrix, narrow ones within a wide one.
+constexpr int wide_panel = 32;
+constexpr int narrow_panel = 8;
 
 /// The block of the matrix that is updated in registers.
 constexpr int tile_rows = 4;
-constexpr int tile_columns = 8;
-
-constexpr double tiny_pivot = 1e-20;
+constexpr int tile_pairs = 2;
 
 /// A run of indices, the end left out.
 struct Range {
     int begin, end;
 };
 
-double largest_magnitude(const double* row, int n) {
-    double largest = 0.0;
-    for (int j = 0; j < n; ++j)
-        if (std::fabs(row[j]) > largest) largest = std::fabs(row[j]);
-    return largest;
+/// Reduces columns of row i by other rows, whose columns are decomposed.
+void reduce_row(double* const* a, int i, Range by, Range columns) {
+    for (int k = by.begin; k < by.end; ++k)
+        subtract_scaled(a[i] + columns.begin, a[i][k], a[k] + columns.begin,
+                        columns.end - columns.begin);
 }
 
-/// Writes the reciprocal of each row's largest magnitude; false if a row has none.
-bool find_scales(const double* const* a, int n, double* scales) {
-    for (int i = 0; i < n; ++i) {
-        const double largest = largest_magnitude(a[i], n);
-        if (largest == 0.0) return false;
-        scales[i] = 1.0 / largest;
-    }
-    return true;
-}
-
-/// The row whose scaled element in column j is largest; the last one of equals.
-int best_pivot_row(const double* const* a, int n, int j, const double* scales) {
-    int best = j;
-    double best_merit = 0.0;
-    for (int i = j; i < n; ++i) {
-        const double merit = scales[i] * std::fabs(a[i][j]);
-        if (merit >= best_merit) {
-            best_merit = merit;
-            best = i;
-        }
-    }
-    return best;
-}
-
-/// What a decomposition keeps between columns.
-struct Pivoting {
-    double* scales;
-    int* exchanges;
-    double sign;
-};
-
-void exchange_pivot_row(double** a, int n, int j, Pivoting& pivoting) {
-    const int best = best_pivot_row(a, n, j, pivoting.scales);
-    if (best != j) {
-        std::swap_ranges(a[j], a[j] + n, a[best]);
-        pivoting.sign = -pivoting.sign;
-        pivoting.scales[best] = pivoting.scales[j];
-    }
-    pivoting.exchanges[j] = best;
-}
-
-/// Decomposes the columns of a panel, over all rows from its diagonal down.
-void decompose_panel(double** a, int n, Range panel, Pivoting& pivoting) {
-    for (int j = panel.begin; j < panel.end; ++j) {
-        exchange_pivot_row(a, n, j, pivoting);
-        if (a[j][j] == 0.0) a[j][j] = tiny_pivot;
-        if (j == n - 1) break;
-        const double reciprocal = 1.0 / a[j][j];
-        for (int i = j + 1; i < n; ++i) {
-            a[i][j] *= reciprocal;
-            subtract_scaled(a[i] + j + 1, a[i][j], a[j] + j + 1, panel.end - j - 1);
-        }
-    }
-}
-
-/// Reduces the panel's rows to the right of it.
-void reduce_panel_rows(double** a, int n, Range panel) {
-    for (int i = panel.begin + 1; i < panel.end; ++i)
-        for (int k = panel.begin; k < i; ++k)
-            subtract_scaled(a[i] + panel.end, a[i][k], a[k] + panel.end, n - panel.end);
-}
-
-/// Reduces Rows x Columns elements by all of a panel, in registers.
-template <int Rows, int Columns>
+/// Reduces Rows rows of pairs of elements by all of a panel, in registers.
+template <int Rows, int Pairs>
 void reduce_tile(double* const* a, Range panel, int row, int column) {
-    double tile[Rows][Columns];
-    for (int r = 0; r < Rows; ++r)
-        for (int c = 0; c < Columns; ++c)
-            tile[r][c] = a[row + r][column + c];
+    double* rows[Rows];
+    Pair tile[Rows][Pairs];
+    for (int r = 0; r < Rows; ++r) {
+        rows[r] = a[row + r];
+        for (int p = 0; p < Pairs; ++p)
+            tile[r][p] = load_pair(rows[r] + column + 2 * p);
+    }
     for (int k = panel.begin; k < panel.end; ++k) {
-        const double* __restrict u = a[k] + column;
-        for (int r = 0; r < Rows; ++r) {
-            const double l = a[row + r][k];
-            for (int c = 0; c < Columns; ++c)
-                tile[r][c] -= l * u[c];
+        const double* const u = a[k] + column;
+        for (int p = 0; p < Pairs; ++p) {
+            const Pair up = load_pair(u + 2 * p);
+            for (int r = 0; r < Rows; ++r)
+                tile[r][p] -= rows[r][k] * up;
         }
     }
     for (int r = 0; r < Rows; ++r)
-        for (int c = 0; c < Columns; ++c)
-            a[row + r][column + c] = tile[r][c];
+        for (int p = 0; p < Pairs; ++p)
+            store(tile[r][p], rows[r] + column + 2 * p);
 }
 
-template <int Columns>
-void reduce_column_strip(double* const* a, int n, Range panel, int column) {
+/// Reduces a strip of columns as wide as a tile.
+void reduce_strip(double* const* a, int n, Range panel, int column) {
     int row = panel.end;
     for (; row + tile_rows <= n; row += tile_rows)
-        reduce_tile<tile_rows, Columns>(a, panel, row, column);
+        reduce_tile<tile_rows, tile_pairs>(a, panel, row, column);
     for (; row < n; ++row)
-        reduce_tile<1, Columns>(a, panel, row, column);
+        reduce_tile<1, tile_pairs>(a, panel, row, column);
 }
 
-/// Reduces everything below and to the right of a panel.
-void reduce_rest(double* const* a, int n, Range panel) {
+/// Reduces the columns between a panel and `end`: the panel's own rows one after the other, then
+/// the rows below it by tiles.
+void reduce_rest(double* const* a, int n, Range panel, int end) {
+    for (int i = panel.begin + 1; i < panel.end; ++i)
+        reduce_row(a, i, {panel.begin, i}, {panel.end, end});
     int column = panel.end;
-    for (; column + tile_columns <= n; column += tile_columns)
-        reduce_column_strip<tile_columns>(a, n, panel, column);
-    for (; column < n; ++column)
-        reduce_column_strip<1>(a, n, panel, column);
+    for (; column + 2 * tile_pairs <= end; column += 2 * tile_pairs)
+        reduce_strip(a, n, panel, column);
+    if (column == end) return;
+    for (int i = panel.end; i < n; ++i)
+        reduce_row(a, i, panel, {column, end});
+}
+
+void decompose_narrow(double** a, int n, Range columns, Pivoting& pivoting) {
+    for (int j = columns.begin; j < columns.end; ++j)
+        eliminate_column(a, n, j, columns.end, pivoting);
+}
+
+/// Decomposes columns, over all rows from their diagonal down, by panels that `decompose_panel`
+/// does.
+template <class DecomposePanel>
+void decompose_by_panels(double** a, int n, Range columns, int width, Pivoting& pivoting,
+                         DecomposePanel decompose_panel) {
+    for (int begin = columns.begin; begin < columns.end; begin += width) {
+        const Range panel{begin, std::min(begin + width, columns.end)};
+        decompose_panel(a, n, panel, pivoting);
+        reduce_rest(a, n, panel, columns.end);
+    }
+}
+
+void decompose_wide(double** a, int n, Range columns, Pivoting& pivoting) {
+    decompose_by_panels(a, n, columns, narrow_panel, pivoting, decompose_narrow);
 }
 
 /// Reduces Rows sums by the products of rows from `first_row` on with the known part of b.
@@ -192,13 +159,7 @@ bool lu_decompose(double** a, int n, int* exchanges, double& sign) {
     WorkArray<double, 64> scales(n);
     if (!find_scales(a, n, scales.data())) return false;
     Pivoting pivoting{scales.data(), exchanges, 1.0};
-    for (int begin = 0; begin < n; begin += panel_width) {
-        const Range panel{begin, std::min(begin + panel_width, n)};
-        decompose_panel(a, n, panel, pivoting);
-        if (panel.end == n) break;
-        reduce_panel_rows(a, n, panel);
-        reduce_rest(a, n, panel);
-    }
+    decompose_by_panels(a, n, {0, n}, wide_panel, pivoting, decompose_wide);
     sign = pivoting.sign;
     return true;
 }

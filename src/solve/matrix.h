@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "frame/work_array.h"
-#include "solve/lanes.h"
+#include "frame/lanes.h"
 
 namespace ztmath {
 

@@ -11,7 +11,7 @@
 #include <type_traits>
 
 #include "frame/report.h"
-#include "solve/lanes.h"
+#include "frame/lanes.h"
 
 namespace ztmath {
 

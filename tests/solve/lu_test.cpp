@@ -1,0 +1,185 @@
+// Cramer's rule and LU decomposition.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <vector>
+
+#include "support/matrix.h"
+#include "support/session.h"
+#include "ztmath/solve.h"
+
+namespace {
+
+using namespace ztmath_test;
+
+TEST(SolveThreeEquations, SolvesByCramersRule) {
+    Random random;
+    for (int round = 0; round < rounds(1000); ++round) {
+        const Matrix a = random_matrix(random, 3, 3);
+        const Matrix solution = random_matrix(random, 3, 1);
+        Matrix flat_a = a;
+        Matrix rhs = a * solution;
+        double x[3];
+        ASSERT_EQ(SOLVE_solve_3equations(flat_a.flat(), rhs.flat(), x), 0);
+        const double det = a(0, 0) * (a(1, 1) * a(2, 2) - a(2, 1) * a(1, 2)) -
+                           a(1, 0) * (a(0, 1) * a(2, 2) - a(2, 1) * a(0, 2)) +
+                           a(2, 0) * (a(0, 1) * a(1, 2) - a(1, 1) * a(0, 2));
+        for (int i = 0; i < 3; ++i)
+            EXPECT_NEAR(x[i], solution(i, 0), 1e-13 / std::fabs(det));
+    }
+}
+
+TEST(SolveThreeEquations, RefusesOnlyAnExactlyZeroDeterminant) {
+    const double equal_rows[9] = {0.1, 0.2, 0.7, 0.3, 1.1, 0.9, 0.1, 0.2, 0.7};
+    const double b[3] = {1, 2, 3};
+    double x[3] = {7, 7, 7};
+    EXPECT_EQ(SOLVE_solve_3equations(equal_rows, b, x), 1);
+    for (const double untouched : x)
+        EXPECT_EQ(untouched, 7);
+
+    const double tiny[9] = {1e-100, 0, 0, 0, 1e-100, 0, 0, 0, 1e-100};
+    EXPECT_EQ(SOLVE_solve_3equations(tiny, b, x), 0);
+    EXPECT_DOUBLE_EQ(x[2], 3e100);
+}
+
+TEST(SolveThreeEquations, SolutionMayLieOverTheMatrix) {
+    double a[9] = {2, 0, 0, 0, 4, 0, 0, 0, 8};
+    const double b[3] = {2, 8, 24};
+    EXPECT_EQ(SOLVE_solve_3equations(a, b, a), 0);
+    EXPECT_EQ(a[0], 1);
+    EXPECT_EQ(a[1], 2);
+    EXPECT_EQ(a[2], 3);
+}
+
+/// Crout's decomposition with inner products, element by element: the rule that the library's
+/// panels must reproduce bit for bit.
+bool decompose_by_columns(Matrix& a, std::vector<int>& exchanges, double& sign) {
+    const int n = a.rows();
+    std::vector<double> scale(n);
+    sign = 1.0;
+    for (int i = 0; i < n; ++i) {
+        double largest = 0.0;
+        for (int j = 0; j < n; ++j)
+            if (std::fabs(a(i, j)) > largest) largest = std::fabs(a(i, j));
+        if (largest == 0.0) return false;
+        scale[i] = 1.0 / largest;
+    }
+    for (int j = 0; j < n; ++j) {
+        int best = j;
+        double merit = 0.0;
+        for (int i = 0; i < n; ++i) {
+            for (int k = 0; k < std::min(i, j); ++k)
+                a(i, j) -= a(i, k) * a(k, j);
+            if (i >= j && scale[i] * std::fabs(a(i, j)) >= merit) {
+                merit = scale[i] * std::fabs(a(i, j));
+                best = i;
+            }
+        }
+        exchanges[j] = best;
+        if (best != j) {
+            for (int k = 0; k < n; ++k)
+                std::swap(a(best, k), a(j, k));
+            sign = -sign;
+            scale[best] = scale[j];
+        }
+        if (a(j, j) == 0.0) a(j, j) = 1e-20;
+        const double reciprocal = 1.0 / a(j, j);
+        for (int i = j + 1; i < n; ++i)
+            a(i, j) *= reciprocal;
+    }
+    return true;
+}
+
+TEST(LuDecomposition, HasTheBitsOfCroutsInnerProducts) {
+    Random random;
+    for (const int n : {1, 2, 3, 4, 5, 7, 8, 9, 16, 31, 32, 33, 35, 64, 67, 97}) {
+        Matrix expected = random_matrix(random, n, n);
+        if (n > 8)
+            for (int j = 0; j < n; ++j)
+                expected(n / 2, j) = 2 * expected(1, j);  // ties, zero pivots
+        Matrix a = expected;
+        std::vector<int> expected_exchanges(n), exchanges(n);
+        double expected_sign, sign;
+        ASSERT_TRUE(decompose_by_columns(expected, expected_exchanges, expected_sign));
+        const NoBlocksLeft no_blocks_left;
+        EXPECT_EQ(ludcmp_a(a.pointers(), n, exchanges.data(), &sign), 0);
+        EXPECT_EQ(a, expected) << "n = " << n;
+        EXPECT_EQ(exchanges, expected_exchanges);
+        EXPECT_EQ(sign, expected_sign);
+    }
+}
+
+TEST(LuDecomposition, ReportsAZeroRowAndReplacesAZeroPivot) {
+    int exchanges[2] = {7, 7};
+    double sign = 0.0;
+    Matrix zero_row(2, 2, {1, 2, 0, 0});
+    const Matrix before = zero_row;
+    EXPECT_EQ(ludcmp_a(zero_row.pointers(), 2, exchanges, &sign), 1);
+    EXPECT_EQ(zero_row, before);
+    EXPECT_EQ(sign, 1.0);
+    EXPECT_EQ(exchanges[0], 7);
+
+    Matrix swapped(2, 2, {0, 1, 1, 0});
+    EXPECT_EQ(ludcmp_a(swapped.pointers(), 2, exchanges, &sign), 0);
+    EXPECT_EQ(sign, -1.0);
+
+    Matrix singular(2, 2, {1, 1, 1, 1});
+    EXPECT_EQ(ludcmp_a(singular.pointers(), 2, exchanges, &sign), 0);
+    EXPECT_EQ(exchanges[0], 1);  // the last of equally good pivots
+    EXPECT_EQ(singular(1, 1), 1e-20);
+
+    EXPECT_EQ(ludcmp_a(nullptr, 0, nullptr, &sign), 0);
+    EXPECT_EQ(sign, 1.0);
+}
+
+TEST(LuSubstitution, LeavesResidualsAtTheRoundingLevel) {
+    Random random;
+    const NoBlocksLeft no_blocks_left;
+    for (const int n : {1, 2, 3, 4, 5, 6, 9, 33, 100}) {
+        const Matrix a = random_matrix(random, n, n);
+        const Matrix b = random_matrix(random, n, 3);
+        Matrix factors = a;
+        Matrix x = b;
+        ASSERT_EQ(SOLVE_lu_solver(factors.pointers(), x.pointers(), n, 3), 0);
+        const Matrix ax = a * x;
+        double largest = 0.0;
+        for (int i = 0; i < n; ++i)
+            largest =
+                std::fmax(largest, std::fabs(x(i, 0)) + std::fabs(x(i, 1)) + std::fabs(x(i, 2)));
+        EXPECT_LT(distance(ax, b), 1e-15 * n * n * largest) << "n = " << n;
+    }
+}
+
+TEST(LuSubstitution, SkipsLeadingZerosOfTheRightHandSide) {
+    // The row below meets an infinite factor; a product with a leading zero would make it a NaN.
+    Matrix factors(3, 3, {1, 0, 0, HUGE_VAL, 1, 0, 2, 3, 1});
+    const int exchanges[3] = {0, 1, 2};
+    double b[3] = {0, 5, 16};
+    lubksb_a(factors.pointers(), 3, exchanges, b);
+    EXPECT_EQ(b[0], 0);
+    EXPECT_EQ(b[1], 5);
+    EXPECT_EQ(b[2], 1);
+}
+
+TEST(LuSubstitution, RightHandSideMayBeARowOfTheFactors) {
+    Random random;
+    Matrix factors = random_matrix(random, 5, 5);
+    std::vector<int> exchanges(5);
+    double sign;
+    ASSERT_EQ(ludcmp_a(factors.pointers(), 5, exchanges.data(), &sign), 0);
+    std::vector<double> separate(factors.pointers()[2], factors.pointers()[2] + 5);
+    lubksb_a(factors.pointers(), 5, exchanges.data(), separate.data());
+    lubksb_a(factors.pointers(), 5, exchanges.data(), factors.pointers()[2]);
+    for (int i = 0; i < 5; ++i)
+        EXPECT_EQ(factors(2, i), separate[i]);
+}
+
+TEST(LuSolver, LeavesTheRightHandSidesOfARefusedSystem) {
+    Matrix a(2, 2, {0, 0, 1, 2});
+    Matrix b(2, 2, {1, 2, 3, 4});
+    const Matrix before = b;
+    EXPECT_EQ(SOLVE_lu_solver(a.pointers(), b.pointers(), 2, 2), 1);
+    EXPECT_EQ(b, before);
+}
+
+}  // namespace

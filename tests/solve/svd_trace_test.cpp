@@ -1,0 +1,66 @@
+// The trace of the singular value decomposition, which no build of the library switches on.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "solve/svd.h"
+
+namespace {
+
+using namespace ztmath;
+
+/// Columns of a 3 x 2 matrix, decomposed with a tracer; returns V's rows and prints the trace.
+template <class Tracer>
+std::vector<double> decompose() {
+    double u[6] = {1, 2, 3, 4, 5, 7};
+    std::vector<double> v(4);
+    double w[2], super[2], work[5];
+    Givens rotations[4];
+    SvdIteration<Tracer>({u, v.data(), w, super, work, rotations, 3, 2}).run();
+    return v;
+}
+
+TEST(SvdTrace, PrintsEachChangeToVAtItsPlace) {
+    testing::internal::CaptureStdout();
+    const std::vector<double> v = decompose<PrintTrace>();
+    const std::string printed = testing::internal::GetCapturedStdout();
+
+    EXPECT_EQ(printed.rfind("SVD_decompose: set v[i][i] to 1.0 i = 1\n"
+                            "SVD_decompose: set v[j][i] j = 1 i = 0 to ",
+                            0),
+              0u)
+        << printed;
+    EXPECT_NE(printed.find("SVD_decompose: update v[k][j] k = 1 j = 1 to "), std::string::npos);
+    EXPECT_NE(printed.find("SVD_decompose: zero v[i][j] & v[j][i] i = 0 j = 1\n"
+                           "SVD_decompose: set v[i][i] to 1.0 i = 0\n"
+                           "SVD_decompose: jj = 0 j = 0 v[jj][j] = "),
+              std::string::npos);
+
+    // The last rotation traced is the one that V shows, up to the sign a negative value takes
+    // along.
+    char last[100];
+    const auto last_line_is = [&](int row, double value) {
+        std::snprintf(last, sizeof last, "SVD_decompose: jj = 1 %s = 0 v[jj][%s] = %g\n",
+                      row == 0 ? "j" : "i", row == 0 ? "j" : "i", value);
+        if (row == 1)
+            std::snprintf(last, sizeof last, "SVD_decompose: jj = 1 i = 1 v[jj][i] = %g\n", value);
+        return printed.rfind(last) != std::string::npos;
+    };
+    EXPECT_TRUE(last_line_is(0, v[1]) || last_line_is(0, -v[1]));
+    EXPECT_TRUE(last_line_is(1, v[3]) || last_line_is(1, -v[3]));
+}
+
+TEST(SvdTrace, ChangesNoBitOfTheResult) {
+    testing::internal::CaptureStdout();
+    const std::vector<double> traced = decompose<PrintTrace>();
+    EXPECT_FALSE(testing::internal::GetCapturedStdout().empty());
+
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(decompose<NoTrace>(), traced);
+    EXPECT_EQ(decompose<SvdTrace>(), traced);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+}
+
+}  // namespace

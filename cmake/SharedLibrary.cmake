@@ -19,6 +19,8 @@ function(ztmath_shared_library target)
     LINK_DEPENDS ${script})
   target_compile_options(${target} PRIVATE -fno-semantic-interposition)
   target_link_options(${target} PRIVATE
-    -Wl,--version-script=${script} -Wl,-Bsymbolic-functions -Wl,--as-needed
-    $<$<NOT:$<BOOL:${ZTMATH_SANITIZE}>>:-Wl,-z,defs>)
+    -Wl,--version-script=${script} -Wl,-Bsymbolic-functions -Wl,--as-needed)
+  if(NOT ZTMATH_SANITIZE)  # the sanitizers' own names come with the executable
+    target_link_options(${target} PRIVATE -Wl,-z,defs)
+  endif()
 endfunction()

@@ -55,6 +55,7 @@ typedef struct {
     int gca[ZTMATH_GCA_COUNT]; /* 4784: the table GCA, whose element k, from 1, is gca[k - 1] */
 } ZTMATH_acom_t;
 
+/* The block itself. */
 extern ZTMATH_API ZTMATH_acom_t acom_;
 
 ZTMATH_END_DECLS

@@ -32,9 +32,11 @@ ZTMATH_BEGIN_DECLS
  * points      x, y of each point (2 * n)
  * point       out: both coordinates hold the centroid's x, which callers know; the distances of the
  *             statistics are measured from the line through that point. Without a usable eigenvalue
- * it is the centroid normal      out: unit normal of the line coincident  out: 1 when no eigenvalue
- * can be used and the points coincide, the other outputs then being zero; else 0 stats       out:
- * statistics
+ *             it is the centroid
+ * normal      out: unit normal of the line
+ * coincident  out: 1 when no eigenvalue can be used and the points coincide, the other outputs then
+ *             being zero; else 0
+ * stats       out: statistics
  */
 ZTMATH_API void LSFIT_line_to_points_2d(const double *points, int n, double point[2],
                                         double normal[2], int *coincident, double stats[3]);
@@ -47,7 +49,8 @@ ZTMATH_API void LSFIT_line_to_points_2d(const double *points, int n, double poin
  * normal     out: unit normal
  * collinear  out: 1 when no eigenvalue can be used and the points are collinear; the normal is then
  *            perpendicular to their line. Else 0; coincident points without a usable eigenvalue
- * have the normal (0, 0, 1) stats      out: statistics
+ *            have the normal (0, 0, 1)
+ * stats      out: statistics
  *
  * Points that coincide or are collinear and have a usable eigenvalue, 0, are fitted like any
  * others: one of the planes through them comes out, and the flag stays 0.
@@ -63,15 +66,17 @@ ZTMATH_API int LSFIT_plane_to_points(const double *points, int n, double point[3
  *
  * points       x, y, z of each point (3 * n)
  * normal       in: the plane's normal, of any length; a plane is fitted when its squared length is
- * below 1e-20 or collinear is -1. out: the normal of the plane, the caller's as it came collinear
- * in: -1 to have a plane fitted whatever the normal; another value but 0 says that the points are
- * collinear. out: of the plane fit, or the caller's value as it came; 1 when the points of such a
- * line coincide coincident   out: 1 when the points coincide (where they are found to: see the
- * top), else 0 point        out: a point of the line, whose place in the plane is that of
- * LSFIT_line_to_points_2d direction    out: unit direction of the line plane_stats  out: the
- * statistics of the plane fit; zero for the caller's plane frame        out: the plane's frame: the
- * centroid (3), then a 3x3 matrix, row-major, whose third row is the normal (9), as MTX3_init_z
- * builds it
+ *              below 1e-20 or collinear is -1. out: the normal of the plane, the caller's as it came
+ * collinear    in: -1 to have a plane fitted whatever the normal; another value but 0 says that the
+ *              points are collinear. out: of the plane fit, or the caller's value as it came; 1 when
+ *              the points of such a line coincide
+ * coincident   out: 1 when the points coincide (where they are found to: see the top), else 0
+ * point        out: a point of the line, whose place in the plane is that of
+ *              LSFIT_line_to_points_2d
+ * direction    out: unit direction of the line
+ * plane_stats  out: the statistics of the plane fit; zero for the caller's plane
+ * frame        out: the plane's frame: the centroid (3), then a 3x3 matrix, row-major, whose third
+ *              row is the normal (9), as MTX3_init_z builds it
  */
 ZTMATH_API void LSFIT_line_to_points_3d(const double *points, int n, double normal[3],
                                         int *collinear, int *coincident, double point[3],

@@ -16,17 +16,19 @@
 
 ZTMATH_BEGIN_DECLS
 
-/* ---- Eigenvalues
- * --------------------------------------------------------------------------------*/
+/* ---- Eigenvalues ----------------------------------------------------------------------------- */
 
 /*
  * Finds eigenvalues and eigenvectors of a symmetric matrix by cyclic Jacobi rotations with a
  * threshold (Jacobi, 1846; Rutishauser, 1966).
  *
  * a           n rows of n; only the diagonal and the strict upper triangle are read. The strict
- * upper triangle is not to be relied on afterwards max_sweeps  sweeps are made while fewer than
- * max_sweeps have been begun, so at most max_sweeps - 1 d           out (n): the eigenvalues v out:
- * n rows of n, the eigenvectors as columns, orthonormal nrot        out: the number of rotations
+ *             upper triangle is not to be relied on afterwards
+ * max_sweeps  sweeps are made while fewer than max_sweeps have been begun, so at most
+ *             max_sweeps - 1
+ * d           out (n): the eigenvalues
+ * v           out: n rows of n, the eigenvectors as columns, orthonormal
+ * nrot        out: the number of rotations
  *
  * Elements off the diagonal are negligible in absolute terms: the iteration ends when their
  * absolute values add up to at most 1e-10. When the sweeps run out the outputs hold what has been
@@ -44,10 +46,11 @@ ZTMATH_API void NR_ask_eigenvalues_jacobi(double **a, int n, int max_sweeps, dou
  * max_sweeps         as for NR_ask_eigenvalues_jacobi, whose report is made when they run out
  * eigenvalues        out (n)
  * eigenvector_block  the flat n x n block for the eigenvectors, which may be A or B; null in it has
- * a block allocated, which the caller frees with SM_free. Vectors are columns, of length 1 in the
- * norm of B: x^T B x = 1 nrot               out: the number of rotations status             out: 0,
- * or 1 when B is not positive definite; then eigenvalues holds what diagonal of L has been reached,
- * and block and nrot are untouched
+ *                    a block allocated, which the caller frees with SM_free. Vectors are columns,
+ *                    of length 1 in the norm of B: x^T B x = 1
+ * nrot               out: the number of rotations
+ * status             out: 0, or 1 when B is not positive definite; then eigenvalues holds what
+ *                    diagonal of L has been reached, and block and nrot are untouched
  *
  * A factor L with a row that has become zero is reported by ERROR_internal, "The third call of
  * SOLVE_lu_solver failed."; the block then holds the eigenvectors of L^-1 A L^-T.
@@ -65,7 +68,7 @@ ZTMATH_API void NR_generalized_eigenvalues_symm(double *A, double *B, int n, int
  * eigenvalue      out: the element of largest absolute value of the last product; 0.0 without one
  * eigenvector     out (n): scaled to that element being 1
  * not_converged   out: 0 when two successive vectors came within 1e-5 of each other relative to
- * their length, else 1
+ *                 their length, else 1
  */
 ZTMATH_API void NR_ask_max_eigen_val_vec(int n, double **a, int max_iterations, const double *start,
                                          double *eigenvalue, double *eigenvector,
@@ -83,7 +86,7 @@ ZTMATH_API void NR_ask_max_eigen_val_vec(int n, double **a, int max_iterations, 
  * a       flat n x n, symmetric; the upper triangle is read; out: L below the diagonal
  * p       out (n): the diagonal of L
  * status  out: 0, or 1 when a diagonal remainder is below 1e-10: the matrix is not positive
- * definite or too close to singular. What has been reached stays in a and p
+ *         definite or too close to singular. What has been reached stays in a and p
  */
 ZTMATH_API void NR_cholesky_decomp(int n, double *a, double *p, int *status);
 
@@ -103,8 +106,7 @@ ZTMATH_API int NR_cholesky_solver(const double *a, int n, const double *p, const
 /* Inverts a factor: out, the lower triangle of a, diagonal included, holds L^-1. */
 ZTMATH_API void NR_cholesky_inverse(int n, const double *p, double *a);
 
-/* ---- Matrices: row pointers
- * ---------------------------------------------------------------------*/
+/* ---- Matrices: row pointers ------------------------------------------------------------------ */
 
 /*
  * Makes a matrix of row pointers over one contiguous block.
@@ -126,8 +128,7 @@ ZTMATH_API void NR_2d_matrix_nxn_transp(double **matrix, int n);
 ZTMATH_API void NR_2d_matrix_product_of_2(double **a, double **b, int l, int m, int n,
                                           double **product);
 
-/* ---- Matrices: flat
- * -----------------------------------------------------------------------------*/
+/* ---- Matrices: flat -------------------------------------------------------------------------- */
 
 /* Fills a matrix with the identity, or with zeros. */
 ZTMATH_API void NR_matrix_2d_as_1d_identity(double *matrix, int n);
@@ -144,9 +145,9 @@ ZTMATH_API void NR_matrix_2d_as_1d_nxn_transp(double *matrix, int n);
 ZTMATH_API void NR_matrix_2d_as_1d_product_of_2(double *a, double *b, int l, int m, int n,
                                                 double *product);
 
-/* ---- Between the forms --------------------------------------------------------------------------
- * Source and target may overlap. */
+/* ---- Between the forms ----------------------------------------------------------------------- */
 
+/* Copy a matrix from one form to the other. Source and target may overlap. */
 ZTMATH_API void NR_matrix_copy_1d_to_2d(const double *source, int rows, int cols, double **target);
 ZTMATH_API void NR_matrix_copy_2d_to_1d(double **source, int rows, int cols, double *target);
 

@@ -25,8 +25,7 @@ ZTMATH_BEGIN_DECLS
  */
 ZTMATH_API int SOLVE_solve_3equations(const double a[9], const double b[3], double x[3]);
 
-/* ---- LU decomposition
- * ---------------------------------------------------------------------------*/
+/* ---- LU decomposition ------------------------------------------------------------------------ */
 
 /*
  * Decomposes a matrix into the product of a unit lower and an upper triangular one, rows permuted
@@ -62,8 +61,7 @@ ZTMATH_API void lubksb_a(double **a, int n, const int *indx, double *b);
  */
 ZTMATH_API int SOLVE_lu_solver(double **a, double **b, int n, int nrhs);
 
-/* ---- Singular values
- * ----------------------------------------------------------------------------*/
+/* ---- Singular values ------------------------------------------------------------------------- */
 
 /*
  * Decomposes a = U diag(w) V^T (Golub and Reinsch, 1970): Householder reflections to bidiagonal

@@ -11,6 +11,8 @@ namespace ztmath {
 
 namespace {
 
+constexpr Module report = eigen_module.part(1);
+
 using Matrix = FlatRows<double>;
 
 /// L of B: the strict lower triangle of its factor, the diagonal from beside it, zeros above.
@@ -96,7 +98,7 @@ void NR_generalized_eigenvalues_symm(double* A, double* B, int n, int max_sweeps
     transpose(vectors, size);
     SmArray<double> own_block(*eigenvector_block == nullptr ? square : 0);
     if (!solve_transposed(factor, vectors, size))
-        eigen_module.internal("The third call of SOLVE_lu_solver failed.");
+        report.internal("The third call of SOLVE_lu_solver failed.");
 
     std::copy_n(values, size, eigenvalues);
     if (*eigenvector_block == nullptr) *eigenvector_block = own_block.release();

@@ -1,0 +1,124 @@
+// The other platform: the names of <syss/syss.h> served in the plainest way.
+#include "abi/other_platform.h"
+
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "syss/syss.h"
+
+using ztmath_test::Kind;
+using ztmath_test::OtherPlatform;
+
+namespace {
+
+OtherPlatform controls;
+
+/// Counts an allocation, or refuses it.
+void admit() {
+    if (controls.allocations_before_refusal == 0) {
+        controls.allocations_before_refusal = -1;
+        throw ztmath_test::Interrupted{};
+    }
+    if (controls.allocations_before_refusal > 0) --controls.allocations_before_refusal;
+}
+
+/// Blocks begin 16 bytes behind their size.
+constexpr std::size_t prefix = 16;
+
+void* block_of(void* memory, std::size_t size) {
+    if (memory == nullptr) throw ztmath_test::Interrupted{};
+    std::memcpy(memory, &size, sizeof size);
+    return static_cast<char*>(memory) + prefix;
+}
+
+void* memory_of(void* block) {
+    return static_cast<char*>(block) - prefix;
+}
+
+void* allocate(std::size_t size, int fill) {
+    admit();
+    void* block = block_of(std::malloc(prefix + size), size);
+    ++controls.blocks_out;
+    return std::memset(block, fill, size);
+}
+
+void report(Kind kind) {
+    ++controls.reports;
+    if (controls.on_report != nullptr) controls.on_report(kind);
+}
+
+}  // namespace
+
+extern "C" {
+
+SYSS_API OtherPlatform* other_platform();
+OtherPlatform* other_platform() {
+    return &controls;
+}
+
+int MACH__checking_level = 0;
+
+// Fresh memory is not zero: whoever relies on that finds out.
+void* SM_alloc(std::size_t size) {
+    return allocate(size, 0xA5);
+}
+
+void* SM_calloc(std::size_t count, std::size_t size) {
+    return allocate(count * size, 0);
+}
+
+void* SM_calloc_persistent(std::size_t count, std::size_t size) {
+    return allocate(count * size, 0);
+}
+
+void* SM_realloc(void* block, std::size_t size) {
+    if (block == nullptr) return SM_alloc(size);
+    admit();
+    return block_of(std::realloc(memory_of(block), prefix + size), size);
+}
+
+void SM_free(void* block) {
+    if (block == nullptr) return;
+    --controls.blocks_out;
+    std::free(memory_of(block));
+}
+
+std::size_t SM_length(void* block) {
+    std::size_t size = 0;
+    if (block != nullptr) std::memcpy(&size, memory_of(block), sizeof size);
+    return size;
+}
+
+void ERROR_raise(const char*, int, int, const char*) {
+    report(Kind::raised);
+}
+
+void ERROR_internal(const char*, int, const char*, ...) {
+    report(Kind::internal);
+}
+
+void ERROR_note(const char*, int, const char*, ...) {
+    report(Kind::note);
+}
+
+void ERROR_lprintf(const char*, ...) {
+    report(Kind::log);
+}
+
+int STR_snprintf(char* buffer, std::size_t size, const char* format, ...) {
+    std::va_list arguments;
+    va_start(arguments, format);
+    const int length = std::vsnprintf(buffer, size, format, arguments);
+    va_end(arguments);
+    return length;
+}
+
+int ZT_REASON_ask_reason_number(int reason) {
+    return reason + 1000;
+}
+
+void CALLBACK_call_list(int, void*) {}
+
+}  // extern "C"

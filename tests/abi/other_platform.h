@@ -1,0 +1,23 @@
+// A second platform library, as a host might bring its own: how the test that runs on it makes it
+// fail. Found by name in the process, so that nothing links against it.
+#pragma once
+
+namespace ztmath_test {
+
+/// What the other platform throws.
+struct Interrupted {};
+
+enum class Kind { raised, internal, note, log };
+
+struct OtherPlatform {
+    long blocks_out = 0;
+    long allocations_before_refusal = -1;  // -1: none is refused
+    long reports = 0;
+    void (*on_report)(Kind kind) = nullptr;  // may throw or jump
+};
+
+/// The name and type of the function that gives the controls.
+inline constexpr const char* other_platform_name = "other_platform";
+using OtherPlatformAccess = OtherPlatform* (*)();
+
+}  // namespace ztmath_test

@@ -1,0 +1,184 @@
+// The library on another platform than its own: every call of the interface table, left by an
+// exception from each of its allocations and reports and by a long jump from each report that is
+// raised, must leave no block behind and serve the next call as if nothing had been.
+#include "abi/other_platform.h"
+
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <csetjmp>
+#include <limits>
+
+#include "interface/table.h"
+#include "syss/syss.h"
+
+namespace {
+
+using namespace ztmath_test;
+
+OtherPlatform* platform() {
+    static const auto access =
+        reinterpret_cast<OtherPlatformAccess>(dlsym(RTLD_DEFAULT, other_platform_name));
+    return access != nullptr ? access() : nullptr;
+}
+
+long reports_before_interruption;  // counts down in the handlers below
+bool only_raised;
+std::jmp_buf way_out;
+
+/// Whether this report is the one to interrupt at.
+bool is_due(Kind kind) {
+    if (only_raised && kind != Kind::raised) return false;
+    return reports_before_interruption-- == 0;
+}
+
+void throw_when_due(Kind kind) {
+    if (is_due(kind)) throw Interrupted{};
+}
+
+void jump_when_due(Kind kind) {
+    if (is_due(kind)) std::longjmp(way_out, 1);
+}
+
+class AnotherPlatform : public testing::Test {
+  protected:
+    void SetUp() override {
+        ASSERT_NE(platform(), nullptr) << "not running on the other platform";
+        ASSERT_EQ(dlsym(RTLD_DEFAULT, "SYSS_block_count"), nullptr);
+        MACH__checking_level = 1;
+    }
+    void TearDown() override { *platform() = {}; }
+};
+
+/// Each returns whether the call was interrupted.
+using Interruption = bool (*)(void (*call)(void*), void* data, long at);
+
+bool refused(void (*call)(void*), void* data, long at) {
+    platform()->allocations_before_refusal = at;
+    bool interrupted = false;
+    try {
+        call(data);
+    } catch (const Interrupted&) {
+        interrupted = true;
+    }
+    platform()->allocations_before_refusal = -1;
+    return interrupted;
+}
+
+bool reported_by_exception(void (*call)(void*), void* data, long at) {
+    only_raised = false;
+    reports_before_interruption = at;
+    platform()->on_report = throw_when_due;
+    bool interrupted = false;
+    try {
+        call(data);
+    } catch (const Interrupted&) {
+        interrupted = true;
+    }
+    platform()->on_report = nullptr;
+    return interrupted;
+}
+
+bool raised_by_long_jump(void (*call)(void*), void* data, long at) {
+    only_raised = true;
+    reports_before_interruption = at;
+    platform()->on_report = jump_when_due;
+    const bool interrupted = setjmp(way_out) != 0;
+    if (!interrupted) call(data);
+    platform()->on_report = nullptr;
+    return interrupted;
+}
+
+constexpr Interruption interruptions[] = {refused, reported_by_exception, raised_by_long_jump};
+constexpr long bound = 5000;  // calls of the platform within one call of the library
+
+/// Interrupts a call at its first, second, ... chance until it runs through; returns how often.
+long interrupt_everywhere(Interruption interrupt, void (*call)(void*), void* data) {
+    const long before = platform()->blocks_out;
+    for (long at = 0; at < bound; ++at) {
+        const bool interrupted = interrupt(call, data, at);
+        EXPECT_EQ(platform()->blocks_out, before) << "left at chance " << at;
+        if (!interrupted) return at;
+        if (testing::Test::HasFailure()) return at;
+    }
+    ADD_FAILURE() << "the call never runs through";
+    return bound;
+}
+
+/// A call of the table with storage of its own, so that a long jump loses nothing.
+struct Prepared {
+    const Call& call;
+    std::vector<const double*> in;
+    Arrays outputs;
+    std::vector<double*> out;
+
+    Prepared(const Call& of, const Arrays& inputs) : call(of) {
+        for (const auto& array : inputs)
+            in.push_back(array.data());
+        for (const std::size_t length : of.outputs)
+            outputs.emplace_back(length);
+        for (auto& array : outputs)
+            out.push_back(array.data());
+    }
+
+    static void run(void* data) {
+        auto& self = *static_cast<Prepared*>(data);
+        self.call.run(self.in.data(), self.out.data());
+    }
+};
+
+std::vector<Arrays> inputs_of(const Call& call, Random& random) {
+    std::vector<Arrays> all;
+    for (const Draw draw : draws)
+        all.push_back(draw_inputs(call, random, draw));
+    for (const double value : {std::numeric_limits<double>::quiet_NaN(), HUGE_VAL, 0.0}) {
+        all.push_back(draw_inputs(call, random, Draw::regular));
+        for (auto& array : all.back())
+            for (double& number : array)
+                number = value;
+    }
+    return all;
+}
+
+TEST_F(AnotherPlatform, MayLeaveEveryCallAtEveryChance) {
+    Random random;
+    long interrupted[std::size(interruptions)] = {};
+    for (const Call& call : interface_table()) {
+        SCOPED_TRACE(call.name);
+        for (const Arrays& inputs : inputs_of(call, random)) {
+            const Outcome undisturbed = outcome_of(call, inputs);
+            Prepared prepared(call, inputs);
+            for (std::size_t i = 0; i < std::size(interruptions); ++i)
+                interrupted[i] += interrupt_everywhere(interruptions[i], Prepared::run, &prepared);
+            EXPECT_TRUE(same_bits(outcome_of(call, inputs), undisturbed));
+            ASSERT_FALSE(HasFailure());
+        }
+    }
+    EXPECT_GT(interrupted[0], 100) << "allocations refused";
+    EXPECT_GT(interrupted[1], 100) << "reports left by exceptions";
+}
+
+/// Holds a block while it reports, and loses it where it is left.
+void careless_call(void*) {
+    void* block = SM_alloc(8);
+    ERROR_raise("careless", 1, 1, "raised");
+    ERROR_note("careless", 2, "noted");
+    SM_free(block);
+}
+
+TEST_F(AnotherPlatform, WouldSeeABlockThatIsLeftBehind) {
+    const struct {
+        Interruption interrupt;
+        bool leaves;
+    } rows[] = {{refused, false}, {reported_by_exception, true}, {raised_by_long_jump, true}};
+    for (const auto& row : rows) {
+        const long before = platform()->blocks_out;
+        EXPECT_TRUE(row.interrupt(careless_call, nullptr, 0));
+        EXPECT_EQ(platform()->blocks_out - before, row.leaves ? 1 : 0);
+    }
+    EXPECT_TRUE(reported_by_exception(careless_call, nullptr, 1)) << "the note";
+    EXPECT_FALSE(raised_by_long_jump(careless_call, nullptr, 1)) << "only what is raised";
+}
+
+}  // namespace

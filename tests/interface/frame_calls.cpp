@@ -1,0 +1,88 @@
+// Session state: each row sets the words it depends on.
+#include <algorithm>
+
+#include "interface/table.h"
+#include "ztmath/acom.h"
+#include "ztmath/session.h"
+#include "ztmath/tolerance.h"
+#include "ztmath/wcs.h"
+
+namespace ztmath_test {
+
+namespace {
+
+/// The WCS matrix, its origin, what is mapped.
+const std::vector<std::size_t> mapping = {9, 3, 3};
+
+template <void (*map)(const double*, double*)>
+double mapped(In in, Out out) {
+    std::copy_n(in[0], 9, acom_.wcs_matrix);
+    std::copy_n(in[1], 3, acom_.wcs_origin);
+    map(in[2], out[0]);
+    return 0;
+}
+
+double tolerances(In in, Out out) {
+    acom_.model_scale = *in[0];
+    acom_.gca[30] = *in[1] > 0 ? 1 : 0;
+    sys21_();
+    const int wide = ZTMATH_WIDE_SQUARED_TOLERANCE;
+    sys22_(in[2], &wide, out[0]);
+    return EQ_ask_number_tolerance() + EQ_ask_length_tolerance() +
+           EQ_ask_length_squared_tolerance();
+}
+
+/// An integer argument, in range or not.
+int chosen(double number, int bad, int good) {
+    return number > 0 ? good : bad;
+}
+
+}  // namespace
+
+std::vector<Call> frame_calls() {
+    return {
+        {"sys22_", {1, 1, 1}, {1}, tolerances},
+        {"mapvaw_", mapping, {3}, mapped<mapvaw_>},
+        {"mapvwa_", mapping, {3}, mapped<mapvwa_>},
+        {"mappaw_", mapping, {3}, mapped<mappaw_>},
+        {"mappwa_", mapping, {3}, mapped<mappwa_>},
+        {"map10_", mapping, {3}, mapped<map10_>},
+        {"map11_", mapping, {3}, mapped<map11_>},
+        {"map12_", mapping, {3}, mapped<map12_>},
+        {"map13_", mapping, {3}, mapped<map13_>},
+        {"WCS_set_wcs_display",
+         {1},
+         {},
+         [](In in, Out) -> double {
+             WCS_set_wcs_display(chosen(*in[0], 2, 1));
+             return WCS_ask_wcs_display();
+         }},
+        {"DISPLAY_set_system_color",
+         {1},
+         {},
+         [](In in, Out) -> double {
+             DISPLAY_set_system_color(chosen(*in[0], 0, 217));
+             return DISPLAY_ask_system_color();
+         }},
+        {"DISPLAY_set_view_of_last_cursor",
+         {1},
+         {},
+         [](In in, Out) -> double {
+             DISPLAY_set_view_of_last_cursor(chosen(*in[0], 0, 3));
+             return DISPLAY_ask_view_of_last_cursor();
+         }},
+        {"PX_set_default_face_grid_counts",
+         {2},
+         {2},
+         [](In in, Out out) -> double {
+             const int set[2] = {chosen(in[0][0], -1, 4), chosen(in[0][1], -1, 5)};
+             int asked[2];
+             PX_set_default_face_grid_counts(set);
+             PX_ask_default_face_grid_counts(asked);
+             std::copy_n(asked, 2, out[0]);
+             return 0;
+         }},
+    };
+}
+
+}  // namespace ztmath_test

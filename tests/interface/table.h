@@ -1,0 +1,60 @@
+// One row for each exported function that computes, reports or allocates: how it is called with
+// arrays of doubles. The loops over the table try what must hold for all of them: any output over
+// any input, any special value anywhere, the same bits at every optimisation, any call of the
+// platform leaving by an exception.
+#pragma once
+
+#include <cstddef>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "support/random.h"
+
+namespace ztmath_test {
+
+using Arrays = std::vector<std::vector<double>>;
+using In = const double* const*;
+using Out = double* const*;
+
+struct Call {
+    std::string name;                  // of the exported function
+    std::vector<std::size_t> inputs;   // the lengths of the arrays that `run` reads
+    std::vector<std::size_t> outputs;  // and of those it writes
+    /// Calls the function; returns its result. Must own nothing: it is left by long jumps too.
+    double (*run)(In in, Out out);
+    /// Makes normally distributed numbers into input that the function can serve.
+    void (*prepare)(Random& random, Arrays& inputs) = nullptr;
+    /// Whether `run` passes the arrays on as they are, so that outputs may lie over inputs.
+    bool passes_on = true;
+};
+
+std::vector<Call> frame_calls();
+std::vector<Call> kit_calls();
+std::vector<Call> solve_calls();
+std::vector<Call> fit_calls();
+
+const std::vector<Call>& interface_table();
+
+/// How the numbers of an input are drawn.
+enum class Draw { regular, whole_numbers, any_size };
+inline constexpr Draw draws[] = {Draw::regular, Draw::whole_numbers, Draw::any_size};
+
+Arrays draw_inputs(const Call& call, Random& random, Draw draw);
+
+/// What a call gave back.
+struct Outcome {
+    double result;
+    Arrays outputs;
+};
+
+/// Calls with arrays of their own; outputs hold `fill` before.
+Outcome outcome_of(const Call& call, const Arrays& inputs, double fill = 7.0);
+
+inline bool same_bits(double a, double b) {
+    return std::memcmp(&a, &b, sizeof a) == 0;
+}
+
+bool same_bits(const Outcome& a, const Outcome& b);
+
+}  // namespace ztmath_test

@@ -7,7 +7,8 @@
  * soname and puts it in libsyss' place. What the default library offers beyond them is in
  * <syss/host.h>.
  *
- * Any of the calls may leave by a C++ exception. libztmath gives back its memory on the way.
+ * Any of the calls but SM_free, which is made on the way out too, may leave by a C++ exception.
+ * libztmath gives back its memory on the way.
  */
 #ifndef SYSS_SYSS_H
 #define SYSS_SYSS_H

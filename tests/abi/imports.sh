@@ -12,13 +12,16 @@ grep -v '^SYSS_' "$platform" > "$work/services"
 "$NM" -D --undefined-only "$library" | awk '{ print $NF }' > "$work/needed"
 [ -s "$work/needed" ] || { echo "$library needs nothing: not a library of ours?"; exit 1; }
 
-# What the toolchain adds, and what lets an exception of the platform pass.
+# What the toolchain adds, what lets an exception of the platform pass, and what stops one that comes
+# while another passes.
 cat > "$work/toolchain" <<'NAMES'
 _ITM_deregisterTMCloneTable
 _ITM_registerTMCloneTable
 __gmon_start__
 _Unwind_Resume@GCC_3.0
+__cxa_begin_catch@CXXABI_1.3
 __gxx_personality_v0@CXXABI_1.3
+_ZSt9terminatev@GLIBCXX_3.4
 NAMES
 grep -vxFf "$work/services" "$work/needed" | grep -vxFf "$work/toolchain" > "$work/rest" || true
 

@@ -104,9 +104,10 @@ TEST(Mtx3Frames, AcceptDirectionsThatArePerpendicularWithinTheTolerance) {
                 {{1, 1, 0}, 0},
                 {{0, up(1.0e-10), 0}, 1},
                 {null, 0}};
-    for (const auto& [y, accepted] : rows) {
+    for (const auto& given : rows) {
+        const Vector& y = given.y;
         const auto test = [&](const Vector& a, const Vector& b, auto build) {
-            built([&](double* m) { return build(a.data(), b.data(), m); }, accepted);
+            built([&](double* m) { return build(a.data(), b.data(), m); }, given.accepted);
         };
         test(x, y, MTX3_init);
         test(y, x, MTX3_init);
@@ -119,7 +120,7 @@ TEST(Mtx3Frames, AcceptDirectionsThatArePerpendicularWithinTheTolerance) {
                     return MTX3_init_x_y_z(three[turn]->data(), three[(turn + 1) % 3]->data(),
                                            three[(turn + 2) % 3]->data(), m);
                 },
-                accepted);
+                given.accepted);
         }
         test(x, y, [](const double* a, const double* b, double* m) {
             double frame[4];

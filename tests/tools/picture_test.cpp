@@ -161,6 +161,12 @@ TEST(Picture, StaysWellFormedWhateverTheFileIsCalled) {
         const SvgDocument svg(plane_picture(points, fit, millimetres, name));
         EXPECT_TRUE(svg.well_formed()) << name;
     }
+    const std::string long_name =
+        std::string(16, 'a') + "\u4e2d" + std::string(60, 'b') + "\u4e2d" + std::string(15, 'c');
+    EXPECT_NE(SvgDocument(plane_picture(points, fit, millimetres, long_name))
+                  .words("heading")
+                  .find("through " + std::string(16, 'a') + "\u2026" + std::string(15, 'c') + "\n"),
+              std::string::npos);
     EXPECT_NE(SvgDocument(plane_picture(points, fit, millimetres, "d/a&\u00e9\xff"))
                   .words("heading")
                   .find("Plane through a&\u00e9?"),

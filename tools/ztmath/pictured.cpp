@@ -65,8 +65,22 @@ double largest_coordinate(const Points& points) {
     return largest;
 }
 
+/// The file's name without its folders, its middle left out if it is longer than the title has room
+/// for.
 std::string file_of(const std::string& source) {
-    return source.substr(source.find_last_of('/') + 1);
+    constexpr std::size_t kept_at_each_end = 17;
+    const std::string name = source.substr(source.find_last_of('/') + 1);
+    if (name.size() <= 2 * kept_at_each_end + 3) return name;
+    std::size_t head = kept_at_each_end;
+    std::size_t tail = name.size() - kept_at_each_end;
+    const auto inside_character = [&](std::size_t i) {
+        return (static_cast<unsigned char>(name[i]) & 0xc0) == 0x80;
+    };
+    while (head > 0 && inside_character(head))
+        --head;
+    while (tail < name.size() && inside_character(tail))
+        ++tail;
+    return name.substr(0, head) + "\u2026" + name.substr(tail);
 }
 
 double dot_radius(std::size_t drawn) {

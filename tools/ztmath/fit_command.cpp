@@ -103,6 +103,7 @@ void FitReport::add(Table& table, const char* label, const Deviations& distances
         aligned({distances.max, distances.rms, distances.mean}, distance_digits);
     table.row("", {"max", "rms", "mean"});
     table.row(label, std::move(cells), options.unit().symbol);
+    if (distances.max == 0.0) return;
     table.text(
         "farthest point",
         "line " + std::to_string(points.lines[static_cast<std::size_t>(distances.farthest)]));

@@ -43,6 +43,7 @@ std::vector<std::string> aligned(const std::vector<double>& numbers, int digits)
         largest = std::max(largest, std::fabs(x));
     const int decimals = decimals_for(largest, digits);
     std::vector<std::string> texts;
+    texts.reserve(numbers.size());
     for (const double x : numbers)
         texts.push_back(decimals < 0 ? formatted("%.*e", digits - 1, x) : fixed(x, decimals));
     return texts;

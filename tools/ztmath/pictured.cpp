@@ -69,7 +69,7 @@ double largest_coordinate(const Points& points) {
 /// for.
 std::string file_of(const std::string& source) {
     constexpr std::size_t kept_at_each_end = 17;
-    const std::string name = source.substr(source.find_last_of('/') + 1);
+    std::string name = source.substr(source.find_last_of('/') + 1);
     if (name.size() <= 2 * kept_at_each_end + 3) return name;
     std::size_t head = kept_at_each_end;
     std::size_t tail = name.size() - kept_at_each_end;

@@ -7,15 +7,14 @@
 #include <array>
 #include <cstddef>
 
-namespace ztmath {
+#include "frame/wide_lanes.h"
 
-/// The same quantity of two successive points.
-using Pair = double __attribute__((vector_size(16)));
+namespace ztmath {
 
 template <int Dimension>
 using PointPair = std::array<Pair, Dimension>;
 
-/// The points p and q, transposed.
+/// The points p and q, transposed: each pair holds the same coordinate of both.
 template <int Dimension>
 PointPair<Dimension> load_pair(const double* p, const double* q) {
     PointPair<Dimension> pair;

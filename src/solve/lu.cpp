@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "frame/lanes.h"
-#include "frame/pair.h"
+#include "frame/wide_lanes.h"
 #include "frame/work_array.h"
 #include "kit/lu_steps.h"
 #include "ztmath/solve.h"
@@ -25,7 +25,7 @@ constexpr int narrow_panel = 8;
 
 /// The block of the matrix that is updated in registers.
 constexpr int tile_rows = 4;
-constexpr int tile_pairs = 2;
+constexpr int tile_groups = 2;
 
 /// A run of indices, the end left out.
 struct Range {
@@ -39,36 +39,47 @@ void reduce_row(double* const* a, int i, Range by, Range columns) {
                         columns.end - columns.begin);
 }
 
-/// Reduces Rows rows of pairs of elements by all of a panel, in registers.
-template <int Rows, int Pairs>
-void reduce_tile(double* const* a, Range panel, int row, int column) {
+/// Reduces Rows rows of lane groups by all of a panel, in registers.
+template <class Lanes, int Rows>
+[[gnu::always_inline]] inline void reduce_tile(double* const* a, Range panel, int row, int column) {
+    constexpr int width = width_of<Lanes>;
     double* rows[Rows];
-    Pair tile[Rows][Pairs];
+    Lanes tile[Rows][tile_groups];
     for (int r = 0; r < Rows; ++r) {
         rows[r] = a[row + r];
-        for (int p = 0; p < Pairs; ++p)
-            tile[r][p] = load_pair(rows[r] + column + 2 * p);
+        for (int g = 0; g < tile_groups; ++g)
+            load(rows[r] + column + g * width, tile[r][g]);
     }
-    for (int k = panel.begin; k < panel.end; ++k) {
-        const double* const u = a[k] + column;
-        for (int p = 0; p < Pairs; ++p) {
-            const Pair up = load_pair(u + 2 * p);
+    for (int k = panel.begin; k < panel.end; ++k)
+        for (int g = 0; g < tile_groups; ++g) {
+            Lanes u;
+            load(a[k] + column + g * width, u);
             for (int r = 0; r < Rows; ++r)
-                tile[r][p] -= rows[r][k] * up;
+                tile[r][g] -= rows[r][k] * u;
         }
-    }
     for (int r = 0; r < Rows; ++r)
-        for (int p = 0; p < Pairs; ++p)
-            store(tile[r][p], rows[r] + column + 2 * p);
+        for (int g = 0; g < tile_groups; ++g)
+            store(tile[r][g], rows[r] + column + g * width);
 }
 
-/// Reduces a strip of columns as wide as a tile.
-void reduce_strip(double* const* a, int n, Range panel, int column) {
-    int row = panel.end;
-    for (; row + tile_rows <= n; row += tile_rows)
-        reduce_tile<tile_rows, tile_pairs>(a, panel, row, column);
-    for (; row < n; ++row)
-        reduce_tile<1, tile_pairs>(a, panel, row, column);
+/// Reduces, below a panel, the columns from `column` up to `end` that fill tiles; returns the first
+/// column left.
+template <class Lanes>
+[[gnu::always_inline]] inline int reduce_tiles(double* const* a, int n, Range panel, int column,
+                                               int end) {
+    constexpr int strip = tile_groups * width_of<Lanes>;
+    for (; column + strip <= end; column += strip) {
+        int row = panel.end;
+        for (; row + tile_rows <= n; row += tile_rows)
+            reduce_tile<Lanes, tile_rows>(a, panel, row, column);
+        for (; row < n; ++row)
+            reduce_tile<Lanes, 1>(a, panel, row, column);
+    }
+    return column;
+}
+
+ZTMATH_WIDE_LANES int reduce_wide_tiles(double* const* a, int n, Range panel, int column, int end) {
+    return reduce_tiles<Quad>(a, n, panel, column, end);
 }
 
 /// Reduces the columns between a panel and `end`: the panel's own rows one after the other, then
@@ -77,8 +88,8 @@ void reduce_rest(double* const* a, int n, Range panel, int end) {
     for (int i = panel.begin + 1; i < panel.end; ++i)
         reduce_row(a, i, {panel.begin, i}, {panel.end, end});
     int column = panel.end;
-    for (; column + 2 * tile_pairs <= end; column += 2 * tile_pairs)
-        reduce_strip(a, n, panel, column);
+    if (has_wide_lanes()) column = reduce_wide_tiles(a, n, panel, column, end);
+    column = reduce_tiles<Pair>(a, n, panel, column, end);
     if (column == end) return;
     for (int i = panel.end; i < n; ++i)
         reduce_row(a, i, panel, {column, end});

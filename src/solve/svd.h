@@ -10,8 +10,9 @@
 #include <cstdio>
 #include <type_traits>
 
-#include "frame/report.h"
 #include "frame/lanes.h"
+#include "frame/report.h"
+#include "solve/rotation_chain.h"
 
 namespace ztmath {
 
@@ -35,11 +36,6 @@ struct NoTrace {
 /// The trace switch. Off in every build; a build for a close look at V turns it on here.
 inline constexpr bool svd_trace = false;
 using SvdTrace = std::conditional_t<svd_trace, PrintTrace, NoTrace>;
-
-/// A plane rotation.
-struct Givens {
-    double c, s;
-};
 
 /// Where a decomposition works; all arrays are the caller's.
 struct SvdArrays {
@@ -321,7 +317,7 @@ class SvdIteration {
         super_[k] = f;
         w_[k] = x;
         rotate_right(right, first, k);
-        rotate_chain(u_, height_, left, first, k, m_);
+        rotate_chain(u(first), height_, m_, left + first, k - first);
     }
 
     void rotate_right(const Givens* rotations, int first, int k) {
@@ -335,50 +331,8 @@ class SvdIteration {
                 }
             }
         } else {
-            rotate_chain(v_, n_, rotations, first, k, n_);
+            rotate_chain(v(first), n_, n_, rotations + first, k - first);
         }
-    }
-
-    static void rotate(double* __restrict p, double* __restrict q, Givens r, int n) {
-        for (int i = 0; i < n; ++i) {
-            const double x = p[i];
-            const double z = q[i];
-            p[i] = x * r.c + z * r.s;
-            q[i] = z * r.c - x * r.s;
-        }
-    }
-
-    /// Rotates rows (first, first + 1), (first + 1, first + 2), ... of a matrix, by strips of
-    /// columns in which the row that two rotations share stays in registers.
-    static void rotate_chain(double* rows, int stride, const Givens* rotations, int first, int k,
-                             int n) {
-        constexpr int strip = 8;
-        int column = 0;
-        for (; column + strip <= n; column += strip)
-            rotate_strip<strip>(rows + column, stride, rotations, first, k);
-        for (; column < n; ++column)
-            rotate_strip<1>(rows + column, stride, rotations, first, k);
-    }
-
-    template <int Width>
-    static void rotate_strip(double* rows, std::ptrdiff_t stride, const Givens* rotations,
-                             int first, int k) {
-        double* p = rows + first * stride;
-        double shared[Width];
-        for (int i = 0; i < Width; ++i)
-            shared[i] = p[i];
-        for (int j = first; j < k; ++j, p += stride) {
-            const Givens r = rotations[j];
-            const double* __restrict q = p + stride;
-            for (int i = 0; i < Width; ++i) {
-                const double x = shared[i];
-                const double z = q[i];
-                p[i] = x * r.c + z * r.s;
-                shared[i] = z * r.c - x * r.s;
-            }
-        }
-        for (int i = 0; i < Width; ++i)
-            p[i] = shared[i];
     }
 
     int m_, n_, height_;

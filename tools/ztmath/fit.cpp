@@ -116,11 +116,12 @@ struct Scaling {
 constexpr double own_spread = 100.0;
 
 /// The better of a fit in millimetres and one of points brought to that spread.
-template <std::size_t N, class FitAt>
-auto better_fit(const Cloud<N>& cloud, const Unit& unit, FitAt fit_at) {
+template <std::size_t N, class Fit>
+Fit better_fit(const Cloud<N>& cloud, const Unit& unit,
+               Fit (*fit_at)(const Cloud<N>&, const Scaling<N>&)) {
     constexpr double clearly = 0.9;
-    auto in_millimetres = fit_at(Scaling<N>{{}, unit.millimetres});
-    auto at_own_spread = fit_at(Scaling<N>{cloud.centroid, own_spread / cloud.spread});
+    Fit in_millimetres = fit_at(cloud, Scaling<N>{{}, unit.millimetres});
+    Fit at_own_spread = fit_at(cloud, Scaling<N>{cloud.centroid, own_spread / cloud.spread});
     return at_own_spread.distances.rms < clearly * in_millimetres.distances.rms
                ? std::move(at_own_spread)
                : std::move(in_millimetres);
@@ -203,10 +204,6 @@ Line3Fit line_3d_at(const Cloud<3>& cloud, const Scaling<3>& scaling) {
     return fit;
 }
 
-Line3Fit line_through(const Cloud<3>& cloud, const Unit& unit) {
-    return better_fit(cloud, unit, [&](const Scaling<3>& s) { return line_3d_at(cloud, s); });
-}
-
 /// Gives the plane its axes: the line's direction, turned into the plane, and the one across.
 void add_axes(PlaneFit& fit, const Vec3& line_direction, const Cloud<3>& cloud) {
     const Vec3 in_plane = along(line_direction, -dot(line_direction, fit.normal), fit.normal);
@@ -216,45 +213,44 @@ void add_axes(PlaneFit& fit, const Vec3& line_direction, const Cloud<3>& cloud) 
         fit.extents[k] = cloud.extent(fit.point, fit.axes[k]);
 }
 
+/// A line of either dimension.
+template <std::size_t N, class Fit>
+Fit fit_line(const Points& points, const Unit& unit,
+             Fit (*line_at)(const Cloud<N>&, const Scaling<N>&)) {
+    const Cloud<N> cloud(points);
+    Fit fit;
+    fit.point = cloud.centroid;
+    fit.shape = cloud.shape(2, unit);
+    if (fit.shape != Shape::regular) return fit;
+    fit = better_fit(cloud, unit, line_at);
+    fit.extent = cloud.extent(fit.point, fit.direction);
+    return fit;
+}
+
 }  // namespace
 
 PlaneFit fit_plane(const Points& points, const Unit& unit) {
     const Cloud<3> cloud(points);
-    PlaneFit none;
-    none.point = cloud.centroid;
-    none.shape = cloud.shape(3, unit);
-    if (none.shape != Shape::regular) return none;
-    const Line3Fit line = line_through(cloud, unit);
+    PlaneFit fit;
+    fit.point = cloud.centroid;
+    fit.shape = cloud.shape(3, unit);
+    if (fit.shape != Shape::regular) return fit;
+    const Line3Fit line = better_fit(cloud, unit, line_3d_at);
     if (line.distances.max < cloud.resolution(unit)) {
-        none.shape = Shape::collinear;
-        return none;
+        fit.shape = Shape::collinear;
+        return fit;
     }
-    PlaneFit fit = better_fit(cloud, unit, [&](const Scaling<3>& s) { return plane_at(cloud, s); });
+    fit = better_fit(cloud, unit, plane_at);
     add_axes(fit, line.direction, cloud);
     return fit;
 }
 
 Line2Fit fit_line_2d(const Points& points, const Unit& unit) {
-    const Cloud<2> cloud(points);
-    Line2Fit none;
-    none.point = cloud.centroid;
-    none.shape = cloud.shape(2, unit);
-    if (none.shape != Shape::regular) return none;
-    Line2Fit fit =
-        better_fit(cloud, unit, [&](const Scaling<2>& s) { return line_2d_at(cloud, s); });
-    fit.extent = cloud.extent(fit.point, fit.direction);
-    return fit;
+    return fit_line<2>(points, unit, line_2d_at);
 }
 
 Line3Fit fit_line_3d(const Points& points, const Unit& unit) {
-    const Cloud<3> cloud(points);
-    Line3Fit none;
-    none.point = cloud.centroid;
-    none.shape = cloud.shape(2, unit);
-    if (none.shape != Shape::regular) return none;
-    Line3Fit fit = line_through(cloud, unit);
-    fit.extent = cloud.extent(fit.point, fit.direction);
-    return fit;
+    return fit_line<3>(points, unit, line_3d_at);
 }
 
 }  // namespace tool

@@ -1,0 +1,42 @@
+// Calls of the library that fail.
+#include "library_call.h"
+
+#include <gtest/gtest.h>
+#include <syss/host.h>
+#include <ztmath/ztmath.h>
+
+namespace {
+
+using namespace tool;
+
+template <class Body>
+std::string failure_of(Body body) {
+    try {
+        call_library(body);
+    } catch (const Failure& failure) {
+        EXPECT_EQ(failure.code, ExitCode::library);
+        return failure.message;
+    }
+    return "";
+}
+
+TEST(LibraryCall, TurnsEveryFailureIntoAMessage) {
+    EXPECT_EQ(failure_of([] { ERROR_raise("bcdf", 1, 42, "No such curve."); }),
+              "bcdf: No such curve. (reason 42)");
+    EXPECT_EQ(failure_of([] { SM_alloc(SIZE_MAX); }), "out of memory");
+    EXPECT_EQ(failure_of([] {
+                  double point[3], normal[3], statistics[3];
+                  int collinear;
+                  LSFIT_plane_to_points(nullptr, 0, point, normal, &collinear, statistics);
+              }),
+              "lsfit: There are no input points.");
+}
+
+TEST(LibraryCall, LetsRemarksPassAndRestoresTheHandler) {
+    ::testing::internal::CaptureStderr();
+    EXPECT_EQ(failure_of([] { ERROR_note("mtx3", 7, "repaired %d", 3); }), "");
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(), "ztmath: note from mtx3: repaired 3\n");
+    EXPECT_EQ(SYSS_set_report_handler({nullptr, nullptr}).call, nullptr);
+}
+
+}  // namespace

@@ -1,0 +1,176 @@
+// Pictures, read back: what they show is where the numbers say it is.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+#include "line_picture.h"
+#include "plane_picture.h"
+#include "support/random.h"
+#include "svg_document.h"
+
+namespace {
+
+using namespace tool;
+using namespace ztmath_test;
+
+const Unit& millimetres = unit_named("mm");
+
+Points scattered(int dimension, int count, double noise) {
+    Random random;
+    Points points{dimension, {}, {}};
+    for (int i = 0; i < count; ++i) {
+        points.coordinates.push_back(random.uniform(0.0, 100.0));
+        if (dimension == 3) points.coordinates.push_back(random.uniform(0.0, 60.0));
+        points.coordinates.push_back(7.0 + noise * random.normal());
+        points.lines.push_back(static_cast<std::uint32_t>(i + 1));
+    }
+    return points;
+}
+
+/// The distances in the order in which points are drawn: the farthest last.
+std::vector<double> drawn_distances(std::vector<double> distances) {
+    std::stable_sort(distances.begin(), distances.end(),
+                     [](double a, double b) { return std::fabs(a) < std::fabs(b); });
+    return distances;
+}
+
+/// Fails unless the heights of the dots are one linear function of the distances.
+void expect_heights(const std::vector<SvgElement>& dots, const std::vector<double>& distances) {
+    ASSERT_EQ(dots.size(), distances.size());
+    const auto [low, high] = std::minmax_element(distances.begin(), distances.end());
+    const auto y = [&](auto it) {
+        return dots[static_cast<std::size_t>(it - distances.begin())].number("cy");
+    };
+    const double scale = (y(high) - y(low)) / (*high - *low);
+    EXPECT_LT(scale, 0.0);
+    for (std::size_t i = 0; i < dots.size(); ++i)
+        EXPECT_NEAR(dots[i].number("cy"), y(low) + scale * (distances[i] - *low), 0.03);
+}
+
+void expect_ring_around(const SvgDocument& svg, const std::string& group, const SvgElement& dot) {
+    const auto rings = svg.find(group, "ring");
+    ASSERT_EQ(rings.size(), 1U);
+    EXPECT_EQ(rings[0].number("cx"), dot.number("cx"));
+    EXPECT_EQ(rings[0].number("cy"), dot.number("cy"));
+}
+
+TEST(PlanePicture, ShowsEveryPointAtItsDistance) {
+    for (const int count : {4, 40, 400, 1500}) {
+        SCOPED_TRACE(count);
+        const Points points = scattered(3, count, 0.1);
+        const PlaneFit fit = fit_plane(points, millimetres);
+        const SvgDocument svg(plane_picture(points, fit, millimetres, "p.txt"));
+        ASSERT_TRUE(svg.well_formed());
+        const auto dots = svg.find("distances", "dot");
+        expect_heights(dots, drawn_distances(fit.distances.of_point));
+        expect_ring_around(svg, "distances", dots.back());
+        expect_ring_around(svg, "plan", svg.find("plan", "dot").back());
+        EXPECT_EQ(svg.find("distances", "residual").size(), count <= 400 ? count : 0U);
+        EXPECT_EQ(svg.find("plan", "dot").size(), static_cast<std::size_t>(count));
+        EXPECT_EQ(svg.find("plan", "dot").back().attributes.at("fill"),
+                  dots.back().attributes.at("fill"));
+    }
+}
+
+TEST(PlanePicture, CountsEveryPointInTheHistogram) {
+    const Points points = scattered(3, 900, 0.1);
+    const PlaneFit fit = fit_plane(points, millimetres);
+    const SvgDocument svg(plane_picture(points, fit, millimetres, "p.txt"));
+    double area = 0.0, least = 1e9;
+    for (const SvgElement& bar : svg.find("histogram", "bar")) {
+        area += bar.number("height");
+        least = std::min(least, bar.number("height"));
+    }
+    // The smallest bar holds a whole number of points, and so then do all together.
+    const double points_per_pixel = std::round(900.0 * least / area) / least;
+    EXPECT_NEAR(area * points_per_pixel, 900.0, 5.0);
+}
+
+TEST(PlanePicture, ThinsOutButKeepsTheFarthest) {
+    Points points = scattered(3, 50000, 0.1);
+    points.coordinates[3 * 33333 + 2] += 9.0;
+    const PlaneFit fit = fit_plane(points, millimetres);
+    const SvgDocument svg(plane_picture(points, fit, millimetres, "p.txt"));
+    ASSERT_TRUE(svg.well_formed());
+    const auto dots = svg.find("distances", "dot");
+    EXPECT_LT(dots.size(), 3600U);
+    EXPECT_LT(svg.find("plan", "dot").size(), 3100U);
+    expect_ring_around(svg, "distances", dots.back());
+    EXPECT_NE(svg.words("distances").find("line 33334"), std::string::npos);
+    EXPECT_NE(svg.words("heading").find("50 000 points"), std::string::npos);
+    EXPECT_NE(svg.words("heading").find("about 3 000 of them drawn"), std::string::npos);
+}
+
+TEST(PlanePicture, OfExactPointsClaimsNoDistances) {
+    const Points points{3, {0, 0, 0, 10, 0, 0.1, 0, 7, 0.2}, {1, 2, 3}};
+    const PlaneFit fit = fit_plane(points, millimetres);
+    const SvgDocument svg(plane_picture(points, fit, millimetres, "p.txt"));
+    ASSERT_TRUE(svg.well_formed());
+    EXPECT_TRUE(svg.find("distances", "ring").empty());
+    EXPECT_TRUE(svg.find("distances", "band").empty());
+    EXPECT_EQ(svg.find("distances", "dot").size(), 3U);
+    EXPECT_NE(svg.words("heading").find("but for rounding"), std::string::npos);
+}
+
+TEST(LinePicture, IsInTrueProportion) {
+    for (const auto& slope : {0.0, 0.7, -40.0}) {
+        SCOPED_TRACE(slope);
+        Points points = scattered(2, 60, 3.0);
+        for (std::size_t i = 0; i < points.coordinates.size(); i += 2)
+            points.coordinates[i + 1] += slope * points.coordinates[i];
+        const Line2Fit fit = fit_line_2d(points, millimetres);
+        const SvgDocument svg(line_picture(points, fit, millimetres, "p.txt"));
+        ASSERT_TRUE(svg.well_formed());
+        expect_heights(svg.find("distances", "dot"), drawn_distances(fit.distances.of_point));
+        expect_ring_around(svg, "points", svg.find("points", "dot").back());
+        const SvgElement line = svg.find("points", "fit").at(0);
+        const auto along = [](const SvgElement& e) {
+            return Vec2{e.number("x2") - e.number("x1"), e.number("y2") - e.number("y1")};
+        };
+        const Vec2 direction = along(line);
+        EXPECT_NEAR(direction[1] / direction[0], -fit.direction[1] / fit.direction[0],
+                    0.01 * (1.0 + slope * slope));
+        const auto residuals = svg.find("points", "residual");
+        ASSERT_EQ(residuals.size(), 60U);
+        for (const SvgElement& residual : residuals)  // they stand square on the line
+            EXPECT_NEAR(dot(along(residual), direction) / length(direction), 0.0, 0.03);
+    }
+}
+
+TEST(LinePicture, OfALineInSpaceShowsItFromTheSideAndEndOn) {
+    const Points points = scattered(3, 50, 1.0);
+    const Line3Fit fit = fit_line_3d(points, millimetres);
+    const SvgDocument svg(line_picture(points, fit, millimetres, "p.txt"));
+    ASSERT_TRUE(svg.well_formed());
+    expect_heights(svg.find("distances", "dot"), drawn_distances(fit.distances.of_point));
+    const auto dots = svg.find("end-view", "dot");
+    const SvgElement rms = svg.find("end-view", "band").at(0);
+    const double per_unit = rms.number("r") / fit.distances.rms;
+    EXPECT_NEAR(std::hypot(dots.back().number("cx") - rms.number("cx"),
+                           dots.back().number("cy") - rms.number("cy")),
+                fit.distances.max * per_unit, 0.05);
+}
+
+TEST(Picture, StaysWellFormedWhateverTheFileIsCalled) {
+    const Points points = scattered(3, 9, 0.1);
+    const PlaneFit fit = fit_plane(points, millimetres);
+    for (const char* name : {"a&b<c>\"d\".txt", "\xff\xfe\x01\x1b.txt", "\u00e9\u4e2d\U0001f600",
+                             "\xc0\x80 \xed\xa0\x80 \xf4\x90\x80\x80 \xe4\xb8", ""}) {
+        const SvgDocument svg(plane_picture(points, fit, millimetres, name));
+        EXPECT_TRUE(svg.well_formed()) << name;
+    }
+    const std::string long_name =
+        std::string(16, 'a') + "\u4e2d" + std::string(60, 'b') + "\u4e2d" + std::string(15, 'c');
+    EXPECT_NE(SvgDocument(plane_picture(points, fit, millimetres, long_name))
+                  .words("heading")
+                  .find("through " + std::string(16, 'a') + "\u2026" + std::string(15, 'c') + "\n"),
+              std::string::npos);
+    EXPECT_NE(SvgDocument(plane_picture(points, fit, millimetres, "d/a&\u00e9\xff"))
+                  .words("heading")
+                  .find("Plane through a&\u00e9?"),
+              std::string::npos);
+}
+
+}  // namespace

@@ -1,0 +1,178 @@
+// The program as a person or a script calls it.
+#include <gtest/gtest.h>
+#include <ztmath/ztmath.h>
+
+#include <nlohmann/json.hpp>
+
+#include "run_tool.h"
+#include "support/random.h"
+#include "svg_document.h"
+
+namespace {
+
+using namespace ztmath_test;
+using nlohmann::json;
+
+const char* const square = "0 0 0.1\n10 0 -0.1\n10 10 0.1\n0 10 -0.1\n";
+
+TEST(Program, ExitCodesTellWhatHappened) {
+    const Workshop w;
+    w.file("square", square);
+    w.file("line", "0 0 0\n1 1 1\n2 2 2\n");
+    w.file("broken", "0 0 0\n1 1\n");
+    const struct {
+        const char* arguments;
+        int code;
+        const char* error;  // how the standard error begins
+    } cases[]{
+        {"fit plane square", 0, ""},
+        {"fit line square", 0, ""},
+        {"fit plane line", 1, "ztmath: line: collinear: the points lie on one line"},
+        {"fit plane line --json --svg x.svg", 1, "ztmath: line: collinear: "},
+        {"fit plane -", 1, "ztmath: standard input: too few points: a plane needs 3"},
+        {"fit line --2d /dev/null", 1, "ztmath: /dev/null: too few points: a line needs 2"},
+        {"", 2, "A subcommand is required"},
+        {"fit", 2, ""},
+        {"fit plane", 2, "FILE is required"},
+        {"fit plane square square", 2, ""},
+        {"fit plane square --unit ell", 2, "--unit: ell not in {mm,inch,m,um,deg,none}"},
+        {"fit circle square", 2, ""},
+        {"fit plane missing", 3, "ztmath: cannot read missing: No such file or directory\n"},
+        {"fit plane .", 3, "ztmath: cannot read .: Is a directory\n"},
+        {"fit plane broken", 3, "ztmath: broken:2: 3 numbers expected (x y z), found 2\n"},
+        {"fit line --2d square", 3, "ztmath: square:1: 2 numbers expected (x y), found 3\n"},
+        {"fit plane square --svg no/x.svg", 4,
+         "ztmath: cannot write no/x.svg: No such file or directory\n"},
+        {"fit plane square --svg /dev/full", 4,
+         "ztmath: cannot write /dev/full: No space left on device\n"},
+        {"fit plane square >/dev/full", 4,
+         "ztmath: cannot write the standard output: No space left on device\n"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.arguments);
+        const auto outcome = w.run(c.arguments);
+        EXPECT_EQ(outcome.code, c.code);
+        EXPECT_EQ(outcome.error.substr(0, std::string(c.error).size()), c.error);
+        EXPECT_EQ(outcome.error.empty(), c.code == 0);
+    }
+    EXPECT_FALSE(std::filesystem::exists(w.path("x.svg")));
+}
+
+TEST(Program, HelpTeaches) {
+    const Workshop w;
+    EXPECT_EQ(w.run("--version").code, 0);
+    EXPECT_EQ(w.run("--version").out.substr(0, 7), "ztmath ");
+    EXPECT_NE(w.run("--help").out.find("ztmath fit plane --svg"), std::string::npos);
+    for (const char* command : {"fit plane --help", "fit line --help"}) {
+        const auto outcome = w.run(command);
+        EXPECT_EQ(outcome.code, 0);
+        for (const char* part :
+             {"Examples:", "File format:", "Units:", "Exit codes:", "--unit", "--json", "--svg"})
+            EXPECT_NE(outcome.out.find(part), std::string::npos) << part;
+    }
+}
+
+TEST(Program, PrintsATable) {
+    const Workshop w;
+    w.file("square.csv", "x;y;z\n0;0;0.1\n10;0;-0.1\n10;10;0.1\n0;10;-0.1\n");
+    const auto outcome = w.run("fit plane square.csv --unit inch");
+    EXPECT_EQ(outcome.code, 0);
+    for (const char* line :
+         {"Least-squares plane through square.csv\n", "  points            4\n",
+          "neither coincident nor collinear\n",
+          "  point (centroid)   5.000000   5.000000   0.000000  in\n",
+          "  distance             0.1000     0.1000     0.1000  in\n", "  farthest point    line "})
+        EXPECT_NE(outcome.out.find(line), std::string::npos) << line << outcome.out;
+    EXPECT_NE(w.run("fit plane -", "1 1 1\n2 2 2\n3 3 3\n").out.find("shape   collinear: "),
+              std::string::npos);
+}
+
+TEST(Program, JsonHoldsTheLibrarysNumbers) {
+    Random random;
+    std::vector<double> points;
+    json lines = json::array();
+    std::string text;
+    for (int i = 0; i < 300; ++i)
+        for (const double x : {random.uniform(0, 1e3), random.uniform(0, 300), random.normal()}) {
+            points.push_back(x);
+            text += json(x).dump() + (points.size() % 3 == 0 ? "\n" : " ");
+        }
+    double point[3], normal[3], statistics[3];
+    int collinear;
+    LSFIT_plane_to_points(points.data(), 300, point, normal, &collinear, statistics);
+
+    const Workshop w;
+    w.file("p.txt", text);
+    const json result = json::parse(w.run("fit plane --json p.txt").out);
+    EXPECT_EQ(result["fit"], "plane");
+    EXPECT_EQ(result["count"], 300);
+    EXPECT_EQ(result["unit"], "mm");
+    EXPECT_EQ(result["shape"], "regular");
+    EXPECT_EQ(result["collinear"], false);
+    for (std::size_t k = 0; k < 3; ++k) {
+        EXPECT_EQ(result["point"][k].get<double>(), point[k]);
+        EXPECT_EQ(result["normal"][k].get<double>(), normal[k]);
+    }
+    const json& distances = result["distances"];
+    EXPECT_NEAR(distances["max"].get<double>(), statistics[0], 1e-12);
+    EXPECT_NEAR(distances["rms"].get<double>(), statistics[1], 1e-12);
+    EXPECT_NEAR(distances["mean"].get<double>(), statistics[2], 1e-12);
+    const std::size_t farthest = distances["farthest"]["line"].get<std::size_t>() - 1;
+    for (std::size_t k = 0; k < 3; ++k)
+        EXPECT_EQ(distances["farthest"]["point"][k].get<double>(), points[3 * farthest + k]);
+
+    const auto piped = w.run("fit plane --json -", text);
+    json from_stdin = json::parse(piped.out);
+    EXPECT_EQ(from_stdin["source"], "standard input");
+    from_stdin["source"] = "p.txt";
+    EXPECT_EQ(from_stdin, result);
+}
+
+TEST(Program, JsonOfLines) {
+    const Workshop w;
+    const json plane = json::parse(w.run("fit line --2d --json -", "0 3\n1 3\n2 3\n").out);
+    EXPECT_EQ(plane["dimension"], 2);
+    EXPECT_EQ(plane["point"], json::parse("[1.0, 3.0]"));
+    EXPECT_EQ(plane["distances"]["max"], 0.0);
+    const json space = json::parse(w.run("fit line --json -", square).out);
+    EXPECT_EQ(space["dimension"], 3);
+    EXPECT_LT(space["plane_distances"]["max"], space["distances"]["max"]);
+    const json none = json::parse(w.run("fit line --json -", "1 2 3\n1 2 3\n").out);
+    EXPECT_EQ(none["shape"], "coincident");
+    EXPECT_EQ(none["coincident"], true);
+    EXPECT_FALSE(none.contains("direction"));
+    w.file("\xff\xfe", square);
+    EXPECT_EQ(json::parse(w.run("fit plane --json '\xff\xfe'").out)["count"], 4);
+}
+
+TEST(Program, DrawsIntoAFile) {
+    const Workshop w;
+    w.file("square", square);
+    for (const char* what : {"plane", "line"}) {
+        EXPECT_EQ(w.run(std::string("fit ") + what + " square --svg out.svg").code, 0);
+        const SvgDocument svg(contents(w.path("out.svg")));
+        ASSERT_TRUE(svg.well_formed());
+        EXPECT_EQ(svg.find("distances", "dot").size(), 4U);
+    }
+}
+
+TEST(Program, TakesAMillionPoints) {
+    const Workshop w;
+    std::string text;
+    char line[80];
+    unsigned noise = 1;
+    for (int i = 0; i < 1000000; ++i) {
+        noise = noise * 1664525U + 1013904223U;
+        std::snprintf(line, sizeof line, "%d %d %.4f\n", i % 1000, i / 1000,
+                      1e-10 * noise + (i == 765432 ? 5.0 : 0.0));
+        text += line;
+    }
+    const auto outcome = w.run("fit plane --json - --svg out.svg", text);
+    ASSERT_EQ(outcome.code, 0);
+    const json result = json::parse(outcome.out);
+    EXPECT_EQ(result["count"], 1000000);
+    EXPECT_EQ(result["distances"]["farthest"]["line"], 765433);
+    EXPECT_LT(std::filesystem::file_size(w.path("out.svg")), 2000000U);
+}
+
+}  // namespace

@@ -1,0 +1,61 @@
+// Calls the built program.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+namespace ztmath_test {
+
+inline std::string contents(const std::filesystem::path& path) {
+    std::ostringstream text;
+    text << std::ifstream(path, std::ios::binary).rdbuf();
+    return text.str();
+}
+
+/// A directory of the running test's own.
+class Workshop {
+  public:
+    Workshop() {
+        std::string name = ::testing::TempDir() + "ztmath_tool_XXXXXX";
+        if (mkdtemp(name.data()) == nullptr) throw std::filesystem::filesystem_error(name, {});
+        directory_ = name;
+    }
+    ~Workshop() { std::filesystem::remove_all(directory_); }
+    Workshop(const Workshop&) = delete;
+    Workshop& operator=(const Workshop&) = delete;
+
+    std::filesystem::path path(const std::string& name) const { return directory_ / name; }
+
+    std::string file(const std::string& name, const std::string& text) const {
+        std::ofstream(path(name), std::ios::binary) << text;
+        return path(name).string();
+    }
+
+    struct Outcome {
+        int code;
+        std::string out;
+        std::string error;
+    };
+
+    /// Runs `ztmath ARGUMENTS`, which the shell sees as they are, in this directory.
+    Outcome run(const std::string& arguments, const std::string& input = {}) const {
+        file("stdin", input);
+        const std::string command = "cd '" + directory_.string() + "' && '" ZTMATH_TOOL "' " +
+                                    arguments + " <stdin 2>stderr " +
+                                    (arguments.find('>') == std::string::npos ? ">stdout" : "");
+        const int status = std::system(command.c_str());
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contents(path("stdout")),
+                contents(path("stderr"))};
+    }
+
+  private:
+    std::filesystem::path directory_;
+};
+
+}  // namespace ztmath_test

@@ -1,0 +1,19 @@
+// How a subcommand joins the program: it adds its options to its parent and itself to the list.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <vector>
+
+#include "failure.h"
+
+namespace tool {
+
+struct Command {
+    CLI::App* app;
+    std::function<ExitCode()> run;  // when app was named on the command line
+};
+
+using Commands = std::vector<Command>;
+
+}  // namespace tool

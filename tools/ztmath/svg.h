@@ -1,0 +1,51 @@
+// Drawings as SVG text.
+#pragma once
+
+#include <string>
+
+namespace tool {
+
+/// A rectangle in pixels, y pointing down.
+struct Box {
+    double x;
+    double y;
+    double width;
+    double height;
+
+    double right() const { return x + width; }
+    double bottom() const { return y + height; }
+};
+
+struct Pixel {
+    double x;
+    double y;
+};
+
+/// Builds a drawing. How things look is in the style sheet of svg.cpp; `look` names one of its
+/// classes, or several.
+class Svg {
+  public:
+    Svg(double width, double height, const std::string& title, const std::string& description);
+
+    void open_group(const std::string& id);
+    /// A group of which only what lies in the box is seen.
+    void open_clipped_group(const std::string& id, const Box& box);
+    void close_group();
+
+    void line(Pixel from, Pixel to, const char* look);
+    void circle(Pixel centre, double radius, const char* look, const std::string& fill = {});
+    void rectangle(const Box& box, const char* look, const std::string& fill = {});
+    void text(Pixel at, const std::string& words, const char* look);
+    /// Text that reads upwards.
+    void upright_text(Pixel at, const std::string& words, const char* look);
+
+    std::string str() const;
+
+  private:
+    void element(const char* name, const std::string& attributes, const char* look,
+                 const std::string& fill);
+
+    std::string text_;
+};
+
+}  // namespace tool

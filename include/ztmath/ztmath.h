@@ -13,9 +13,15 @@
 #define ZTMATH_ZTMATH_H
 
 #include <ztmath/acom.h>
+#include <ztmath/box3.h>
+#include <ztmath/csys.h>
 #include <ztmath/lsfit.h>
+#include <ztmath/mc.h>
 #include <ztmath/mtx3.h>
+#include <ztmath/mtx4.h>
 #include <ztmath/nr.h>
+#include <ztmath/pln3.h>
+#include <ztmath/pnt3.h>
 #include <ztmath/session.h>
 #include <ztmath/solve.h>
 #include <ztmath/tolerance.h>

@@ -21,6 +21,10 @@ inline void store(const Mat3& m, double* p) {
     store(m.z, p + 6);
 }
 
+constexpr Mat3 transposed(const Mat3& m) {
+    return {{m.x.x, m.y.x, m.z.x}, {m.x.y, m.y.y, m.z.y}, {m.x.z, m.y.z, m.z.z}};
+}
+
 /// M v: the components of v along the rows of M.
 constexpr Vec3 operator*(const Mat3& m, Vec3 v) {
     return {dot(m.x, v), dot(m.y, v), dot(m.z, v)};

@@ -55,6 +55,9 @@ constexpr Vec3 operator+(Vec3 a, Vec3 b) {
 constexpr Vec3 operator-(Vec3 a, Vec3 b) {
     return {a.x - b.x, a.y - b.y, a.z - b.z};
 }
+constexpr Vec3 operator-(Vec3 a) {
+    return {-a.x, -a.y, -a.z};
+}
 constexpr Vec3 operator*(Vec3 a, double s) {
     return {a.x * s, a.y * s, a.z * s};
 }

@@ -30,7 +30,7 @@ double largest_magnitude(const double* row, Size n) {
 
 /// Writes the scales; false if a row is entirely zero.
 template <class Rows, class Size>
-bool find_scales(Rows& a, Size n, double* scales) {
+bool find_scales(Rows a, Size n, double* scales) {
     for (int i = 0; i < n; ++i) {
         const double largest = largest_magnitude(a[i], n);
         if (largest == 0.0) return false;
@@ -41,7 +41,7 @@ bool find_scales(Rows& a, Size n, double* scales) {
 
 /// The row whose scaled element in column j is largest; the last one of equals.
 template <class Rows, class Size>
-int best_pivot_row(Rows& a, Size n, int j, const double* scales) {
+int best_pivot_row(Rows a, Size n, int j, const double* scales) {
     int best = j;
     double best_merit = 0.0;
     for (int i = j; i < n; ++i) {
@@ -55,7 +55,7 @@ int best_pivot_row(Rows& a, Size n, int j, const double* scales) {
 }
 
 template <class Rows, class Size>
-void exchange_pivot_row(Rows& a, Size n, int j, Pivoting& pivoting) {
+void exchange_pivot_row(Rows a, Size n, int j, Pivoting& pivoting) {
     const int best = best_pivot_row(a, n, j, pivoting.scales);
     if (best != j) {
         std::swap_ranges(a[j], a[j] + n, a[best]);
@@ -67,7 +67,7 @@ void exchange_pivot_row(Rows& a, Size n, int j, Pivoting& pivoting) {
 
 /// Pivots column j and eliminates it from the columns after it, up to `end`.
 template <class Rows, class Size>
-void eliminate_column(Rows& a, Size n, int j, int end, Pivoting& pivoting) {
+void eliminate_column(Rows a, Size n, int j, int end, Pivoting& pivoting) {
     constexpr double tiny_pivot = 1e-20;
     exchange_pivot_row(a, n, j, pivoting);
     if (a[j][j] == 0.0) a[j][j] = tiny_pivot;

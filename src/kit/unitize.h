@@ -34,7 +34,7 @@ Unitized<V> unitize_unchecked(V u, double tolerance) {
 
 /// Squared sine within the squared tolerance; a null vector is parallel to everything.
 template <class V>
-bool is_parallel(V u, V v, double tolerance) {
+bool is_parallel_unchecked(V u, V v, double tolerance) {
     if (is_null(u) || is_null(v)) return true;
     const double squared_sine =
         length_squared(cross(u, v)) / (length_squared(u) * length_squared(v));
@@ -43,7 +43,7 @@ bool is_parallel(V u, V v, double tolerance) {
 
 /// Squared cosine within the squared tolerance; a null vector is perpendicular to everything.
 template <class V>
-bool is_perpendicular(V u, V v, double tolerance) {
+bool is_perpendicular_unchecked(V u, V v, double tolerance) {
     if (is_null(u) || is_null(v)) return true;
     const double cosine = dot(u, v);
     const double squared_cosine = cosine * cosine / (length_squared(u) * length_squared(v));

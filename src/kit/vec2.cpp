@@ -34,12 +34,12 @@ int VEC2_unitize(const double u[2], double tolerance, double* magnitude, double 
 
 int VEC2_is_parallel(const double u[2], const double v[2], double tolerance) {
     assert_finite(load2(u), load2(v));
-    return is_parallel(load2(u), load2(v), tolerance);
+    return is_parallel_unchecked(load2(u), load2(v), tolerance);
 }
 
 int VEC2_is_perpendicular(const double u[2], const double v[2], double tolerance) {
     assert_finite(load2(u), load2(v));
-    return is_perpendicular(load2(u), load2(v), tolerance);
+    return is_perpendicular_unchecked(load2(u), load2(v), tolerance);
 }
 
 int VEC2_ask_perpendicular(const double u[2], double out[2]) {

@@ -33,6 +33,16 @@ void assert_finite(Vec3 u, Vec3 v) {
 
 }  // namespace
 
+bool is_parallel(Vec3 u, Vec3 v, double tolerance) {
+    assert_finite(u, v);
+    return is_parallel_unchecked(u, v, tolerance);
+}
+
+bool is_perpendicular(Vec3 u, Vec3 v, double tolerance) {
+    assert_finite(u, v);
+    return is_perpendicular_unchecked(u, v, tolerance);
+}
+
 Vec3 perpendicular(Vec3 u) {
     ZTMATH_ASSERT(report, "VEC3_is_finite (u)", is_finite(u));
     if (is_null(u)) return {0.0, 0.0, 0.0};
@@ -77,12 +87,10 @@ int VEC3_unitize(const double u[3], double tolerance, double* magnitude, double 
 }
 
 int VEC3_is_parallel(const double u[3], const double v[3], double tolerance) {
-    assert_finite(load3(u), load3(v));
     return is_parallel(load3(u), load3(v), tolerance);
 }
 
 int VEC3_is_perpendicular(const double u[3], const double v[3], double tolerance) {
-    assert_finite(load3(u), load3(v));
     return is_perpendicular(load3(u), load3(v), tolerance);
 }
 

@@ -13,6 +13,11 @@ inline Unitized<Vec3> unitize(Vec3 u, double tolerance = null_length) {
     return unitize_unchecked(u, tolerance);
 }
 
+/// Sine or cosine of the angle between two directions within the tolerance; a null vector is both
+/// parallel and perpendicular to everything.
+bool is_parallel(Vec3 u, Vec3 v, double tolerance);
+bool is_perpendicular(Vec3 u, Vec3 v, double tolerance);
+
 /// A vector perpendicular to u, as long as the two larger components of u; zero if u is null.
 Vec3 perpendicular(Vec3 u);
 

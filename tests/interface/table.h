@@ -31,6 +31,7 @@ struct Call {
 
 std::vector<Call> frame_calls();
 std::vector<Call> kit_calls();
+std::vector<Call> transform_calls();
 std::vector<Call> solve_calls();
 std::vector<Call> fit_calls();
 

@@ -1,0 +1,160 @@
+// The compact vector kit, 4x4 transforms, and predicates on planes, points, boxes and frames.
+#include <algorithm>
+#include <tuple>
+#include <type_traits>
+
+#include "interface/table.h"
+#include "support/rotation.h"
+#include "ztmath/box3.h"
+#include "ztmath/csys.h"
+#include "ztmath/mc.h"
+#include "ztmath/mtx4.h"
+#include "ztmath/pln3.h"
+#include "ztmath/pnt3.h"
+
+namespace ztmath_test {
+
+namespace {
+
+/// The next argument of a call: an input array, a number in an array of its own, an output array.
+struct Arguments {
+    template <class Parameter>
+    Parameter next() {
+        if constexpr (std::is_same_v<Parameter, double*>)
+            return *out++;
+        else if constexpr (std::is_same_v<Parameter, const double*>)
+            return *in++;
+        else
+            return **in++;
+    }
+    In in;
+    Out out;
+};
+
+template <class Result, class... Parameters>
+double called(Result (*function)(Parameters...), In in, Out out) {
+    Arguments arguments{in, out};
+    const std::tuple<Parameters...> values{arguments.next<Parameters>()...};
+    if constexpr (std::is_void_v<Result>) {
+        std::apply(function, values);
+        return 0;
+    } else {
+        return std::apply(function, values);
+    }
+}
+
+/// The row of a function whose parameters say which of its arrays are written.
+template <auto function>
+Call row(const char* name, std::vector<std::size_t> inputs, std::vector<std::size_t> outputs = {},
+         void (*prepare)(Random&, Arrays&) = nullptr) {
+    return {name, std::move(inputs), std::move(outputs),
+            [](In in, Out out) { return called(function, in, out); }, prepare};
+}
+
+/// The row of a function that changes an array in place.
+template <auto function, std::size_t size>
+Call in_place(const char* name, void (*prepare)(Random&, Arrays&) = nullptr) {
+    const auto run = [](In in, Out out) {
+        std::copy_n(in[0], size, out[0]);
+        return called(function, in, out);
+    };
+    return {name, {size}, {size}, run, prepare, false};
+}
+
+/// Puts the axes of frames, and the blocks of transforms, in the place of numbers.
+void prepare_rotations(Random& random, Arrays& inputs) {
+    for (auto& array : inputs) {
+        const Matrix r = random_rotation(random);
+        if (array.size() == 12) std::copy(r.begin(), r.end(), array.begin() + 3);
+        if (array.size() != 16) continue;
+        for (std::size_t i = 0; i < 9; ++i)
+            array[i + i / 3] = r[i] + (i % 2 == 0 ? 1.0e-12 : 0);
+    }
+}
+
+/// Makes the inputs of MTX4_csys_to_csys origins and axes.
+void prepare_axes(Random& random, Arrays& inputs) {
+    for (const std::size_t frame : {0, 3}) {
+        const Matrix r = random_rotation(random);
+        std::copy_n(r.begin(), 3, inputs[frame + 1].begin());
+        std::copy_n(r.begin() + 3, 3, inputs[frame + 2].begin());
+    }
+}
+
+}  // namespace
+
+std::vector<Call> transform_calls() {
+    return {
+        row<MC_v_copy>("MC_v_copy", {3}, {3}),
+        row<MC_AmB>("MC_AmB", {3, 3}, {3}),
+        row<MC_ApB>("MC_ApB", {3, 3}, {3}),
+        row<MC_aA>("MC_aA", {1, 3}, {3}),
+        row<MC_aApB>("MC_aApB", {1, 3, 3}, {3}),
+        row<MC_AxB>("MC_AxB", {3, 3}, {3}),
+        row<MC_A_dot_B>("MC_A_dot_B", {3, 3}),
+        row<MC_triple_product>("MC_triple_product", {3, 3, 3}),
+        row<MC_length>("MC_length", {3}),
+        row<MC_length2>("MC_length2", {3}),
+        row<MC_dist>("MC_dist", {3, 3}),
+        row<MC_dist2>("MC_dist2", {3, 3}),
+        in_place<MC_v_unit, 3>("MC_v_unit"),
+        row<MC_q_parallel>("MC_q_parallel", {3, 3}),
+        row<MC_q_perp>("MC_q_perp", {3, 3}),
+        row<MC_get_angle>("MC_get_angle", {3, 3}),
+        row<MC_perp_vec>("MC_perp_vec", {3}, {3}),
+        row<MC_determinant>("MC_determinant", {12}),
+        row<MC_solve_3>("MC_solve_3", {12}, {3}),
+        row<MC_dist_lines>("MC_dist_lines", {3, 3, 3, 3}),
+        row<MC_signed_dist_planes>("MC_signed_dist_planes", {3, 1, 3, 1}),
+        row<MC_signed_dist_plane_axis>("MC_signed_dist_plane_axis", {3, 1, 3, 3}),
+        row<MC_proj_point_onto_line>("MC_proj_point_onto_line", {3, 3, 3}, {3}),
+        row<MC_perp_from_line_to_point>("MC_perp_from_line_to_point", {3, 3, 3}, {3}),
+        row<MC_q_point_on_line>("MC_q_point_on_line", {3, 3, 3}),
+        row<MC_proj_point_onto_plane>("MC_proj_point_onto_plane", {3, 3, 1}, {3}),
+        row<MC_axis_plane_x>("MC_axis_plane_x", {3, 3, 3, 1}, {3}),
+        row<MC_apply_transform_to_vector>("MC_apply_transform_to_vector", {16, 3}, {3}),
+        row<MC_apply_transform_to_point>("MC_apply_transform_to_point", {16, 3}, {3}),
+        row<MC_calc_csys_to_csys_transform>("MC_calc_csys_to_csys_transform", {12, 12}, {16},
+                                            prepare_rotations),
+        row<MTX4_multiply>("MTX4_multiply", {16, 16}, {16}),
+        row<MTX4_multiply_t>("MTX4_multiply_t", {16, 16}, {16}),
+        row<MTX4_is_ortho_normal>("MTX4_is_ortho_normal", {16}, {}, prepare_rotations),
+        in_place<MTX4_ortho_normalize, 16>("MTX4_ortho_normalize", prepare_rotations),
+        in_place<MTX4_fixup, 16>("MTX4_fixup", prepare_rotations),
+        row<MTX4_is_equal>("MTX4_is_equal", {16, 16, 1}, {}, prepare_rotations),
+        row<MTX4_is_identity>("MTX4_is_identity", {16, 1}, {}, prepare_rotations),
+        row<MTX4_is_equal_transform>("MTX4_is_equal_transform", {16, 16, 1, 1, 1}, {},
+                                     prepare_rotations),
+        row<MTX4_invert>("MTX4_invert", {16}, {16}),
+        row<MTX4_scaling>("MTX4_scaling", {3, 3}, {16}),
+        row<MTX4_rotation>("MTX4_rotation", {3, 3, 1}, {16}),
+        row<MTX4_mirror>("MTX4_mirror", {3, 3}, {16}),
+        row<MTX4_csys_to_csys>("MTX4_csys_to_csys", {3, 3, 3, 3, 3, 3}, {16}, prepare_axes),
+        row<PLN3_is_point_on_plane>("PLN3_is_point_on_plane", {6, 3, 1}),
+        row<PLN3_is_coincident>("PLN3_is_coincident", {6, 6, 1, 1}),
+        row<PLN3_is_equal>("PLN3_is_equal", {6, 6, 1, 1}),
+        row<PLN3_is_segment_intersecting>("PLN3_is_segment_intersecting", {6, 3, 3, 1}),
+        row<PNT3_is_colinear>("PNT3_is_colinear", {3, 3, 3, 1}),
+        row<PNT3_colinear_condition>("PNT3_colinear_condition", {3, 3, 3, 1}),
+        {"PNT3_ask_closest_point",
+         {3, 3, 12},
+         {3},
+         [](In in, Out out) -> double {
+             PNT3_ask_closest_point(in[0], in[1], in[2], 4, out[0]);
+             return 0;
+         }},
+        {"BOX3_expand_with_box",
+         {6, 6},
+         {6},
+         [](In in, Out out) -> double {
+             std::copy_n(in[1], 6, out[0]);
+             BOX3_expand_with_box(in[0], out[0]);
+             return 0;
+         },
+         nullptr,
+         false},
+        row<CSYS_map_csys>("CSYS_map_csys", {12, 12}, {12}, prepare_rotations),
+    };
+}
+
+}  // namespace ztmath_test

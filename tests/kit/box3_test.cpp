@@ -1,0 +1,34 @@
+// Axis-aligned boxes.
+#include "ztmath/box3.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+
+namespace {
+
+using Box = std::array<double, 6>;
+
+TEST(Box3ExpandWithBox, TakesInBothCorners) {
+    const Box unit = {0, 1, 0, 1, 0, 1};
+    struct {
+        Box add, expected;
+    } const rows[] = {
+        {{0.2, 0.8, 0.2, 0.8, 0.2, 0.8}, unit},
+        {{-1, 0.5, 0.5, 3, 0.5, 0.5}, {-1, 1, 0, 3, 0, 1}},
+        {{5, 6, -6, -5, 0, 2}, {0, 6, -6, 1, 0, 2}},
+        {{3, -2, 0, 1, 0, 1}, {-2, 3, 0, 1, 0, 1}},  // inverted: its corners are taken in
+        {{NAN, 2, 0, NAN, 0, 1}, {0, 2, 0, 1, 0, 1}},
+    };
+    for (const auto& row : rows) {
+        Box box = unit;
+        BOX3_expand_with_box(row.add.data(), box.data());
+        EXPECT_EQ(box, row.expected);
+    }
+    Box box = {3, -3, 0, 1, 0, 1};
+    BOX3_expand_with_box(unit.data(), box.data());
+    EXPECT_EQ(box, (Box{0, 1, 0, 1, 0, 1})) << "an inverted box grows from its corners";
+}
+
+}  // namespace

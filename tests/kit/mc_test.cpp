@@ -1,0 +1,334 @@
+// The compact vector kit.
+#include "ztmath/mc.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <numbers>
+#include <string>
+
+#include "support/reports.h"
+#include "support/session.h"
+#include "support/vectors.h"
+
+namespace {
+
+using namespace ztmath_test;
+
+using System = std::array<double, 12>;
+
+const Report null_vector = raised("mc_math", 17, "tried to unitize null vector");
+const Report singular = raised("mc_math", 17, "zero determinant in linear system");
+const std::string null_vector_line = "\nERROR: zero vector in unitize\n";
+const std::string singular_line = "\nERROR: zero determinant in 3 by 3 system\n";
+
+/// What a call reports; each report comes with its line on standard output.
+Reports reports_of(const std::function<void()>& call) {
+    ReportRecorder recorder;
+    testing::internal::CaptureStdout();
+    call();
+    std::string expected;
+    for (const Report& report : recorder.reports())
+        expected += report == singular ? singular_line : null_vector_line;
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), expected);
+    return recorder.take();
+}
+
+Vector unitized(Vector v) {
+    MC_v_unit(v.data());
+    return v;
+}
+
+TEST(McArithmetic, TakesOperandsInTheOrderOfTheNames) {
+    const Vector a = {1, 2, 3};
+    const Vector b = {7, -5, 11};
+    const Vector c = {2, 3, 5};
+    Vector out;
+    MC_v_copy(a.data(), out.data());
+    EXPECT_EQ(out, a);
+    MC_AmB(a.data(), b.data(), out.data());
+    EXPECT_EQ(out, (Vector{-6, 7, -8}));
+    MC_ApB(a.data(), b.data(), out.data());
+    EXPECT_EQ(out, (Vector{8, -3, 14}));
+    MC_aA(-2, a.data(), out.data());
+    EXPECT_EQ(out, (Vector{-2, -4, -6}));
+    MC_aApB(-2, a.data(), b.data(), out.data());
+    EXPECT_EQ(out, (Vector{5, -9, 5}));
+    MC_AxB(a.data(), b.data(), out.data());
+    EXPECT_EQ(out, (Vector{37, 10, -19}));
+    EXPECT_EQ(MC_A_dot_B(a.data(), b.data()), 30);
+    EXPECT_EQ(MC_triple_product(a.data(), b.data(), c.data()), 9);
+    EXPECT_EQ(MC_length2(b.data()), 195);
+    EXPECT_EQ(MC_length(b.data()), std::sqrt(195.0));
+    EXPECT_EQ(MC_dist2(a.data(), b.data()), 149);
+    EXPECT_EQ(MC_dist(a.data(), b.data()), std::sqrt(149.0));
+}
+
+TEST(McUnitize, ReportsShortVectorsAndDividesThemAllTheSame) {
+    for (const int level : {0, 1}) {
+        const CheckingLevel checking(level);
+        Vector v;
+        EXPECT_EQ(reports_of([&] { v = unitized({1.0e-4, 0, 0}); }), Reports{});
+        EXPECT_EQ(v, (Vector{1, 0, 0}));
+        EXPECT_EQ(reports_of([&] {
+                      v = unitized({0, std::nextafter(1.0e-4, 0), 0});
+                  }),
+                  Reports{null_vector});
+        EXPECT_EQ(v, (Vector{0, 1, 0}));
+        EXPECT_EQ(reports_of([&] { v = unitized({0, 0, -0.5e-4}); }), Reports{null_vector});
+        EXPECT_EQ(v, (Vector{-0.0, -0.0, -1}));
+        EXPECT_EQ(reports_of([&] { v = unitized({0, 0, 0}); }), Reports{null_vector});
+        EXPECT_TRUE(std::isnan(v[0]));
+        EXPECT_EQ(reports_of([&] { v = unitized({NAN, 0, 0}); }), Reports{});
+    }
+    EXPECT_EQ(unitized({1, 2, 4.5})[1], 2 / std::sqrt(25.25)) << "divided, not multiplied";
+}
+
+TEST(McDirections, CompareWhatIsNotDividedByTheLengths) {
+    // The squared sine is s * s exactly: 1.7453292519943296e-5 lies between the two squares.
+    const double s = std::sqrt(1.7453292519943296e-5);
+    const Vector x = {1, 0, 0};
+    const auto parallel = [&](const Vector& v) { return MC_q_parallel(x.data(), v.data()); };
+    EXPECT_EQ(parallel({1, s * 0.999999, 0}), 1);
+    EXPECT_EQ(parallel({-1, 0, s * 1.000001}), 0);
+    EXPECT_EQ(parallel({10, 10 * s * 0.999999, 0}), 0) << "longer vectors tighten the test";
+    EXPECT_EQ(parallel({0, s * 0.5, 0}), 1) << "short vectors pass";
+    const auto perpendicular = [&](double cosine) {
+        const Vector v = {cosine, 1, 0};
+        return MC_q_perp(x.data(), v.data());
+    };
+    EXPECT_EQ(perpendicular(1.0e-4), 0);
+    EXPECT_EQ(perpendicular(std::nextafter(1.0e-4, 0)), 1);
+    EXPECT_EQ(perpendicular(-1.0e-4), 0);
+    EXPECT_EQ(perpendicular(NAN), 0);
+    EXPECT_EQ(parallel({NAN, 0, 0}), 0);
+}
+
+TEST(McGetAngle, IsExactNearTheEndsAndRightBetween) {
+    const Vector x = {1, 0, 0};
+    const auto angle_at = [&](double angle) {
+        const Vector v = {std::cos(angle), std::sin(angle), 0};
+        return MC_get_angle(x.data(), v.data());
+    };
+    EXPECT_EQ(angle_at(0.0003), 0);
+    EXPECT_EQ(angle_at(std::numbers::pi - 0.0003), std::numbers::pi);
+    for (double angle = 0.0005; angle < 3.141; angle += 0.001)
+        EXPECT_NEAR(angle_at(angle), angle, 1.0e-12);
+}
+
+TEST(McPerpVec, DividesByALargeComponent) {
+    struct {
+        Vector a, along;
+    } const rows[] = {
+        {{0.5, 0.5, std::sqrt(0.5)}, {1, 0, -0.5 / std::sqrt(0.5)}},
+        {{-0.5, 0.6, std::sqrt(0.39)}, {1, 0.5 / 0.6, 0}},
+        {{0.6, -0.8, 0}, {0.8 / 0.6, 1, 0}},
+    };
+    for (const auto& row : rows) {
+        Vector out;
+        MC_perp_vec(row.a.data(), out.data());
+        EXPECT_EQ(out, unitized(row.along));
+    }
+    Random random;
+    for (int round = 0; round < rounds(1000); ++round) {
+        const Vector a = random_unit(random);
+        Vector out;
+        MC_perp_vec(a.data(), out.data());
+        ASSERT_NEAR(dot(a, out), 0, 1.0e-15);
+        ASSERT_NEAR(length(out), 1, 1.0e-15);
+    }
+}
+
+TEST(McSolve3, SolvesAndLeavesTheSystem) {
+    Random random;
+    for (int round = 0; round < rounds(1000); ++round) {
+        const auto system = random.vector<12>();
+        auto same = system;
+        Vector x;
+        MC_solve_3(same.data(), x.data());
+        ASSERT_EQ(same, system);
+        Matrix a;
+        for (std::size_t i = 0; i < 9; ++i)
+            a[i] = system[i + i / 3];
+        const double d = determinant(a);
+        ASSERT_NEAR(MC_determinant(system.data()), d, 1.0e-13);
+        for (std::size_t i = 0; i < 3; ++i)
+            ASSERT_NEAR(dot(row(a, i), x), system[4 * i + 3], 1.0e-12 / std::fabs(d));
+        MC_solve_3(same.data(), same.data() + 4);
+        ASSERT_EQ((Vector{same[4], same[5], same[6]}), x) << "over a row";
+    }
+}
+
+TEST(McSolve3, ReportsASmallDeterminantAndDividesByItAllTheSame) {
+    const auto diagonal = [](double d) { return System{1, 0, 0, 3, 0, d, 0, 5, 0, 0, 1, 7}; };
+    for (const double d : {1.0e-8, 0.99e-8, -0.99e-8, 0.0}) {
+        const System system = diagonal(d);
+        Vector x;
+        EXPECT_EQ(reports_of([&] { MC_solve_3(system.data(), x.data()); }),
+                  std::fabs(d) < 1.0e-8 ? Reports{singular} : Reports{});
+        EXPECT_EQ(x[1], 5 / d);
+        EXPECT_EQ(system, diagonal(d));
+    }
+    // A report that unwinds leaves everything.
+    const ReportRecorder unwinding([](const Report& report) { throw report; });
+    const System system = diagonal(1.0e-9);
+    Vector x = {7, 7, 7};
+    EXPECT_THROW(MC_solve_3(system.data(), x.data()), Report);
+    EXPECT_EQ(x, (Vector{7, 7, 7}));
+    EXPECT_EQ(system, diagonal(1.0e-9));
+}
+
+TEST(McDistLines, IsThatOfTheCommonPerpendicular) {
+    Random random;
+    for (int round = 0; round < rounds(1000); ++round) {
+        const Vector d1 = random.vector();
+        const Vector d2 = random.vector();
+        const Vector normal = cross(d1, d2);
+        const Vector foot = random.vector();
+        const double apart = random.uniform(0, 5);
+        const Vector p1 = moved(foot, random.normal(), d1);
+        const Vector p2 = moved(moved(foot, apart / length(normal), normal), random.normal(), d2);
+        ASSERT_NEAR(MC_dist_lines(d1.data(), p1.data(), d2.data(), p2.data()), apart,
+                    1.0e-14 * (10 + length(p2)) / length(normal));
+        const Vector across = moved(foot, apart / length(normal), normal);
+        ASSERT_NEAR(MC_dist_lines(d1.data(), foot.data(), d1.data(), across.data()),
+                    apart * length(d1) >= 1.0e-4 && apart >= 1.0e-4 ? apart : 0, 1.0e-13);
+    }
+}
+
+TEST(McDistLines, TellsParallelLinesByTheProductOfTheDirections) {
+    const Vector origin = {0, 0, 0};
+    const auto distance = [&](const Vector& d1, const Vector& d2, const Vector& p2) {
+        return MC_dist_lines(d1.data(), origin.data(), d2.data(), p2.data());
+    };
+    const Vector x = {1, 0, 0};
+    // Crossing lines, unless they are taken for parallel.
+    EXPECT_NEAR(distance(x, {1, 1.01e-4, 0}, {0, 2, 0}), 0, 1.0e-15);
+    EXPECT_EQ(distance(x, {1, 0.99e-4, 0}, {0, 2, 0}), 2);
+    EXPECT_EQ(distance(x, x, {0, 0.99e-4, 0}), 0);
+    EXPECT_EQ(distance(x, x, {5, 0.99e-4, 0}), 0) << "apart along the lines only";
+    EXPECT_EQ(distance({1000, 0, 0}, x, {0, 0.99e-4, 0}), 0) << "whatever the length of d1";
+    EXPECT_NEAR(distance(x, x, {5, 1.01e-4, 0}), 1.01e-4, 1.0e-18);
+    double apart = 0;
+    for (const double length : {0.1, 1.0e-3})
+        EXPECT_EQ(reports_of([&] {
+                      apart = distance({length, 0, 0}, x, {0, 0.2, 0});
+                  }),
+                  length * length * 0.2 < 1.0e-4 ? Reports{null_vector} : Reports{});
+    EXPECT_DOUBLE_EQ(apart, 0.2);
+}
+
+TEST(McPlanes, MeasureAlongTheFirstNormal) {
+    const Vector z = {0, 0, 1};
+    const Vector minus_z = {0, 0, -1};
+    const Vector tilted = {0, 0.01, 1};
+    EXPECT_EQ(MC_signed_dist_planes(z.data(), 2, z.data(), 5), 3);
+    EXPECT_EQ(MC_signed_dist_planes(z.data(), 2, minus_z.data(), 5), -7);
+    EXPECT_EQ(MC_signed_dist_planes(z.data(), 2, tilted.data(), 5), 0);
+    const Vector null = {0, 0, 0};
+    EXPECT_EQ(MC_signed_dist_planes(z.data(), 2, null.data(), 5), -7) << "a product of 0 turns";
+
+    const Vector along = {3, 4, 0.99e-4};
+    const Vector point = {1, 1, 7};
+    EXPECT_EQ(MC_signed_dist_plane_axis(z.data(), 2, along.data(), point.data()), 5);
+    EXPECT_EQ(MC_signed_dist_plane_axis(z.data(), 2, tilted.data(), point.data()), 0);
+}
+
+TEST(McProjections, DropPerpendiculars) {
+    Random random;
+    for (int round = 0; round < rounds(1000); ++round) {
+        const Vector u = random_unit(random);
+        const Vector p = random.vector();
+        const Vector q = random.vector();
+        const double d = random.normal();
+        Vector foot, away, on_plane;
+        MC_proj_point_onto_line(p.data(), u.data(), q.data(), foot.data());
+        ASSERT_LT(length(cross(moved(foot, -1, q), u)), 1.0e-14) << "on the line";
+        ASSERT_NEAR(dot(moved(p, -1, foot), u), 0, 1.0e-14) << "straight below p";
+        MC_perp_from_line_to_point(p.data(), u.data(), q.data(), away.data());
+        ASSERT_LT(distance(moved(foot, MC_dist(p.data(), foot.data()), away), p), 1.0e-14);
+        MC_proj_point_onto_plane(p.data(), u.data(), d, on_plane.data());
+        ASSERT_NEAR(dot(on_plane, u), d, 1.0e-14);
+        ASSERT_LT(length(cross(moved(p, -1, on_plane), u)), 1.0e-14);
+    }
+    const Vector x = {1, 0, 0};
+    const Vector origin = {0, 0, 0};
+    const Vector on = {5, 0, 1.0e-4};
+    const Vector off = {5, 0, 1.0001e-4};
+    EXPECT_EQ(MC_q_point_on_line(on.data(), x.data(), origin.data()), 1);
+    EXPECT_EQ(MC_q_point_on_line(off.data(), x.data(), origin.data()), 0);
+    Vector out;
+    EXPECT_EQ(reports_of([&] {
+                  MC_perp_from_line_to_point(x.data(), x.data(), origin.data(), out.data());
+              }),
+              Reports{null_vector});
+}
+
+/// The system that MC_axis_plane_x is to solve when a component of the direction is its pivot.
+System line_and_plane(const Vector& e, const Vector& p, const Vector& n, double d, int pivot) {
+    const std::array<double, 4> across[] = {{0, e[2], -e[1], e[2] * p[1] - e[1] * p[2]},
+                                            {-e[2], 0, e[0], e[0] * p[2] - e[2] * p[0]},
+                                            {e[1], -e[0], 0, e[1] * p[0] - e[0] * p[1]}};
+    System system = {n[0], n[1], n[2], d};
+    auto end = system.begin() + 4;
+    for (int k = 0; k < 3; ++k)
+        if (k != pivot) end = std::copy(across[k].begin(), across[k].end(), end);
+    return system;
+}
+
+TEST(McAxisPlaneX, PivotsOnTheFirstLargestComponent) {
+    struct {
+        Vector direction;
+        int pivot;
+    } const rows[] = {{{3, -2, 1}, 0},      {{1, 3, 2}, 1},      {{1, 2, -3}, 2},
+                      {{1, 1, 0}, 0},       {{-3, 3, 2}, 0},     {{3, 2, -3}, 0},
+                      {{1, -3, 3}, 1},      {{3, -3, 3}, 0},     {{1, 1.7, -0.3}, 1},
+                      {{0.3, 0.3, 0.3}, 0}, {{0.1, 0.7, 0.7}, 1}};
+    Random random;
+    for (const auto& row : rows)
+        for (int round = 0; round < rounds(50); ++round) {
+            const Vector p = random.vector();
+            const Vector n = random.vector();
+            const double d = random.normal();
+            Vector out, expected;
+            MC_axis_plane_x(row.direction.data(), p.data(), n.data(), d, out.data());
+            MC_solve_3(line_and_plane(row.direction, p, n, d, row.pivot).data(), expected.data());
+            ASSERT_EQ(out, expected);
+            const double slack = 1.0e-13 / std::fabs(dot(row.direction, n));
+            ASSERT_NEAR(dot(out, n), d, slack * (1 + length(p)));
+            ASSERT_LT(length(cross(moved(out, -1, p), row.direction)), 100 * slack);
+        }
+    const Vector in_plane = {1, -1, 0};
+    const Vector n = {1, 1, 5};
+    Vector out;
+    EXPECT_EQ(
+        reports_of([&] { MC_axis_plane_x(in_plane.data(), n.data(), n.data(), 1, out.data()); }),
+        Reports{singular});
+}
+
+TEST(McTransforms, CarryOneFrameOntoAnother) {
+    Random random;
+    for (int round = 0; round < rounds(1000); ++round) {
+        const Frame from(random);
+        const Frame to(random);
+        const Vector p = random.vector();
+        const Vector q = random.vector();
+        std::array<double, 16> m;
+        MC_calc_csys_to_csys_transform(from.data(), to.data(), m.data());
+        Vector image, difference;
+        MC_apply_transform_to_point(m.data(), from.at(p).data(), image.data());
+        ASSERT_LT(distance(image, to.at(p)), 1.0e-14);
+        const Vector way = moved(from.at(q), -1, from.at(p));
+        MC_apply_transform_to_vector(m.data(), way.data(), difference.data());
+        ASSERT_LT(distance(moved(image, 1, difference), to.at(q)), 1.0e-14);
+        ASSERT_EQ((std::array{m[12], m[13], m[14], m[15]}), (std::array{0.0, 0.0, 0.0, 1.0}));
+
+        MC_calc_csys_to_csys_transform(from.data(), from.data(), m.data());
+        const std::array<double, 16> still = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+        ASSERT_LT(distance(m, still), 1.0e-14);
+    }
+}
+
+}  // namespace

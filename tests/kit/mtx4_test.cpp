@@ -1,0 +1,276 @@
+// 4x4 transforms.
+#include "ztmath/mtx4.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "support/reports.h"
+#include "support/session.h"
+#include "support/vectors.h"
+#include "ztmath/mc.h"
+#include "ztmath/mtx3.h"
+#include "ztmath/solve.h"
+
+namespace {
+
+using namespace ztmath_test;
+
+using Transform = std::array<double, 16>;
+
+constexpr Transform still = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+constexpr Transform untouched = {7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 7};
+
+/// Calls a builder or the inversion; one that fails must leave its output.
+template <class Build>
+Transform built(Build build, int expected = 0) {
+    Transform m = untouched;
+    EXPECT_EQ(build(m.data()), expected);
+    EXPECT_EQ(m == untouched, expected == 1);
+    return m;
+}
+
+Transform rotation(const Vector& point, const Vector& axis, double angle, int expected = 0) {
+    return built([&](double* m) { return MTX4_rotation(point.data(), axis.data(), angle, m); },
+                 expected);
+}
+
+Transform mirror(const Vector& point, const Vector& normal, int expected = 0) {
+    return built([&](double* m) { return MTX4_mirror(point.data(), normal.data(), m); }, expected);
+}
+
+Transform scaling(const Vector& centre, const Vector& factors) {
+    Transform m;
+    MTX4_scaling(centre.data(), factors.data(), m.data());
+    return m;
+}
+
+/// The motion of frames that are given by two directions, none of them unit.
+Transform motion(const Frame& from, const Frame& to, int expected = 0) {
+    const Vector x1 = scaled(row(from.axes, 0), 1.0e5);
+    const Vector y1 = scaled(row(from.axes, 1), 0.3);
+    const Vector x2 = scaled(row(to.axes, 0), 0.7);
+    const Vector y2 = scaled(row(to.axes, 1), 1.0e-5);
+    return built(
+        [&](double* m) {
+            return MTX4_csys_to_csys(from.origin.data(), x1.data(), y1.data(), to.origin.data(),
+                                     x2.data(), y2.data(), m);
+        },
+        expected);
+}
+
+Transform inverse(const Transform& m, int expected = 0) {
+    return built([&](double* out) { return MTX4_invert(m.data(), out); }, expected);
+}
+
+Transform after(const Transform& first, const Transform& second) {
+    Transform r;
+    MTX4_multiply(first.data(), second.data(), r.data());
+    return r;
+}
+
+Vector image(const Transform& m, const Vector& p) {
+    Vector out;
+    MC_apply_transform_to_point(m.data(), p.data(), out.data());
+    return out;
+}
+
+/// That a transform keeps lengths and angles, and handedness or not, and that its inverse undoes
+/// it.
+void expect_motion(const Transform& m, int handedness) {
+    const Matrix block = {m[0], m[1], m[2], m[4], m[5], m[6], m[8], m[9], m[10]};
+    EXPECT_LT(distance(product(block, transposed(block)), identity), 3.0e-15);
+    EXPECT_NEAR(determinant(block), handedness, 3.0e-15);
+    EXPECT_EQ((std::array{m[12], m[13], m[14], m[15]}), (std::array{0.0, 0.0, 0.0, 1.0}));
+    EXPECT_LT(distance(after(m, inverse(m)), still), 1.0e-14);
+    EXPECT_LT(distance(after(inverse(m), m), still), 1.0e-14);
+}
+
+TEST(Mtx4Builders, MakeMotionsThatDoWhatTheySay) {
+    const CheckingLevel on(1);
+    ReportRecorder recorder;
+    Random random;
+    for (int round = 0; round < rounds(2000) && !testing::Test::HasFailure(); ++round) {
+        const Vector point = random.vector();
+        const Vector unit = random_unit(random);
+        const Vector direction = scaled(unit, std::exp(random.uniform(-20, 20)));
+        const Vector p = random.vector();
+        const double angle = random.uniform(-400, 400);
+
+        const Transform turned = rotation(point, direction, angle);
+        expect_motion(turned, 1);
+        EXPECT_LT(distance(image(turned, moved(point, 2, unit)), moved(point, 2, unit)), 2.0e-14);
+        const Vector across = cross(unit, random_unit(random));
+        const double radians = angle * std::acos(-1.0) / 180;
+        const Vector expected =
+            moved(moved(point, std::cos(radians), across), std::sin(radians), cross(unit, across));
+        EXPECT_LT(distance(image(turned, moved(point, 1, across)), expected), 3.0e-14);
+
+        const Transform mirrored = mirror(point, direction);
+        expect_motion(mirrored, -1);
+        EXPECT_LT(distance(image(mirrored, p), moved(p, 2 * dot(moved(point, -1, p), unit), unit)),
+                  2.0e-14);
+
+        const Frame from(random);
+        const Frame to(random);
+        const Transform moving = motion(from, to);
+        expect_motion(moving, 1);
+        EXPECT_LT(distance(image(moving, from.at(p)), to.at(p)), 2.0e-14);
+        EXPECT_LT(distance(motion(from, from), still), 1.0e-14);
+
+        const Vector factors = random.vector();
+        const Vector scaled_up = image(scaling(point, factors), p);
+        for (std::size_t k = 0; k < 3; ++k)
+            EXPECT_NEAR(scaled_up[k], point[k] + factors[k] * (p[k] - point[k]), 2.0e-14);
+    }
+    EXPECT_EQ(recorder.take(), Reports{});
+    EXPECT_EQ(image(mirror({0, 0, 1}, {0, 0, 2}), {0, 0, 3}), (Vector{0, 0, -1}));
+    EXPECT_EQ(image(scaling({1, 1, 1}, {2, 2, 2}), {2, 1, 1}), (Vector{3, 1, 1}));
+    EXPECT_EQ(image(scaling({1, 1, 1}, {0, -1, 1}), {2, 3, 5}), (Vector{1, -1, 5}));
+}
+
+TEST(Mtx4Builders, RefuseNullDirections) {
+    const Vector null = {0.99e-10, 0, 0};
+    const Vector short_one = {1.01e-10, 0, 0};
+    const Vector o = {1, 2, 3};
+    rotation(o, null, 30, 1);
+    rotation(o, short_one, 30);
+    mirror(o, null, 1);
+    mirror(o, short_one);
+    const Frame good(o, identity);
+    for (const std::size_t axis : {0, 1}) {
+        Frame bad = good;
+        bad.axes[4 * axis] = 0;
+        motion(good, bad, 1);
+        motion(bad, good, 1);
+    }
+    const Frame no_numbers(o, {NAN, NAN, NAN, 0, 1, 0});
+    motion(good, no_numbers, 1);
+    // Directions that are not perpendicular stand for the absolute axes.
+    const Frame skew({1, 0, 0}, {1, 1, 0, 1, 0, 0});
+    const Frame turned({0, 5, 0}, {0, 1, 0, -1, 0, 0});
+    EXPECT_LT(distance(image(motion(skew, turned), {3, 0, 0}), {0, 7, 0}), 1.0e-15);
+}
+
+TEST(Mtx4Rotation, ReversesTheAxisAndTakesItsOwnDegree) {
+    EXPECT_EQ(rotation({1, 2, 3}, {0, 0, 1}, -90), rotation({1, 2, 3}, {0, 0, -1}, 90));
+    const Transform half = rotation({0, 0, 0}, {0, 0, 1}, 180);
+    EXPECT_EQ(half[4], std::sin(180 * 0.01745329251994328)) << "not that of pi / 180";
+    EXPECT_NE(half[4], std::sin(std::acos(-1.0)));
+
+    ReportRecorder recorder;
+    for (const int level : {0, 1}) {
+        const CheckingLevel checking(level);
+        rotation({0, 0, 0}, {0, 0, 1}, NAN);
+    }
+    EXPECT_EQ(recorder.take(), Reports{assertion("mtx3", "MTX3_is_ortho_normal (r)")});
+}
+
+TEST(Mtx4Multiply, SumsRowsOfTheSecondOverTheFirst) {
+    Random random;
+    for (int round = 0; round < rounds(200); ++round) {
+        const Transform a = random.vector<16>();
+        const Transform b = random.vector<16>();
+        Transform expected{}, expected_t{}, r;
+        for (std::size_t i = 0; i < 4; ++i)
+            for (std::size_t j = 0; j < 4; ++j)
+                for (std::size_t k = 0; k < 4; ++k) {
+                    expected[4 * i + j] += b[4 * i + k] * a[4 * k + j];
+                    expected_t[4 * i + j] += b[4 * i + k] * a[4 * j + k];
+                }
+        ASSERT_EQ(after(a, b), expected);
+        MTX4_multiply_t(a.data(), b.data(), r.data());
+        ASSERT_EQ(r, expected_t);
+    }
+}
+
+/// The inverse by the routines for systems of any size.
+Transform inverse_by_columns(Transform lu, int expected) {
+    double* rows[] = {&lu[0], &lu[4], &lu[8], &lu[12]};
+    int exchanges[4];
+    double sign;
+    return built(
+        [&](double* out) {
+            if (ludcmp_a(rows, 4, exchanges, &sign) != 0) return 1;
+            for (int j = 0; j < 4; ++j) {
+                double column[4] = {};
+                column[j] = 1;
+                lubksb_a(rows, 4, exchanges, column);
+                for (int i = 0; i < 4; ++i)
+                    out[4 * i + j] = column[i];
+            }
+            return 0;
+        },
+        expected);
+}
+
+TEST(Mtx4Invert, HasTheBitsOfTheDecomposition) {
+    const NoBlocksLeft no_blocks_left;
+    const double special[] = {0, 0, -0.0, 1, -1, 0.5, 1.0e-300, 1.0e300, HUGE_VAL, -HUGE_VAL, NAN};
+    const auto same = [](double x, double y) {
+        return std::isnan(x) ? std::isnan(y) : x == y && std::signbit(x) == std::signbit(y);
+    };
+    Random random;
+    int singular = 0;
+    for (int round = 0; round < rounds(20000); ++round) {
+        // Whole numbers tie pivots and make zero ones.
+        Transform m;
+        for (double& element : m) {
+            element = round % 2 == 0 ? random.normal() : random.integer(-2, 2);
+            if (random.integer(0, 20) < round % 3) element = special[random.integer(0, 10)];
+        }
+        Transform out = untouched;
+        const int status = MTX4_invert(m.data(), out.data());
+        const Transform expected = inverse_by_columns(m, status);
+        ASSERT_TRUE(std::equal(out.begin(), out.end(), expected.begin(), same))
+            << testing::PrintToString(m);
+        singular += status;
+    }
+    EXPECT_GT(singular, rounds(10));
+
+    const Transform zero_row = {1, 2, 3, 4, 5, 6, 7, 8, 0, 0, 0, 0, 9, 8, 7, 5};
+    inverse(zero_row, 1);
+    const Transform equal_rows = {1, 2, 0, 0, 1, 2, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+    EXPECT_GT(std::fabs(inverse(equal_rows)[0]), 1.0e19) << "inverted, not refused";
+}
+
+TEST(Mtx4IsEqual, AsksForTheSameOrthonormality) {
+    Transform m = still;
+    m[0] = 1 + 1.0e-13;
+    EXPECT_EQ(MTX4_is_ortho_normal(m.data()), 0);
+    EXPECT_EQ(MTX4_is_identity(m.data(), 1), 0);
+    EXPECT_EQ(MTX4_is_equal_transform(m.data(), still.data(), 1, 0, 0), 0);
+    EXPECT_EQ(MTX4_is_equal(m.data(), m.data(), 0), 1);
+    m = {1, 0, 0, 3, 0, 1, 0, 0, 0, 0, 1, 4, 2, 0, 0, 1.5};
+    EXPECT_EQ(MTX4_is_ortho_normal(m.data()), 1);
+    EXPECT_EQ(MTX4_is_identity(m.data(), 4), 1);
+    EXPECT_EQ(MTX4_is_identity(m.data(), 3.9), 0);
+    EXPECT_EQ(MTX4_is_equal_transform(m.data(), still.data(), 0, 5, 0.5), 1);
+    EXPECT_EQ(MTX4_is_equal_transform(m.data(), still.data(), 0, 4.9, 0.5), 0);
+    EXPECT_EQ(MTX4_is_equal_transform(m.data(), still.data(), 0, 5, 0.4), 0);
+    m[7] = NAN;
+    EXPECT_EQ(MTX4_is_equal(m.data(), m.data(), 1), 0);
+}
+
+TEST(Mtx4Repair, ChangesTheBlockOnly) {
+    const CheckingLevel on(1);
+    ReportRecorder recorder;
+    const Transform drifted = {1, 0, 1.0e-11, 3, 0, 1, 0, 5, 0, 0, 1, 7, 9, 11, 13, 15};
+    const Transform repaired = {1, 0, 0, 3, 0, 1, 0, 5, 0, 0, 1, 7, 9, 11, 13, 15};
+    for (const auto repair : {MTX4_ortho_normalize, MTX4_fixup}) {
+        Transform m = drifted;
+        EXPECT_EQ(repair(m.data()), 1);
+        EXPECT_EQ(m, repaired);
+    }
+    Transform m = repaired;
+    EXPECT_EQ(MTX4_ortho_normalize(m.data()), 0);
+    EXPECT_EQ(recorder.take(), Reports{});
+    m[0] = 0;
+    m[2] = 1.0e-11;
+    EXPECT_EQ(MTX4_fixup(m.data()), 0);
+    EXPECT_EQ(m[2], 0) << "the block is written all the same";
+    EXPECT_EQ(recorder.take(), Reports{note("mtx3_privileged", "X vector of matrix is zero")});
+}
+
+}  // namespace

@@ -1,0 +1,86 @@
+// Points: collinearity, order along a line, the closest of many.
+#include "ztmath/pnt3.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <vector>
+
+#include "support/session.h"
+#include "support/vectors.h"
+#include "ztmath/acom.h"
+
+namespace {
+
+using namespace ztmath_test;
+
+TEST(Pnt3Colinear, TakesOneToleranceForASquaredLengthAndASquaredSine) {
+    const Vector a = {0, 0, 0};
+    const Vector b = {1, 0, 0};
+    const auto colinear = [&](const Vector& c, double tolerance) {
+        return PNT3_is_colinear(a.data(), b.data(), c.data(), tolerance);
+    };
+    const double bend = 0.1;
+    const Vector c = {1 + 10 * std::cos(bend), 10 * std::sin(bend), 0};
+    EXPECT_EQ(colinear(c, std::pow(std::sin(bend), 2) * 1.0001), 1);
+    EXPECT_EQ(colinear(c, std::pow(std::sin(bend), 2) * 0.9999), 0);
+    EXPECT_EQ(colinear({-5, 0, 0}, 1.0e-12), 1) << "folded back";
+    EXPECT_EQ(colinear({1, 0.5, 0}, 0.25), 0) << "the squared distance must be less";
+    EXPECT_EQ(colinear({1, 0.5, 0}, std::nextafter(0.25, 1)), 1);
+    EXPECT_EQ(colinear({0, 0.5, 0}, std::nextafter(0.25, 1)), 1);
+    EXPECT_EQ(colinear({1, 5, 0}, 1), 0) << "and so must the squared sine";
+    EXPECT_EQ(colinear({5, 5, 0}, 1.0001), 1) << "a near b";
+    EXPECT_EQ(colinear(b, 0), 0) << "nothing is less than 0";
+}
+
+TEST(Pnt3ColinearCondition, RunsAlongTheLine) {
+    struct {
+        Vector c;
+        double tolerance;
+        int expected;
+    } const rows[] = {
+        {{-1, 0, 0}, 1.0e-6, 2},     {{0, 0, 0}, 1.0e-6, 3},           {{1, 0, 0}, 1.0e-6, 4},
+        {{2, 0, 0}, 1.0e-6, 5},      {{3, 0, 0}, 1.0e-6, 6},           {{0, 1, 0}, 1.0e-6, 1},
+        {{1.0e-6, 0, 0}, 1.0e-6, 3}, {{1.1e-6, 0, 0}, 1.0e-6, 4},      {{1.5, 0, 0}, 0.5, 5},
+        {{1, 0, 0}, 1, 3},           {{1.9e-3, 0.5e-3, 0}, 1.0e-5, 4},
+    };
+    const Vector a = {0, 0, 0};
+    const Vector b = {2, 0, 0};
+    for (const auto& row : rows)
+        EXPECT_EQ(PNT3_colinear_condition(a.data(), b.data(), row.c.data(), row.tolerance),
+                  row.expected)
+            << row.c[0] << ", " << row.c[1] << " within " << row.tolerance;
+    EXPECT_EQ(PNT3_colinear_condition(a.data(), a.data(), b.data(), 1.0e-6), 6) << "a = b";
+}
+
+TEST(Pnt3AskClosestPoint, DecidesTiesByTheAngleOffTheAxis) {
+    const double before = acom_.tolerances[ZTMATH_LENGTH_TOLERANCE];
+    acom_.tolerances[ZTMATH_LENGTH_TOLERANCE] = 0.1;
+    const Vector p = {0, 0, 0};
+    const Vector x = {2, 0, 0};
+    const auto closest = [&](const std::vector<Vector>& points) {
+        Vector out = {7, 7, 7};
+        const auto* first = points.empty() ? nullptr : points[0].data();
+        PNT3_ask_closest_point(p.data(), x.data(), first, static_cast<int>(points.size()),
+                               out.data());
+        return out;
+    };
+    const Vector untouched = {7, 7, 7};
+    const Vector ahead = {-3, 0, 0};  // from here the way to p runs along the axis
+    const Vector beside = {0, 3, 0};
+    const Vector behind = {3, 0, 0};
+    EXPECT_EQ(closest({}), untouched);
+    EXPECT_EQ(closest({behind, beside, ahead}), ahead);
+    EXPECT_EQ(closest({ahead, beside, behind}), ahead);
+    EXPECT_EQ(closest({beside, {0, -3, 0}, {0, 0, 3}}), beside) << "equal angles: the first";
+    EXPECT_EQ(closest({behind, {-3.09, 0, 0}}), (Vector{-3.09, 0, 0})) << "a tie may be farther";
+    EXPECT_EQ(closest({behind, {-3.11, 0, 0}}), behind);
+    EXPECT_EQ(closest({ahead, {2.91, 0, 0}}), ahead);
+    EXPECT_EQ(closest({ahead, {2.89, 0, 0}}), (Vector{2.89, 0, 0}));
+    // Kept oddity: each tie is with the best so far, which may recede from the closest.
+    EXPECT_EQ(closest({behind, {0, 3.09, 0}, {-3.18, 0, 0}}), (Vector{-3.18, 0, 0}));
+    EXPECT_EQ(closest({{NAN, 0, 0}, beside})[1], 0) << "nothing is closer than what is no point";
+    acom_.tolerances[ZTMATH_LENGTH_TOLERANCE] = before;
+}
+
+}  // namespace

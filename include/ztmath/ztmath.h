@@ -13,9 +13,12 @@
 #define ZTMATH_ZTMATH_H
 
 #include <ztmath/acom.h>
+#include <ztmath/banded.h>
 #include <ztmath/lsfit.h>
 #include <ztmath/mtx3.h>
 #include <ztmath/nr.h>
+#include <ztmath/nr_functions.h>
+#include <ztmath/roots.h>
 #include <ztmath/session.h>
 #include <ztmath/solve.h>
 #include <ztmath/tolerance.h>

@@ -5,10 +5,10 @@
 #include <cmath>
 #include <numbers>
 
+#include "frame/acom.h"
 #include "solve/roots.h"
 #include "solve/term_sum.h"
 #include "ztmath/roots.h"
-#include "ztmath/tolerance.h"
 
 namespace ztmath {
 
@@ -64,16 +64,20 @@ double clamped_cosine(double r, double m) {
     return r / m;
 }
 
+/// k cos(theta/3) and the same a third and two thirds of a turn on, less the shift.
 RealRoots three_roots(double q_sum, double r_sum, double shift) {
-    constexpr double two_pi = 2.0 * std::numbers::pi;
+    constexpr double sine_of_third = 0.5 * std::numbers::sqrt3;
     // A positive discriminant beside a negative q is rounding: the roots are one.
     const double q = q_sum > 0.0 ? q_sum / 9.0 : 0.0;
     const double theta = std::acos(clamped_cosine(r_sum / 54.0, std::sqrt(q * q * q)));
     const double k = -2.0 * std::sqrt(q);
+    const double cosine = std::cos(theta / 3.0);
+    const double middle = -0.5 * cosine;
+    const double swing = sine_of_third * std::sin(theta / 3.0);
     RealRoots roots;
-    roots.append(k * std::cos(theta / 3.0) - shift);
-    roots.append(k * std::cos((theta + two_pi) / 3.0) - shift);
-    roots.append(k * std::cos((theta + 2.0 * two_pi) / 3.0) - shift);
+    roots.append(k * cosine - shift);
+    roots.append(k * (middle - swing) - shift);
+    roots.append(k * (middle + swing) - shift);
     return roots;
 }
 
@@ -143,9 +147,9 @@ RealRoots cubic_roots(const double* c, double tol) {
 using namespace ztmath;
 
 int SOLVE_quadratic(const double coeffs[3], double roots[2]) {
-    return store(quadratic_roots(coeffs, EQ_ask_number_tolerance()), roots);
+    return store(quadratic_roots(coeffs, number_tolerance()), roots);
 }
 
 int SOLVE_cubic(const double coeffs[4], double roots[3]) {
-    return store(cubic_roots(coeffs, EQ_ask_number_tolerance()), roots);
+    return store(cubic_roots(coeffs, number_tolerance()), roots);
 }

@@ -2,9 +2,9 @@
 // divided out, and at the end improved on the polynomial as it was given.
 #include <cmath>
 
+#include "frame/acom.h"
 #include "solve/roots.h"
 #include "ztmath/roots.h"
-#include "ztmath/tolerance.h"
 
 namespace ztmath {
 
@@ -142,5 +142,5 @@ RealRoots real_ones(const Complex* roots, int count) {
 using namespace ztmath;
 
 int SOLVE_polynomial(int degree, const double* coeffs, double* roots) {
-    return store(polynomial_roots(degree, coeffs, EQ_ask_number_tolerance()), roots);
+    return store(polynomial_roots(degree, coeffs, number_tolerance()), roots);
 }

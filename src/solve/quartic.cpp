@@ -2,10 +2,10 @@
 // resolvent cubic.
 #include <cmath>
 
+#include "frame/acom.h"
 #include "solve/roots.h"
 #include "solve/term_sum.h"
 #include "ztmath/roots.h"
-#include "ztmath/tolerance.h"
 
 namespace ztmath {
 
@@ -257,5 +257,5 @@ RealRoots quartic_roots(const double* c, double tol) {
 using namespace ztmath;
 
 int SOLVE_quartic(const double coeffs[5], double roots[4]) {
-    return store(quartic_roots(coeffs, EQ_ask_number_tolerance()), roots);
+    return store(quartic_roots(coeffs, number_tolerance()), roots);
 }

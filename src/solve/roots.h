@@ -15,7 +15,7 @@ inline constexpr int largest_degree = 4;
 
 struct RealRoots {
     int count = 0;
-    double x[largest_degree] = {};
+    double x[largest_degree];
 
     void append(double root) { x[count++] = root; }
 };
@@ -40,10 +40,12 @@ RealRoots quartic_roots(const double* c, double tol);
 /// Of `count` complex roots those that are real, or as good as real, in their order.
 RealRoots real_ones(const Complex* roots, int count);
 
-/// Writes the roots to a caller's array and returns how many there are.
+/// Writes the roots to a caller's array, nothing behind them, and returns how many there are.
 inline int store(const RealRoots& roots, double* out) {
-    for (int i = 0; i < roots.count; ++i)
-        out[i] = roots.x[i];
+    if (roots.count > 0) out[0] = roots.x[0];
+    if (roots.count > 1) out[1] = roots.x[1];
+    if (roots.count > 2) out[2] = roots.x[2];
+    if (roots.count > 3) out[3] = roots.x[3];
     return roots.count;
 }
 

@@ -78,10 +78,11 @@ ZTMATH_API int NR_odeint(double *y, int n, double x1, double x2, double eps, dou
 
 /*
  * Integrates f over [a, b] by adaptive Simpson quadrature (McKeeman, 1962) with Richardson's
- * correction. Panels are halved until the change that halving makes says that the error of a panel
- * is within its share, by width, of tolerance times the integral of |f|, or is rounding. The first
- * division is off centre, and the first few levels are always made: a period that fits the samples
- * does not look like a constant.
+ * correction. Panels are halved until the changes that halving makes, twice in succession, say that
+ * the error of a panel is within its share of tolerance times the integral of |f|, or is rounding.
+ * The first division is off centre, and three levels are always made: a period that fits the
+ * samples does not look like a constant. What is narrower than a sixteenth of the interval may
+ * still be missed.
  *
  * f            continuous for good speed; jumps and infinite slopes are narrowed down to
  * b            may lie before a: the integral is then the negative of that from b to a

@@ -44,6 +44,7 @@ struct Sample {
 struct Panel {
     Sample left, middle, right;
     int level;
+    double change_before;  ///< what the division that made it changed, for both halves together
 
     double width() const { return right.x - left.x; }
 
@@ -63,7 +64,7 @@ struct Panel {
 
 Panel make_panel(Integrand& f, Sample left, Sample right, int level) {
     const double x = left.x + (right.x - left.x) / 2.0;
-    return {left, {x, f(x)}, right, level};
+    return {left, {x, f(x)}, right, level, HUGE_VAL};
 }
 
 /// The panels still to be looked at, the leftmost on top: one for each level and one more at most.
@@ -93,9 +94,18 @@ struct Goal {
     int max_level;
 };
 
+/// Half of the tolerance goes by what a panel holds of the integral of |f|, so that peaks need not
+/// be better than the rest; half goes by width, so that zeros need not be, either.
+double allowed_error(double tolerance, const Panel& panel, double magnitude, double share) {
+    return 0.5 * tolerance * (panel.magnitude() + magnitude * share);
+}
+
+/// Whether a panel need not be divided further. One small change may be an accident; where the
+/// integrand is smooth the change before was 32 times as large, and hardly larger anywhere else.
 bool is_resolved(const Panel& panel, double change, double allowed) {
-    return std::fabs(change) <= 15.0 * allowed ||
-           std::fabs(change) <= 8.0 * epsilon * panel.magnitude();
+    const double size = std::fabs(change);
+    return (size <= 15.0 * allowed && panel.change_before <= 64.0 * 15.0 * allowed) ||
+           size <= 8.0 * epsilon * panel.magnitude();
 }
 
 Pass integrate(Integrand& f, double a, double b, const Goal& goal) {
@@ -111,14 +121,14 @@ Pass integrate(Integrand& f, double a, double b, const Goal& goal) {
     stack.push(first);
     while (!stack.is_empty() && f.finite) {
         const Panel panel = stack.pop();
-        const Panel low = make_panel(f, panel.left, panel.middle, panel.level + 1);
-        const Panel high = make_panel(f, panel.middle, panel.right, panel.level + 1);
+        Panel low = make_panel(f, panel.left, panel.middle, panel.level + 1);
+        Panel high = make_panel(f, panel.middle, panel.right, panel.level + 1);
         const double integral = low.integral() + high.integral();
         const double change = integral - panel.integral();
         pass.magnitude += low.magnitude() + high.magnitude() - panel.magnitude();
         f.finite = f.finite && std::isfinite(change);
-        const double share = panel.width() / (b - a);
-        const double allowed = goal.tolerance * std::min(pass.magnitude, goal.magnitude) * share;
+        const double known = std::min(pass.magnitude, goal.magnitude);
+        const double allowed = allowed_error(goal.tolerance, panel, known, panel.width() / (b - a));
         const bool is_last = panel.level >= goal.max_level || panel.is_narrow();
         const bool may_stop = panel.level >= least_levels && is_resolved(panel, change, allowed);
         if (is_last || may_stop) {
@@ -126,6 +136,7 @@ Pass integrate(Integrand& f, double a, double b, const Goal& goal) {
             pass.error += std::fabs(change) / 15.0;
             pass.reached_last_level = pass.reached_last_level || (is_last && !may_stop);
         } else {
+            low.change_before = high.change_before = std::fabs(change);
             stack.push(high);
             stack.push(low);
         }

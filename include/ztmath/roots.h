@@ -40,8 +40,8 @@ ZTMATH_API int SOLVE_quadratic(const double coeffs[3], double roots[2]);
  *        smallest first, the largest second
  *
  * Returns the number of real roots, 0 to 3. With |c3| <= tol the cubic is a quadratic, with
- * |c0| <= tol^3 it has the root 0.0, which then comes last. The error of a root is a few units of
- * rounding of the largest root's size, not its own.
+ * |c0| <= tol^3 it has the root 0.0, which then comes last. Errors are relative to the size of
+ * the largest root, and grow where roots stand close together.
  */
 ZTMATH_API int SOLVE_cubic(const double coeffs[4], double roots[3]);
 

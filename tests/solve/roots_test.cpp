@@ -187,7 +187,7 @@ const Class classes[] = {
          return Factored{{}, {pair_of(r), pair_of(r)}};
      }},
     {"cluster of 1e-2", 2, 1e-10, 1e-9, [](Random& r, int d) { return clustered(r, d, 1e-2); }},
-    {"cluster of 1e-4", 2, 1e-7, 1e-7, [](Random& r, int d) { return clustered(r, d, 1e-4); }},
+    {"cluster of 1e-4", 2, 1e-6, 1e-7, [](Random& r, int d) { return clustered(r, d, 1e-4); }},
     {"double", 2, 1e-6, 1e-5, [](Random& r, int d) { return with_copies(r, d, 2); }},
     {"triple", 3, 1e-14, 1e-3, [](Random& r, int d) { return with_copies(r, d, 3); }},
     {"quadruple", 4, 0.0, 1e-3, [](Random& r, int d) { return with_copies(r, d, 4); }},
@@ -240,8 +240,10 @@ TEST(PolynomialRoots, OfKnownRootsAreFoundWithTheirNumber) {
                              ::testing::PrintToString(coeffs));
                 ASSERT_EQ(by_form.size(), f.real.size());
                 ASSERT_EQ(by_iteration.size(), f.real.size());
+                // The cubic's discriminant is a sum of its own, and that of a cluster is small.
                 for (const double x : by_form)
-                    EXPECT_LT(relative_residual(coeffs, x, f.largest()), 100.0);
+                    EXPECT_LT(relative_residual(coeffs, x, f.largest()),
+                              degree == 3 ? 1000.0 : 20.0);
                 for (const double x : by_iteration)
                     EXPECT_LT(relative_residual(coeffs, x, 0.0), 2.0);
                 worst[0] = std::max(worst[0], worst_error(by_form, f.real, f.largest(), false));

@@ -25,8 +25,7 @@
 
 ZTMATH_BEGIN_DECLS
 
-/* ---- Systems
- * ------------------------------------------------------------------------------------ */
+/* ---- Systems ----------------------------------------------------------------------------------*/
 
 /*
  * Makes a band matrix of zeros and an uninitialised right-hand side.
@@ -71,8 +70,7 @@ ZTMATH_API void mdispose_banded(double ***matrix, double **rhs);
  */
 ZTMATH_API void mdump_banded(double **matrix, const double *rhs, int n, int bw);
 
-/* ---- The error register
- * -------------------------------------------------------------------------
+/* ---- The error register -------------------------------------------------------------------------
  * Clear, both numbers are 0. The last push wins. */
 
 /* Sets the register; context is not looked at. */
@@ -85,8 +83,7 @@ ZTMATH_API void merrorflush(void);
 ZTMATH_API int merrornum(void);
 ZTMATH_API int merrorlevel(void);
 
-/* ---- Values
- * ------------------------------------------------------------------------------------- */
+/* ---- Values -----------------------------------------------------------------------------------*/
 
 /*
  * Copies values, leaving out each that is within 1e-10 of the one just before it in the input. A

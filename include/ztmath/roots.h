@@ -61,8 +61,7 @@ ZTMATH_API int SOLVE_cubic(const double coeffs[4], double roots[3]);
  */
 ZTMATH_API int SOLVE_quartic(const double coeffs[5], double roots[4]);
 
-/* ---- Iterations
- * ------------------------------------------------------------------------------ */
+/* ---- Iterations -------------------------------------------------------------------------------*/
 
 /*
  * Finds the real roots of a polynomial by Laguerre's method (Laguerre, 1880) with deflation; every

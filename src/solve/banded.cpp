@@ -10,9 +10,9 @@
 #include <cstdio>
 #include <iterator>
 
+#include "frame/lanes.h"
 #include "frame/work_array.h"
 #include "solve/error_register.h"
-#include "solve/lanes.h"
 
 namespace ztmath {
 

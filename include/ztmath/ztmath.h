@@ -13,6 +13,7 @@
 #define ZTMATH_ZTMATH_H
 
 #include <ztmath/acom.h>
+#include <ztmath/banded.h>
 #include <ztmath/box3.h>
 #include <ztmath/csys.h>
 #include <ztmath/lsfit.h>
@@ -20,8 +21,10 @@
 #include <ztmath/mtx3.h>
 #include <ztmath/mtx4.h>
 #include <ztmath/nr.h>
+#include <ztmath/nr_functions.h>
 #include <ztmath/pln3.h>
 #include <ztmath/pnt3.h>
+#include <ztmath/roots.h>
 #include <ztmath/session.h>
 #include <ztmath/solve.h>
 #include <ztmath/tolerance.h>

@@ -14,6 +14,11 @@ inline int& gca(int k) {
     return acom_.gca[k - 1];
 }
 
+/// The number tolerance: EQ_ask_number_tolerance without the call.
+inline double number_tolerance() {
+    return acom_.tolerances[ZTMATH_NUMBER_TOLERANCE];
+}
+
 /// Names for the elements of GCA that the library gives a meaning to.
 enum Gca {
     gca_system_color = 6,

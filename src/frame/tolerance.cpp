@@ -6,7 +6,7 @@
 #include "frame/acom.h"
 
 double EQ_ask_number_tolerance() {
-    return acom_.tolerances[ZTMATH_NUMBER_TOLERANCE];
+    return ztmath::number_tolerance();
 }
 
 double EQ_ask_length_tolerance() {

@@ -24,13 +24,19 @@ constexpr std::ptrdiff_t element_count(int rows, int columns) {
     return rows > 0 && columns > 0 ? static_cast<std::ptrdiff_t>(rows) * columns : 0;
 }
 
-/// Owns a platform block of uninitialised elements.
+/// Asks for elements that are zero.
+struct Zeroed {};
+
+/// Owns a platform block of elements, uninitialised unless said.
 template <class T>
 class SmArray {
     static_assert(std::is_trivial_v<T>, "elements are neither constructed nor destroyed");
 
   public:
     explicit SmArray(std::ptrdiff_t count) : data_(static_cast<T*>(SM_alloc(bytes_of<T>(count)))) {}
+    SmArray(std::ptrdiff_t count, Zeroed)
+        : data_(static_cast<T*>(
+              SM_calloc(count > 0 ? static_cast<std::size_t>(count) : 0, sizeof(T)))) {}
     ~SmArray() { SM_free(data_); }
     SmArray(const SmArray&) = delete;
     SmArray& operator=(const SmArray&) = delete;

@@ -1,0 +1,493 @@
+// Minimiser, integrator and quadrature.
+#include "ztmath/nr_functions.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <numbers>
+#include <stdexcept>
+#include <vector>
+
+#include "support/random.h"
+#include "support/session.h"
+
+namespace {
+
+using namespace ztmath_test;
+using Vector = std::vector<double>;
+
+constexpr double pi = std::numbers::pi;
+constexpr double nan_value = std::numeric_limits<double>::quiet_NaN();
+
+// ---- Downhill simplex
+
+using Objective = std::function<double(const Vector&)>;
+
+/// A simplex of a start and steps along the axes, with the function that is minimised.
+class Simplex {
+  public:
+    Simplex(Objective objective, const Vector& start, double size)
+        : n(static_cast<int>(start.size())), vertices(n + 1, start), f_(std::move(objective)) {
+        for (int i = 0; i < n; ++i)
+            vertices[i + 1][i] += size;
+        for (Vector& vertex : vertices) {
+            rows_.push_back(vertex.data());
+            y.push_back(f_(vertex));
+        }
+    }
+
+    int minimise(double tolerance, int most) {
+        return NR_amoeba(rows_.data(), y.data(), n, tolerance, call, this, most, &evaluations);
+    }
+
+    /// Whether y holds the values at the vertices.
+    bool is_consistent() const {
+        return std::equal(vertices.begin(), vertices.end(), y.begin(),
+                          [this](const Vector& x, double value) { return f_(x) == value; });
+    }
+
+    const int n;
+    std::vector<Vector> vertices;
+    Vector y;
+    int evaluations = -1;
+    int calls = 0;
+
+  private:
+    static double call(const double* x, int n, void* data) {
+        auto& self = *static_cast<Simplex*>(data);
+        ++self.calls;
+        return self.f_(Vector(x, x + n));
+    }
+
+    Objective f_;
+    std::vector<double*> rows_;
+};
+
+double bowl(const Vector& x) {
+    double sum = 3.0;
+    for (std::size_t i = 0; i < x.size(); ++i)
+        sum += (i + 1.0) * (x[i] - i) * (x[i] - i);
+    return sum;
+}
+
+double valley(const Vector& x) {
+    const double a = x[1] - x[0] * x[0];
+    return 100.0 * a * a + (1.0 - x[0]) * (1.0 - x[0]);
+}
+
+TEST(Amoeba, FindsTheMinimumInAnyDimension) {
+    for (int n = 1; n <= 6; ++n) {
+        Simplex s(bowl, Vector(n, 10.0), 1.0);
+        EXPECT_EQ(s.minimise(1e-14, 20000), 0) << n;
+        EXPECT_EQ(s.evaluations, s.calls);
+        EXPECT_TRUE(s.is_consistent());
+        for (int i = 0; i < n; ++i)
+            EXPECT_NEAR(s.vertices[0][i], i, 1e-6) << n;
+        EXPECT_EQ(s.y[0], *std::min_element(s.y.begin(), s.y.end()));
+    }
+    Simplex s(valley, {-1.2, 1.0}, 0.5);
+    EXPECT_EQ(s.minimise(0.0, 1000), 0);
+    EXPECT_NEAR(s.vertices[0][0], 1.0, 1e-9);
+    EXPECT_NEAR(s.vertices[0][1], 1.0, 1e-9);
+    EXPECT_LT(s.evaluations, 400);
+}
+
+TEST(Amoeba, EndsByTheValuesOfTheBestAndTheWorst) {
+    for (const double tolerance : {1e-2, 1e-6, 1e-12}) {
+        Simplex s(bowl, {10.0, 10.0, 10.0}, 1.0);
+        EXPECT_EQ(s.minimise(tolerance, 10000), 0);
+        const auto [low, high] = std::minmax_element(s.y.begin(), s.y.end());
+        EXPECT_LE(2.0 * (*high - *low), tolerance * (*high + *low) + 1e-20);
+    }
+    Simplex flat([](const Vector&) { return 7.0; }, {0.0, 0.0}, 1.0);
+    EXPECT_EQ(flat.minimise(0.0, 10), 0);
+    EXPECT_EQ(flat.evaluations, 0);
+}
+
+TEST(Amoeba, CallsNoMoreThanItMay) {
+    for (int most = 1; most <= 60; ++most) {
+        Simplex s(valley, {-1.2, 1.0}, 0.5);
+        const double best = *std::min_element(s.y.begin(), s.y.end());
+        EXPECT_EQ(s.minimise(1e-10, most), 1);
+        EXPECT_EQ(s.evaluations, most);
+        EXPECT_EQ(s.calls, most);
+        EXPECT_LE(s.y[0], best);
+        EXPECT_EQ(s.y[0], *std::min_element(s.y.begin(), s.y.end()));
+        EXPECT_TRUE(s.is_consistent());
+    }
+}
+
+TEST(Amoeba, RefusesBadArgumentsAndNumbersThatAreNone) {
+    Simplex s(bowl, {10.0, 10.0}, 1.0);
+    const Vector y = s.y;
+    EXPECT_EQ(s.minimise(-1e-3, 10), 2);
+    EXPECT_EQ(s.minimise(nan_value, 10), 2);
+    EXPECT_EQ(s.minimise(1e-3, 0), 2);
+    int evaluations = -1;
+    EXPECT_EQ(NR_amoeba(nullptr, nullptr, 0, 1e-3, nullptr, nullptr, 10, &evaluations), 2);
+    EXPECT_EQ(evaluations, 0);
+    EXPECT_EQ(s.y, y);
+
+    s.y[1] = nan_value;
+    EXPECT_EQ(s.minimise(1e-3, 10), 3);
+    EXPECT_EQ(s.calls, 0);
+
+    Simplex edge([](const Vector& x) { return std::log(x[0]) + x[1] * x[1]; }, {1.0, 1.0}, 0.3);
+    EXPECT_EQ(edge.minimise(0.0, 1000), 3);
+    EXPECT_TRUE(edge.is_consistent());
+    EXPECT_EQ(edge.y[0], *std::min_element(edge.y.begin(), edge.y.end()));
+}
+
+TEST(Amoeba, TakesInfinityForAWall) {
+    const auto walled = [](const Vector& x) {
+        return x[0] < 0.5 ? HUGE_VAL : (x[0] + 1.0) * (x[0] + 1.0) + x[1] * x[1];
+    };
+    Simplex s(walled, {3.0, 2.0}, 1.0);
+    EXPECT_EQ(s.minimise(1e-12, 5000), 0);
+    EXPECT_NEAR(s.vertices[0][0], 0.5, 1e-2);
+    // A tolerance of any size does not make infinity equal to a number, nor to itself.
+    Simplex beyond(walled, {0.0, 2.0}, 1.0);
+    EXPECT_EQ(beyond.minimise(10.0, 2), 1);
+    Simplex nowhere([](const Vector&) { return HUGE_VAL; }, {0.0, 2.0}, 1.0);
+    EXPECT_EQ(nowhere.minimise(1.0, 500), 1);
+}
+
+TEST(Amoeba, KeepsValuesWithVerticesWhenTheFunctionThrows) {
+    for (const int n : {2, 20}) {
+        const NoBlocksLeft no_blocks_left;
+        int left = 7;
+        bool armed = false;
+        const auto fuse = [&](const Vector& x) {
+            if (armed && --left == 0) throw std::runtime_error("fuse");
+            return bowl(x);
+        };
+        Simplex s(fuse, Vector(n, 10.0), 1.0);
+        armed = true;
+        EXPECT_THROW(s.minimise(1e-10, 1000), std::runtime_error);
+        EXPECT_EQ(s.evaluations, 7);
+        armed = false;
+        EXPECT_TRUE(s.is_consistent());
+    }
+}
+
+// ---- Differential equations
+
+using Slope = std::function<void(double x, const double* y, double* dydx)>;
+
+struct Settings {
+    double eps = 1e-8;
+    double h_first = 0.1;
+    double h_min = 0.0;
+    int max_steps = 100000;
+};
+
+/// An integration with its equation and what it went through.
+struct Course {
+    Slope slope;
+    Vector y;
+    double reached = nan_value;
+    int good = -1, bad = -1;
+    int evaluations = 0;
+    Vector accepted_x{};
+    std::vector<Vector> accepted_y{};
+
+    int integrate(double x1, double x2, Settings s = {}) {
+        return NR_odeint(y.data(), static_cast<int>(y.size()), x1, x2, s.eps, s.h_first, s.h_min,
+                         s.max_steps, call_slope, this, call_dense, &reached, &good, &bad);
+    }
+
+    static void call_slope(double x, const double* y, double* dydx, void* data) {
+        auto& self = *static_cast<Course*>(data);
+        ++self.evaluations;
+        self.slope(x, y, dydx);
+    }
+
+    static void call_dense(double x, const double* y, void* data) {
+        auto& self = *static_cast<Course*>(data);
+        self.accepted_x.push_back(x);
+        self.accepted_y.emplace_back(y, y + self.y.size());
+    }
+};
+
+void oscillate(double, const double* y, double* dydx) {
+    dydx[0] = y[1];
+    dydx[1] = -y[0];
+}
+
+TEST(Odeint, ErrorFollowsTheTolerance) {
+    double last_error = 1.0;
+    int last_steps = 0;
+    for (const double eps : {1e-4, 1e-6, 1e-8, 1e-10, 1e-12}) {
+        Course c{oscillate, {0.0, 1.0}};
+        EXPECT_EQ(c.integrate(0.0, 10.0, {.eps = eps}), 0);
+        EXPECT_EQ(c.reached, 10.0);
+        const double error = std::hypot(c.y[0] - std::sin(10.0), c.y[1] - std::cos(10.0));
+        EXPECT_LT(error, 100.0 * eps);
+        EXPECT_LT(error, 0.1 * last_error);
+        // Of order five, the steps are as many as the fifth root says: 2.5 times for a hundredth.
+        if (last_steps > 0) {
+            EXPECT_NEAR(static_cast<double>(c.good) / last_steps, 2.51, 0.5);
+        }
+        last_error = error;
+        last_steps = c.good;
+    }
+}
+
+TEST(Odeint, IsOfOrderFiveInTheStep) {
+    // With a single step of the length asked for, the error goes with its sixth power.
+    double errors[2];
+    for (int i = 0; i < 2; ++i) {
+        const double h = i == 0 ? 0.2 : 0.1;
+        Course c{oscillate, {0.0, 1.0}};
+        EXPECT_EQ(c.integrate(0.0, h, {.eps = 1.0, .h_first = h}), 0);
+        EXPECT_EQ(c.good, 1);
+        EXPECT_EQ(c.evaluations, 7);
+        errors[i] = std::hypot(c.y[0] - std::sin(h), c.y[1] - std::cos(h));
+    }
+    EXPECT_NEAR(std::log2(errors[0] / errors[1]), 6.0, 0.2);
+}
+
+TEST(Odeint, IsExactForQuarticSlopesAndRunsBothWays) {
+    const auto power = [](double x, const double*, double* dydx) {
+        dydx[0] = 5.0 * std::pow(x, 4);
+    };
+    for (const double first : {0.3, -0.3, 100.0, 0.0}) {
+        Course forth{power, {1.0}};
+        EXPECT_EQ(forth.integrate(-1.0, 2.0, {.h_first = first}), 0);
+        EXPECT_NEAR(forth.y[0], 34.0, 1e-12);
+        Course back{power, {34.0}};
+        EXPECT_EQ(back.integrate(2.0, -1.0, {.h_first = first}), 0);
+        EXPECT_NEAR(back.y[0], 1.0, 1e-12);
+        EXPECT_EQ(back.reached, -1.0);
+    }
+    Course nowhere{power, {1.0}};
+    EXPECT_EQ(nowhere.integrate(2.0, 2.0), 0);
+    EXPECT_EQ(nowhere.reached, 2.0);
+    EXPECT_EQ(nowhere.evaluations, 0);
+}
+
+TEST(Odeint, TellsEveryAcceptedStep) {
+    Course c{oscillate, {0.0, 1.0}};
+    EXPECT_EQ(c.integrate(0.0, 3.0), 0);
+    ASSERT_EQ(static_cast<int>(c.accepted_x.size()), c.good);
+    EXPECT_TRUE(std::is_sorted(c.accepted_x.begin(), c.accepted_x.end()));
+    EXPECT_EQ(c.accepted_x.back(), 3.0);
+    EXPECT_EQ(c.accepted_y.back(), c.y);
+    for (std::size_t i = 0; i < c.accepted_x.size(); ++i)
+        EXPECT_NEAR(c.accepted_y[i][0], std::sin(c.accepted_x[i]), 1e-6);
+}
+
+TEST(Odeint, GetsOverJumpsOfTheSlope) {
+    const auto jump = [](double x, const double*, double* dydx) {
+        dydx[0] = x < 1.0 / 3.0 ? 1.0 : 100.0;
+    };
+    Course c{jump, {0.0}};
+    EXPECT_EQ(c.integrate(0.0, 1.0), 0);
+    EXPECT_NEAR(c.y[0], 1.0 / 3.0 + 200.0 / 3.0, 1e-5);
+    EXPECT_GT(c.bad, 0);
+}
+
+TEST(Odeint, CarriesOnWhereItStopped) {
+    Course whole{oscillate, {0.0, 1.0}};
+    EXPECT_EQ(whole.integrate(0.0, 6.0), 0);
+    Course parts{oscillate, {0.0, 1.0}};
+    double x = 0.0;
+    int calls = 0;
+    while (parts.integrate(x, 6.0, {.max_steps = 7}) == 1 && ++calls < 100) {
+        EXPECT_EQ(parts.good + parts.bad, 7);
+        EXPECT_GT(parts.reached, x);
+        EXPECT_EQ(parts.accepted_x.back(), parts.reached);
+        x = parts.reached;
+    }
+    EXPECT_GT(calls, 1);
+    EXPECT_EQ(parts.reached, 6.0);
+    EXPECT_NEAR(parts.y[0], whole.y[0], 1e-6);
+}
+
+TEST(Odeint, SaysWhyItStops) {
+    // y' = y^2 from 1 has a pole at 1: the step comes down to the rounding level of x.
+    const auto pole = [](double, const double* y, double* dydx) { dydx[0] = y[0] * y[0]; };
+    Course rounding{pole, {1.0}};
+    EXPECT_EQ(rounding.integrate(0.0, 2.0), 2);
+    EXPECT_NEAR(rounding.reached, 1.0, 1e-6);
+    Course floor{pole, {1.0}};
+    EXPECT_EQ(floor.integrate(0.0, 2.0, {.h_min = 1e-3}), 2);
+    EXPECT_LT(floor.reached, 1.0);
+    EXPECT_NEAR(floor.y[0] * (1.0 - floor.reached), 1.0, 1e-4);
+
+    const auto stiff = [](double x, const double* y, double* dydx) {
+        dydx[0] = -1e6 * (y[0] - std::cos(x));
+    };
+    Course slow{stiff, {0.0}};
+    EXPECT_EQ(slow.integrate(0.0, 1.0, {.max_steps = 200}), 1);
+    EXPECT_EQ(slow.good + slow.bad, 200);
+    Course barred{stiff, {0.0}};
+    EXPECT_EQ(barred.integrate(0.0, 1.0, {.h_min = 1e-4}), 2);
+
+    // The root of a negative number: it comes as close to the edge as rounding lets it.
+    const auto edge = [](double x, const double*, double* dydx) { dydx[0] = std::sqrt(0.5 - x); };
+    Course up_to_edge{edge, {0.0}};
+    EXPECT_EQ(up_to_edge.integrate(0.0, 1.0), 4);
+    EXPECT_NEAR(up_to_edge.reached, 0.5, 1e-12);
+    EXPECT_NEAR(up_to_edge.y[0], std::pow(0.5, 1.5) / 1.5, 1e-7);
+    for (const double value : {nan_value, HUGE_VAL}) {
+        Course at_once{[=](double, const double*, double* dydx) { dydx[0] = value; }, {5.0}};
+        EXPECT_EQ(at_once.integrate(0.0, 1.0), 4);
+        EXPECT_EQ(at_once.evaluations, 1);
+        EXPECT_EQ(at_once.y[0], 5.0);
+        EXPECT_EQ(at_once.reached, 0.0);
+    }
+}
+
+TEST(Odeint, RefusesBadArguments) {
+    const Settings rows[] = {
+        {.eps = 0.0},     {.eps = -1.0},        {.eps = nan_value},     {.eps = HUGE_VAL},
+        {.h_min = -1.0},  {.h_min = nan_value}, {.h_first = nan_value}, {.h_first = HUGE_VAL},
+        {.max_steps = 0}, {.max_steps = -1},
+    };
+    for (const Settings& s : rows) {
+        Course c{oscillate, {0.0, 1.0}};
+        EXPECT_EQ(c.integrate(0.5, 1.0, s), 3);
+        EXPECT_EQ(c.reached, 0.5);
+        EXPECT_EQ(c.good + c.bad + c.evaluations, 0);
+    }
+    Course c{oscillate, {0.0, 1.0}};
+    EXPECT_EQ(c.integrate(nan_value, 1.0), 3);
+    EXPECT_EQ(c.integrate(0.0, HUGE_VAL), 3);
+    EXPECT_EQ(c.integrate(-1.7e308, 1.7e308), 3);
+    c.y.clear();
+    EXPECT_EQ(c.integrate(0.0, 1.0), 3);
+}
+
+TEST(Odeint, HoldsWhatWasAcceptedWhenACallThrows) {
+    for (const int n : {2, 40}) {
+        const NoBlocksLeft no_blocks_left;
+        Course c{[n](double x, const double* y, double* dydx) {
+                     if (x > 0.5) throw std::runtime_error("slope");
+                     std::copy_n(y, n, dydx);
+                 },
+                 Vector(n, 1.0)};
+        EXPECT_THROW(c.integrate(0.0, 1.0, {.h_first = 0.01}), std::runtime_error);
+        EXPECT_EQ(c.reached, c.accepted_x.back());
+        EXPECT_NEAR(c.y[n - 1], std::exp(c.reached), 1e-7);
+        EXPECT_EQ(c.good, static_cast<int>(c.accepted_x.size()));
+    }
+}
+
+// ---- Quadrature
+
+using Integrand = std::function<double(double)>;
+
+struct Integral {
+    int status;
+    double value;
+    int evaluations;
+};
+
+Integral integrate(Integrand f, double a, double b, double tolerance, int max_level) {
+    Integral result{-1, 12345.0, -1};
+    const auto call = [](double x, void* data) { return (*static_cast<Integrand*>(data))(x); };
+    result.status =
+        NR_qsimp(call, &f, a, b, tolerance, max_level, &result.value, &result.evaluations);
+    return result;
+}
+
+TEST(Qsimp, ErrorStaysWithinTheTolerance) {
+    struct {
+        Integrand f;
+        double a, b, value, magnitude;
+    } const rows[] = {
+        {[](double x) { return std::exp(x); }, 0, 1, std::exp(1.0) - 1.0, 1.72},
+        {[](double x) { return std::sin(x); }, 0, 2 * pi, 0.0, 4.0},
+        {[](double x) { return std::cos(8 * pi * x); }, 0, 1, 0.0, 0.637},
+        {[](double x) { return std::cos(16 * pi * x); }, 0, 1, 0.0, 0.637},
+        {[](double x) { return 1.0 / (1.0 + 25.0 * x * x); }, -1, 1, 0.4 * std::atan(5.0), 0.55},
+        {[](double x) { return std::sqrt(x); }, 0, 1, 2.0 / 3.0, 0.667},
+        {[](double x) { return std::fabs(x - 1.0 / 3.0); }, 0, 1, 5.0 / 18.0, 0.278},
+        {[](double x) { return x < 1.0 / 3.0 ? 1.0 : -2.0; }, 0, 1, -1.0, 1.667},
+        {[](double x) { return 1e-4 / (x * x + 1e-8); }, -1, 1, 2.0 * std::atan(1e4), 3.14},
+        {[](double x) { return 1e-200 * x; }, 0, 2, 2e-200, 2e-200},
+        {[](double) { return 0.0; }, -5, 9, 0.0, 0.0},
+    };
+    for (const auto& row : rows)
+        for (const double tolerance : {1e-3, 1e-6, 1e-9, 1e-12}) {
+            const Integral forth = integrate(row.f, row.a, row.b, tolerance, 60);
+            EXPECT_EQ(forth.status, 0);
+            EXPECT_NEAR(forth.value, row.value, tolerance * row.magnitude) << &row - rows;
+            EXPECT_LT(forth.evaluations, 200000) << &row - rows;
+            const Integral back = integrate(row.f, row.b, row.a, tolerance, 60);
+            EXPECT_EQ(back.value, -forth.value);
+            EXPECT_EQ(back.evaluations, forth.evaluations);
+        }
+}
+
+TEST(Qsimp, IsExactForCubicsAndOfOrderSixWithTheCorrection) {
+    const auto cubic = [](double x) { return ((4.0 * x - 3.0) * x + 2.0) * x - 1.0; };
+    EXPECT_NEAR(integrate(cubic, -1.0, 3.0, 0.0, 60).value, 56.0, 1e-13);
+    // Every division into halves, with all levels made: 2^6 less error.
+    double errors[2];
+    for (int i = 0; i < 2; ++i) {
+        const Integral all = integrate([](double x) { return std::exp(x); }, 0, 4, 0.0, 2 + i);
+        EXPECT_EQ(all.status, 1);
+        EXPECT_EQ(all.evaluations, (4 << (2 + i)) + 1);
+        errors[i] = std::fabs(all.value - (std::exp(4.0) - 1.0));
+    }
+    EXPECT_NEAR(std::log2(errors[0] / errors[1]), 6.0, 0.3);
+}
+
+TEST(Qsimp, RunsOutOfLevelsWithTheBestValue) {
+    for (int level = 1; level <= 12; ++level) {
+        const Integral rough =
+            integrate([](double x) { return std::sin(1e4 * x * x); }, 0, 1, 1e-12, level);
+        EXPECT_EQ(rough.status, 1);
+        EXPECT_LE(rough.evaluations, (4 << level) + 1);
+        EXPECT_TRUE(std::isfinite(rough.value));
+    }
+    EXPECT_NEAR(integrate([](double x) { return std::sqrt(x); }, 0, 1, 1e-15, 6).value, 2.0 / 3.0,
+                1e-4);
+}
+
+TEST(Qsimp, GoesOverItAgainWhenTheFirstGuessOfTheSizeWasTooLarge) {
+    // The spike stands where the first division samples the right panel.
+    const double at = (1.0 + 0.4384471871911697) / 2.0;
+    const auto spike = [=](double x) {
+        return 1e7 * std::exp(-std::pow((x - at) * 1e6, 2)) + std::sin(20.0 * x) + 1.5;
+    };
+    const double value = 10.0 * std::sqrt(pi) + (1.0 - std::cos(20.0)) / 20.0 + 1.5;
+    const Integral result = integrate(spike, 0.0, 1.0, 1e-7, 50);
+    EXPECT_EQ(result.status, 0);
+    EXPECT_NEAR(result.value, value, 1e-7 * value);
+}
+
+TEST(Qsimp, SaysWhatIsWrong) {
+    const auto one = [](double) { return 1.0; };
+    for (const Integral& bad :
+         {integrate(one, 0, 1, -1e-9, 10), integrate(one, 0, 1, nan_value, 10),
+          integrate(one, 0, 1, 1e-9, 0), integrate(one, 0, HUGE_VAL, 1e-9, 10),
+          integrate(one, nan_value, 1, 1e-9, 10), integrate(one, -1.7e308, 1.7e308, 1e-9, 10)}) {
+        EXPECT_EQ(bad.status, 2);
+        EXPECT_EQ(bad.value, 0.0);
+        EXPECT_EQ(bad.evaluations, 0);
+    }
+    const Integral pole = integrate([](double x) { return 1.0 / x; }, 0, 1, 1e-9, 10);
+    EXPECT_EQ(pole.status, 3);
+    EXPECT_EQ(pole.value, 0.0);
+    EXPECT_EQ(integrate([](double x) { return x < 0.7 ? 1.0 : nan_value; }, 0, 1, 1e-9, 60).status,
+              3);
+    const Integral huge = integrate([](double) { return 1e308; }, 0, 10, 1e-9, 60);
+    EXPECT_EQ(huge.status, 3);
+    EXPECT_LT(huge.evaluations, 100);
+
+    const Integral nowhere = integrate(one, 2, 2, 1e-9, 10);
+    EXPECT_EQ(nowhere.status, 0);
+    EXPECT_EQ(nowhere.value, 0.0);
+    EXPECT_EQ(nowhere.evaluations, 0);
+    const Integral tiny = integrate(one, 1.0, std::nextafter(1.0, 2.0), 1e-9, 1000000);
+    EXPECT_EQ(tiny.status, 0);
+    EXPECT_EQ(tiny.value, std::numeric_limits<double>::epsilon());
+}
+
+}  // namespace

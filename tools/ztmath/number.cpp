@@ -1,6 +1,7 @@
 #include "number.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 
@@ -47,6 +48,12 @@ std::vector<std::string> aligned(const std::vector<double>& numbers, int digits)
     for (const double x : numbers)
         texts.push_back(decimals < 0 ? formatted("%.*e", digits - 1, x) : fixed(x, decimals));
     return texts;
+}
+
+std::string exact(double x) {
+    char text[32];
+    const auto end = std::to_chars(text, text + sizeof text, x == 0.0 ? 0.0 : x).ptr;
+    return {text, end};
 }
 
 std::string counted(long long n) {

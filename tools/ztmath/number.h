@@ -17,6 +17,9 @@ std::string rounded(double x, int digits);
 /// Several numbers alike, so that they line up: the largest has that many significant digits.
 std::vector<std::string> aligned(const std::vector<double>& numbers, int digits);
 
+/// With as many digits as it takes to read the same number back; never "-0".
+std::string exact(double x);
+
 /// A count with its thousands set apart.
 std::string counted(long long n);
 

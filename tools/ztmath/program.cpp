@@ -6,6 +6,7 @@
 #include "command.h"
 #include "fit_command.h"
 #include "output.h"
+#include "transform_command.h"
 
 namespace tool {
 
@@ -31,6 +32,7 @@ ExitCode parse_and_run(int argc, const char* const* argv) {
     program.footer(program_help);
     Commands commands;
     add_fit_commands(program, commands);
+    add_transform_commands(program, commands);
     try {
         program.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

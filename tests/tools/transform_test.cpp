@@ -1,0 +1,119 @@
+// ztmath transform, as a person calls it.
+#include <gtest/gtest.h>
+#include <ztmath/mc.h>
+#include <ztmath/mtx4.h>
+
+#include <array>
+#include <nlohmann/json.hpp>
+
+#include "points_file.h"
+#include "run_tool.h"
+
+namespace {
+
+using namespace ztmath_test;
+using nlohmann::json;
+
+using Matrix = std::array<double, 16>;
+
+const char* const points_text = "# x y z\n1 2 3\n-0.1,1e-17;12345.678901234567\n0 0 0\n";
+const double points[] = {1, 2, 3, -0.1, 1e-17, 12345.678901234567, 0, 0, 0};
+
+Matrix matrix_of(void (*build)(double* m)) {
+    Matrix m;
+    build(m.data());
+    return m;
+}
+
+TEST(Transform, AppliesTheLibrarysMatrixToTheBit) {
+    static const double o[] = {0, 0, 0};
+    static const double p[] = {1, -2, 3};
+    static const double n[] = {-1, 0, 2};
+    const struct {
+        const char* arguments;
+        Matrix expected;
+    } cases[] = {
+        {"scale --centre 1,-2,3 --factors -1,0,2",
+         matrix_of([](double* m) { MTX4_scaling(p, n, m); })},
+        {"scale --factors 2.5", {2.5, 0, 0, 0, 0, 2.5, 0, 0, 0, 0, 2.5, 0, 0, 0, 0, 1}},
+        {"rotate --axis -1,0,2 --angle -33.3",
+         matrix_of([](double* m) { MTX4_rotation(o, n, -33.3, m); })},
+        {"rotate --point 1,-2,3 --axis -1,0,2 --angle 400",
+         matrix_of([](double* m) { MTX4_rotation(p, n, 400, m); })},
+        {"mirror --point 1,-2,3 --normal -1,0,2",
+         matrix_of([](double* m) { MTX4_mirror(p, n, m); })},
+        {"motion --from-origin 1,-2,3 --from-x -1,0,2 --from-y 0,5,0 --to-origin 0,0,9 "
+         "--to-x 0,1,0 --to-y 0,0,1",
+         matrix_of([](double* m) {
+             const double along_y[] = {0, 5, 0};
+             const double origin[] = {0, 0, 9};
+             const double x[] = {0, 1, 0};
+             const double y[] = {0, 0, 1};
+             MTX4_csys_to_csys(p, n, along_y, origin, x, y, m);
+         })},
+        {"motion --to-origin 1,-2,3", {1, 0, 0, 1, 0, 1, 0, -2, 0, 0, 1, 3, 0, 0, 0, 1}},
+    };
+    const Workshop w;
+    w.file("p", points_text);
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.arguments);
+        const std::string command = std::string("transform ") + c.arguments;
+        const json result = json::parse(w.run(command + " --json p").out);
+        json only = json::parse(w.run(command + " --json --matrix").out);
+        EXPECT_EQ(only["matrix"], result["matrix"]);
+        EXPECT_FALSE(only.contains("points"));
+        for (std::size_t i = 0; i < 16; ++i)
+            EXPECT_EQ(result["matrix"][i / 4][i % 4].get<double>(), c.expected[i]);
+
+        const tool::Points moved = tool::parse_points(w.run(command + " p").out, "moved", 3);
+        ASSERT_EQ(moved.count(), 3);
+        for (int i = 0; i < 3; ++i) {
+            double image[3];
+            MC_apply_transform_to_point(c.expected.data(), points + 3 * i, image);
+            for (std::size_t k = 0; k < 3; ++k) {
+                EXPECT_EQ(moved.at(i)[k], image[k]);
+                EXPECT_EQ(result["points"][static_cast<std::size_t>(i)][k].get<double>(), image[k]);
+            }
+        }
+    }
+    EXPECT_EQ(w.run("transform scale --factors -1 --matrix").out,
+              "-1 0 0 0\n0 -1 0 0\n0 0 -1 0\n0 0 0 1\n");
+    EXPECT_EQ(w.run("transform mirror --normal 1,0,0 -", "0 0.1 2\n").out, "0 0.1 2\n");
+}
+
+TEST(Transform, RefusesWhatMakesNoTransform) {
+    const struct {
+        const char* arguments;
+        int code;
+        const char* error;
+    } cases[] = {
+        {"", 2, "A subcommand is required"},
+        {"rotate --axis 0,0,1 p", 2, "--angle is required"},
+        {"rotate --axis 0,0 --angle 3 p", 2, "--axis: three numbers X,Y,Z expected, not 0,0\n"},
+        {"rotate --axis 0,nan,1 --angle 3 p", 2, "--axis: three numbers X,Y,Z expected"},
+        {"rotate --axis 0,0,1 --angle ten p", 2, "--angle: a number of degrees expected, not ten"},
+        {"rotate --axis 0,0,0 --angle 3 p", 2, "ztmath: --axis has no direction\n"},
+        {"mirror --normal 1e-11,0,0 p", 2, "ztmath: --normal has no direction\n"},
+        {"scale --factors 1,2 p", 2, "--factors: one number or three expected, not 1,2"},
+        {"motion --from-x 1,1,0 p", 2, "ztmath: --from-x and --from-y are not perpendicular"},
+        {"motion --to-y 0,0,0 p", 2, "ztmath: --to-x and --to-y are not perpendicular"},
+        {"scale --factors 2", 2, "ztmath: FILE is required, or --matrix\n"},
+        {"scale --factors 2 --matrix p", 2, "ztmath: --matrix reads no FILE\n"},
+        {"scale --factors 2 missing", 3, "ztmath: cannot read missing: "},
+        {"scale --factors 2 p >/dev/full", 4, "ztmath: cannot write the standard output: "},
+    };
+    const Workshop w;
+    w.file("p", points_text);
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.arguments);
+        const auto outcome = w.run(std::string("transform ") + c.arguments);
+        EXPECT_EQ(outcome.code, c.code);
+        EXPECT_EQ(outcome.error.substr(0, std::string(c.error).size()), c.error);
+    }
+    for (const char* command : {"scale", "rotate", "mirror", "motion"})
+        for (const char* part : {"Examples:", "File format:", "Units:", "Output:", "Exit codes:"})
+            EXPECT_NE(w.run("transform " + std::string(command) + " --help").out.find(part),
+                      std::string::npos);
+}
+
+}  // namespace

@@ -33,6 +33,7 @@ std::vector<Call> frame_calls();
 std::vector<Call> kit_calls();
 std::vector<Call> transform_calls();
 std::vector<Call> solve_calls();
+std::vector<Call> root_calls();
 std::vector<Call> fit_calls();
 
 const std::vector<Call>& interface_table();

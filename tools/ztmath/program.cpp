@@ -6,14 +6,16 @@
 #include "command.h"
 #include "fit_command.h"
 #include "output.h"
+#include "roots_command.h"
 
 namespace tool {
 
 namespace {
 
 const char* const program_help = R"(
-Example:
+Examples:
   ztmath fit plane --svg flatness.svg points.txt
+  ztmath roots 6 -5 1
 
 ztmath COMMAND --help tells more about a command, its files, units and exit codes.)";
 
@@ -31,6 +33,7 @@ ExitCode parse_and_run(int argc, const char* const* argv) {
     program.footer(program_help);
     Commands commands;
     add_fit_commands(program, commands);
+    add_roots_command(program, commands);
     try {
         program.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

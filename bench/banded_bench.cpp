@@ -82,7 +82,7 @@ void banded_lapack(benchmark::State& state) {
     }
 }
 
-BENCHMARK(banded_ztmath)->Apply(arguments);
-BENCHMARK(banded_lapack)->Apply(arguments);
+BENCHMARK(banded_ztmath)->Name("banded/ztmath")->Apply(arguments);
+BENCHMARK(banded_lapack)->Name("banded/lapack")->Apply(arguments);
 
 }  // namespace

@@ -194,23 +194,25 @@ void eigen_lapack(benchmark::State& state) {
     }
 }
 
-BENCHMARK(lu_ztmath)->Arg(4)->Arg(16)->Arg(64)->Arg(256);
-BENCHMARK(lu_eigen)->Arg(4)->Arg(16)->Arg(64)->Arg(256);
-BENCHMARK(lu_lapack)->Arg(4)->Arg(16)->Arg(64)->Arg(256);
+BENCHMARK(lu_ztmath)->Name("lu/ztmath")->Arg(4)->Arg(16)->Arg(64)->Arg(256);
+BENCHMARK(lu_eigen)->Name("lu/eigen")->Arg(4)->Arg(16)->Arg(64)->Arg(256);
+BENCHMARK(lu_lapack)->Name("lu/lapack")->Arg(4)->Arg(16)->Arg(64)->Arg(256);
 
-BENCHMARK(svd_ztmath)->Args({10, 10})->Args({100, 50})->Args({200, 200});
+BENCHMARK(svd_ztmath)->Name("svd/ztmath")->Args({10, 10})->Args({100, 50})->Args({200, 200});
 BENCHMARK(svd_eigen<Eigen::JacobiSVD<Eigen::MatrixXd>>)
+    ->Name("svd/eigen_jacobi")
     ->Args({10, 10})
     ->Args({100, 50})
     ->Args({200, 200});
 BENCHMARK(svd_eigen<Eigen::BDCSVD<Eigen::MatrixXd>>)
+    ->Name("svd/eigen_bdc")
     ->Args({10, 10})
     ->Args({100, 50})
     ->Args({200, 200});
-BENCHMARK(svd_lapack)->Args({10, 10})->Args({100, 50})->Args({200, 200});
+BENCHMARK(svd_lapack)->Name("svd/lapack")->Args({10, 10})->Args({100, 50})->Args({200, 200});
 
-BENCHMARK(eigen_ztmath)->Arg(3)->Arg(10)->Arg(50);
-BENCHMARK(eigen_eigen)->Arg(3)->Arg(10)->Arg(50);
-BENCHMARK(eigen_lapack)->Arg(3)->Arg(10)->Arg(50);
+BENCHMARK(eigen_ztmath)->Name("symmetric_eigen/ztmath")->Arg(3)->Arg(10)->Arg(50);
+BENCHMARK(eigen_eigen)->Name("symmetric_eigen/eigen")->Arg(3)->Arg(10)->Arg(50);
+BENCHMARK(eigen_lapack)->Name("symmetric_eigen/lapack")->Arg(3)->Arg(10)->Arg(50);
 
 }  // namespace

@@ -69,7 +69,7 @@ void fit_eigen(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * n);
 }
 
-BENCHMARK(fit_ztmath)->Arg(100)->Arg(10'000)->Arg(1'000'000);
-BENCHMARK(fit_eigen)->Arg(100)->Arg(10'000)->Arg(1'000'000);
+BENCHMARK(fit_ztmath)->Name("plane_fit/ztmath")->Arg(100)->Arg(10'000)->Arg(1'000'000);
+BENCHMARK(fit_eigen)->Name("plane_fit/eigen")->Arg(100)->Arg(10'000)->Arg(1'000'000);
 
 }  // namespace

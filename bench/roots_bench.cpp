@@ -143,15 +143,15 @@ void companion_eigen(benchmark::State& state) {
     });
 }
 
-BENCHMARK(quadratic_ztmath);
-BENCHMARK(quadratic_gsl);
-BENCHMARK(companion_eigen<2>);
-BENCHMARK(cubic_ztmath);
-BENCHMARK(cubic_gsl);
-BENCHMARK(companion_eigen<3>);
-BENCHMARK(quartic_ztmath);
-BENCHMARK(iterated_ztmath<4>);
-BENCHMARK(companion_gsl<4>);
-BENCHMARK(companion_eigen<4>);
+BENCHMARK(quadratic_ztmath)->Name("quadratic/ztmath");
+BENCHMARK(quadratic_gsl)->Name("quadratic/gsl");
+BENCHMARK(companion_eigen<2>)->Name("quadratic/eigen");
+BENCHMARK(cubic_ztmath)->Name("cubic/ztmath");
+BENCHMARK(cubic_gsl)->Name("cubic/gsl");
+BENCHMARK(companion_eigen<3>)->Name("cubic/eigen");
+BENCHMARK(quartic_ztmath)->Name("quartic/ztmath");
+BENCHMARK(iterated_ztmath<4>)->Name("quartic/ztmath_laguerre");
+BENCHMARK(companion_gsl<4>)->Name("quartic/gsl");
+BENCHMARK(companion_eigen<4>)->Name("quartic/eigen");
 
 }  // namespace

@@ -17,14 +17,22 @@ void load_symmetric(const double* const* a, int n, double* matrix) {
                 matrix[static_cast<std::ptrdiff_t>(j) * n + i] = a[i][j];
 }
 
-/// Sizes that fits and moments of inertia have are unrolled.
-JacobiResult run_jacobi(const JacobiArrays& arrays, int n, int max_sweeps) {
-    if (n == 2) return jacobi(arrays, std::integral_constant<int, 2>{}, max_sweeps);
-    if (n == 3) return jacobi(arrays, std::integral_constant<int, 3>{}, max_sweeps);
-    return jacobi(arrays, n, max_sweeps);
+ZTMATH_WIDE_LANES void turn_wide(jacobi_detail::Rotation r, double* p, double* q, int n) {
+    using namespace jacobi_detail;
+    turn_lanes<double>(r, p, q, turn_lanes<Pair>(r, p, q, turn_lanes<Quad>(r, p, q, 0, n), n), n);
 }
 
 }  // namespace
+
+/// The sizes of fits and of moments of inertia are unrolled.
+JacobiResult jacobi(const JacobiArrays& arrays, int n, int max_sweeps) {
+    if (n == 2) return jacobi(arrays, std::integral_constant<int, 2>{}, max_sweeps);
+    if (n == 3) return jacobi(arrays, std::integral_constant<int, 3>{}, max_sweeps);
+    constexpr int worth_wide_lanes = 16;
+    if (n >= worth_wide_lanes && has_wide_lanes())
+        return jacobi_detail::Iteration<int, turn_wide>(arrays, n).run(max_sweeps);
+    return jacobi_detail::Iteration<int, jacobi_detail::turn>(arrays, n).run(max_sweeps);
+}
 
 void report_exhaustion(const JacobiResult& result) {
     if (!result.converged)
@@ -47,8 +55,8 @@ void NR_ask_eigenvalues_jacobi(double** a, int n, int max_sweeps, double* d, dou
         double* const vectors = matrix + square;
         double* const values = vectors + square;
         load_symmetric(a, n, matrix);
-        result = run_jacobi({matrix, vectors, values, values + size}, static_cast<int>(size),
-                            max_sweeps);
+        result =
+            jacobi({matrix, vectors, values, values + size}, static_cast<int>(size), max_sweeps);
         std::copy_n(values, size, d);
         for (int i = 0; i < n; ++i)
             for (int j = 0; j < n; ++j)

@@ -7,9 +7,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <type_traits>
 
 #include "frame/report.h"
-#include "frame/lanes.h"
+#include "frame/wide_lanes.h"
 
 namespace ztmath {
 
@@ -41,14 +43,26 @@ struct Rotation {
     double sine, tau;
 };
 
-/// Turns two vectors: (g, h) becomes (g - s (h + tau g), h + s (g - tau h)).
-inline void turn(Rotation r, double* __restrict p, double* __restrict q, int n) {
-    for (int j = 0; j < n; ++j) {
-        const double g = p[j];
-        const double h = q[j];
-        p[j] = g - r.sine * (h + g * r.tau);
-        q[j] = h + r.sine * (g - h * r.tau);
+/// Turns two vectors of n, from `first` on, as far as they fill lanes: (g, h) becomes
+/// (g - s (h + tau g), h + s (g - h tau)). Returns the first index left.
+template <class Lanes>
+[[gnu::always_inline]] inline int turn_lanes(Rotation r, double* p, double* q, int first, int n) {
+    constexpr int width = width_of<Lanes>;
+    int j = first;
+    for (; j + width <= n; j += width) {
+        Lanes g;
+        Lanes h;
+        load(p + j, g);
+        load(q + j, h);
+        store<Lanes>(g - r.sine * (h + g * r.tau), p + j);
+        store<Lanes>(h + r.sine * (g - h * r.tau), q + j);
     }
+    return j;
+}
+
+/// Turns two vectors of n.
+inline void turn(Rotation r, double* p, double* q, int n) {
+    turn_lanes<double>(r, p, q, turn_lanes<Pair>(r, p, q, 0, n), n);
 }
 
 /// Whether g added to a value of this magnitude changes it by no more than the threshold.
@@ -67,7 +81,7 @@ inline double rotation_tangent(double h, double apq, double g) {
     return theta < 0.0 ? -t : t;
 }
 
-template <class Size>
+template <class Size, void turn_rows(Rotation, double*, double*, int)>
 class Iteration {
   public:
     Iteration(const JacobiArrays& arrays, Size n)
@@ -122,7 +136,7 @@ class Iteration {
         const double size = n_;
         const double threshold = sweep <= thresholded_sweeps ? 0.2 * sum / (size * size) : 0.0;
         bool changed = false;
-        for (int p = 0; p < n_ - 1; ++p)
+        for (int p = 0; p < n_ - 1; ++p) {
             for (int q = p + 1; q < n_; ++q) {
                 const double apq = a_[row(p) + q];
                 const double g = 100.0 * std::fabs(apq);
@@ -135,10 +149,19 @@ class Iteration {
                     changed = true;
                 }
             }
+            mirror(p);
+        }
         return changed;
     }
 
     void set_symmetric(int p, int q, double value) { a_[row(p) + q] = a_[row(q) + p] = value; }
+
+    /// Copies a row into the column. Column p is not read while p is paired with each q, and
+    /// follows when that is done.
+    void mirror(int i) {
+        for (int j = 0; j < n_; ++j)
+            a_[row(j) + i] = a_[row(i) + j];
+    }
 
     void rotate(int p, int q, double t) {
         const double cosine = 1.0 / std::sqrt(t * t + 1.0);
@@ -152,13 +175,10 @@ class Iteration {
         // The four elements where the rows meet the columns come out wrong: the two on the diagonal
         // are not used again, their values being kept apart, and the other two are 0 by
         // construction.
-        turn(rotation, a_ + row(p), a_ + row(q), n_);
+        turn_rows(rotation, a_ + row(p), a_ + row(q), n_);
         set_symmetric(p, q, 0.0);
-        for (int j = 0; j < n_; ++j) {
-            a_[row(j) + p] = a_[row(p) + j];
-            a_[row(j) + q] = a_[row(q) + j];
-        }
-        turn(rotation, v_ + row(p), v_ + row(q), n_);
+        mirror(q);
+        turn_rows(rotation, v_ + row(p), v_ + row(q), n_);
         ++rotations_;
     }
 
@@ -169,10 +189,13 @@ class Iteration {
 
 }  // namespace jacobi_detail
 
-/// Runs the iteration for at most max_sweeps - 1 sweeps.
-template <class Size>
-JacobiResult jacobi(const JacobiArrays& arrays, Size n, int max_sweeps) {
-    return jacobi_detail::Iteration<Size>(arrays, n).run(max_sweeps);
+/// Runs the iteration for at most max_sweeps - 1 sweeps, unrolled for a size that is a constant.
+template <int N>
+JacobiResult jacobi(const JacobiArrays& arrays, std::integral_constant<int, N> n, int max_sweeps) {
+    return jacobi_detail::Iteration<decltype(n), jacobi_detail::turn>(arrays, n).run(max_sweeps);
 }
+
+/// The same for any size.
+JacobiResult jacobi(const JacobiArrays& arrays, int n, int max_sweeps);
 
 }  // namespace ztmath

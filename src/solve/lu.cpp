@@ -85,6 +85,7 @@ ZTMATH_WIDE_LANES int reduce_wide_tiles(double* const* a, int n, Range panel, in
 /// Reduces the columns between a panel and `end`: the panel's own rows one after the other, then
 /// the rows below it by tiles.
 void reduce_rest(double* const* a, int n, Range panel, int end) {
+    if (panel.end == end) return;
     for (int i = panel.begin + 1; i < panel.end; ++i)
         reduce_row(a, i, {panel.begin, i}, {panel.end, end});
     int column = panel.end;

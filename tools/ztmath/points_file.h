@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "text_file.h"
+
 namespace tool {
 
 struct Points {
@@ -22,9 +24,6 @@ struct Points {
 
 /// What the help texts say about files.
 extern const char* const points_file_help;
-
-/// The name a person knows the file by: "-" is the standard input.
-std::string source_name(const std::string& path);
 
 /// Reads the points of a file, or of the standard input for "-".
 Points read_points(const std::string& path, int dimension);

@@ -6,6 +6,7 @@
 #include "command.h"
 #include "fit_command.h"
 #include "output.h"
+#include "roots_command.h"
 #include "transform_command.h"
 
 namespace tool {
@@ -13,8 +14,9 @@ namespace tool {
 namespace {
 
 const char* const program_help = R"(
-Example:
+Examples:
   ztmath fit plane --svg flatness.svg points.txt
+  ztmath roots 6 -5 1
 
 ztmath COMMAND --help tells more about a command, its files, units and exit codes.)";
 
@@ -33,6 +35,7 @@ ExitCode parse_and_run(int argc, const char* const* argv) {
     Commands commands;
     add_fit_commands(program, commands);
     add_transform_commands(program, commands);
+    add_roots_command(program, commands);
     try {
         program.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -17,6 +17,7 @@ const char* const program_help = R"(
 Examples:
   ztmath fit plane --svg flatness.svg points.txt
   ztmath roots 6 -5 1
+  ztmath transform rotate --axis 0,0,1 --angle 30 points.txt
 
 ztmath COMMAND --help tells more about a command, its files, units and exit codes.)";
 

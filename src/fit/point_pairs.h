@@ -32,7 +32,7 @@ inline Pair magnitude(Pair d) {
 template <int Dimension, class Take, class TakeLast>
 void for_each_pair(const double* points, std::ptrdiff_t n, Take take, TakeLast take_last) {
     const double* const end = points + (n - n % 2) * Dimension;
-    for (; points != end; points += 2 * Dimension)
+    for (; points != end; points += std::ptrdiff_t{2} * Dimension)
         take(load_pair<Dimension>(points, points + Dimension));
     if (n % 2 != 0) take_last(load_pair<Dimension>(points, points));
 }

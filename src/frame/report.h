@@ -19,8 +19,8 @@ struct Format {
     const char* text;
     int line;
 
-    // NOLINTNEXTLINE(google-explicit-constructor): a text in the argument list is all a site
-    // writes.
+    // Converts, as a text in the argument list is all that a site writes.
+    // NOLINTNEXTLINE(google-explicit-constructor)
     constexpr Format(const char* format, int site_line = __builtin_LINE())
         : text(format), line(site_line) {}
 };

@@ -2,6 +2,7 @@
 #include "kit/roll_pitch_yaw.h"
 
 #include <cmath>
+#include <cstddef>
 #include <numbers>
 
 #include "frame/report.h"
@@ -86,7 +87,7 @@ class Solutions {
     int count() const { return count_; }
 
     void store(double* triples) const {
-        for (int i = 0; i < count_; ++i)
+        for (std::ptrdiff_t i = 0; i < count_; ++i)
             ztmath::store(Vec3{list_[i].roll, list_[i].pitch, list_[i].yaw}, triples + 3 * i);
     }
 

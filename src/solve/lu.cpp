@@ -177,6 +177,7 @@ bool lu_decompose(double** a, int n, int* exchanges, double& sign) {
 }
 
 void lu_solve(const double* const* a, int n, const int* exchanges, double* b) {
+    if (n < 1) return;
     for (int i = 0; i < n; ++i)
         std::swap(b[i], b[exchanges[i]]);
     substitute_forward(a, n, b);

@@ -19,6 +19,8 @@ struct RowsOf {
         for (int i = 0; i < rows; ++i)
             pointers[i] = elements + static_cast<std::ptrdiff_t>(i) * columns;
     }
+    // Stands where the interface takes row pointers.
+    // NOLINTNEXTLINE(google-explicit-constructor)
     operator double**() { return pointers; }
 
     double* pointers[rows];

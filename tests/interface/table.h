@@ -4,8 +4,9 @@
 // platform leaving by an exception.
 #pragma once
 
+#include <bit>
 #include <cstddef>
-#include <cstring>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -54,7 +55,7 @@ struct Outcome {
 Outcome outcome_of(const Call& call, const Arrays& inputs, double fill = 7.0);
 
 inline bool same_bits(double a, double b) {
-    return std::memcmp(&a, &b, sizeof a) == 0;
+    return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
 }
 
 bool same_bits(const Outcome& a, const Outcome& b);

@@ -131,8 +131,9 @@ TEST(RollPitchYaw, AtAPitchOfARightAngleGiveAllTheTurnToRoll) {
 
 TEST(RollPitchYaw, NearAPitchOfARightAngleAreOffByNoMoreThanTheCleaning) {
     Random random;
-    for (double off = 1.0e-3; off > 1.0e-13; off *= 0.6)
+    for (int step = 0; step < 45; ++step)
         for (const double up : {1.0, -1.0}) {
+            const double off = 1.0e-3 * std::pow(0.6, step);
             const Matrix m =
                 matrix_of({random.uniform(-3, 3), up * (pi / 2 - off), random.uniform(-3, 3)});
             const double bound = off < 1.5e-5 ? off + 1.0e-5 : 1.0e-9;

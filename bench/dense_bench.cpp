@@ -43,8 +43,7 @@ struct Rows {
     std::vector<double*> pointers;
 };
 
-// ---- LU: decomposition and one solution
-// ---------------------------------------------------------------
+// ---- LU: decomposition and one solution --------------------------------------------------------
 
 void lu_ztmath(benchmark::State& state) {
     const int n = static_cast<int>(state.range(0));
@@ -94,8 +93,7 @@ void lu_lapack(benchmark::State& state) {
     }
 }
 
-// ---- Singular values with both factors
-// ------------------------------------------------------------------
+// ---- Singular values with both factors ---------------------------------------------------------
 
 void svd_ztmath(benchmark::State& state) {
     const int m = static_cast<int>(state.range(0));
@@ -145,8 +143,7 @@ void svd_lapack(benchmark::State& state) {
     }
 }
 
-// ---- Symmetric eigenvalues with vectors
-// -------------------------------------------------------------------
+// ---- Symmetric eigenvalues with vectors --------------------------------------------------------
 
 void eigen_ztmath(benchmark::State& state) {
     const int n = static_cast<int>(state.range(0));

@@ -69,8 +69,7 @@ FitStatistics statistics(const DistanceSums& sums, const SmallestEigenpair<Dimen
     return {sums.max, std::sqrt(squares / n), sums.sum / n};
 }
 
-// ---- Lines in the plane
-// -----------------------------------------------------------------------------
+// ---- Lines in the plane ------------------------------------------------------------------------
 
 struct LineFit {
     Vec2 point{};
@@ -130,8 +129,7 @@ LineFit fit_line(const double* points, int n) {
     return fit;
 }
 
-// ---- Planes
-// -----------------------------------------------------------------------------------------
+// ---- Planes ------------------------------------------------------------------------------------
 
 struct PlaneFit {
     Vec3 point{};
@@ -185,8 +183,7 @@ PlaneFit fit_plane(const double* points, int n) {
     return fit;
 }
 
-// ---- Lines in space
-// ---------------------------------------------------------------------------------
+// ---- Lines in space ----------------------------------------------------------------------------
 
 struct SpaceLineFit {
     Vec3 normal{};

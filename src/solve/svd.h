@@ -90,8 +90,7 @@ class SvdIteration {
         return larger * std::sqrt(1.0 + ratio * ratio);
     }
 
-    // ---- Householder reflections
-    // ------------------------------------------------------------------
+    // ---- Householder reflections ---------------------------------------------------------------
 
     void bidiagonalize() {
         double left_of_diagonal = 0.0;
@@ -102,25 +101,38 @@ class SvdIteration {
         }
     }
 
-    /// Makes column i zero below the diagonal; returns the new diagonal element.
-    double reflect_column(int i) {
-        double* const x = u(i) + i;
-        const int length = m_ - i;
+    /// A reflection that takes a vector onto the first axis.
+    struct Reflection {
+        double size;  ///< sum of magnitudes that the vector was divided by
+        double g;     ///< the image's one component, divided
+        double h;     ///< minus half the squared length of the reflection's own vector
+    };
+
+    /// Turns x into the vector of its reflection, divided by its size; a size of 0 leaves it.
+    static Reflection reflection(double* x, int length) {
         const double size = lane_sum(length, [=](int k) { return std::fabs(x[k]); });
-        if (size == 0.0) return 0.0;
+        if (size == 0.0) return {0.0, 0.0, 0.0};
         for (int k = 0; k < length; ++k)
             x[k] /= size;
         const double f = x[0];
         const double norm = std::sqrt(dot(x, x, length));
         const double g = -std::copysign(norm, f);
-        const double h = f * g - norm * norm;
         x[0] = f - g;
+        return {size, g, f * g - norm * norm};
+    }
+
+    /// Makes column i zero below the diagonal; returns the new diagonal element.
+    double reflect_column(int i) {
+        double* const x = u(i) + i;
+        const int length = m_ - i;
+        const Reflection r = reflection(x, length);
+        if (r.size == 0.0) return 0.0;
         for (int j = i + 1; j < n_; ++j) {
             double* const y = u(j) + i;
-            add_scaled(y, dot(x, y, length) / h, x, length);
+            add_scaled(y, dot(x, y, length) / r.h, x, length);
         }
-        scale(x, size, length);
-        return size * g;
+        scale(x, r.size, length);
+        return r.size * r.g;
     }
 
     /// Makes row i zero right of the superdiagonal; returns the new superdiagonal element.
@@ -131,29 +143,21 @@ class SvdIteration {
         double* const sums = work_ + n_;  // the row's product with each row below it
         for (int k = 0; k < length; ++k)
             x[k] = u(first + k)[i];
-        const double size = lane_sum(length, [=](int k) { return std::fabs(x[k]); });
-        if (size == 0.0) return 0.0;
-        for (int k = 0; k < length; ++k)
-            x[k] /= size;
-        const double f = x[0];
-        const double norm = std::sqrt(dot(x, x, length));
-        const double g = -std::copysign(norm, f);
-        const double h = f * g - norm * norm;
-        x[0] = f - g;
+        const Reflection r = reflection(x, length);
+        if (r.size == 0.0) return 0.0;
         if (const int below = m_ - first; below > 0) {
             std::fill_n(sums, below, 0.0);
             for (int k = 0; k < length; ++k)
                 add_scaled(sums, x[k], u(first + k) + first, below);
             for (int k = 0; k < length; ++k)
-                add_scaled(u(first + k) + first, x[k] / h, sums, below);
+                add_scaled(u(first + k) + first, x[k] / r.h, sums, below);
         }
         for (int k = 0; k < length; ++k)
-            u(first + k)[i] = x[k] * size;
-        return size * g;
+            u(first + k)[i] = x[k] * r.size;
+        return r.size * r.g;
     }
 
-    // ---- Accumulation of the reflections
-    // ------------------------------------------------------------
+    // ---- Accumulation of the reflections -------------------------------------------------------
 
     void accumulate_right() {
         for (int i = n_ - 1; i >= 0; --i) {
@@ -215,8 +219,7 @@ class SvdIteration {
         }
     }
 
-    // ---- Diagonalisation
-    // ----------------------------------------------------------------------------
+    // ---- Diagonalisation -----------------------------------------------------------------------
 
     void find_value(int k) {
         for (int iteration = 1; iteration <= max_iterations; ++iteration) {

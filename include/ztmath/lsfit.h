@@ -11,6 +11,11 @@
  * used (all negative, not finite, or beyond 1e19 mm^2). Scale points of another unit into
  * millimetres.
  *
+ * The eigenvalue used is the smallest one that is not negative. For points that lie exactly in a plane or
+ * on a line and are spread over more than about 100 mm, rounding can make the true one negative beyond the
+ * threshold; the next one is then used, and the fit is wrong, which the statistics show. Scale such points
+ * to a spread of 100 or less.
+ *
  * Statistics are three doubles: the largest distance of a point from the fit; the root-mean-square
  * distance, from the eigenvalue, or from the distances where no eigenvalue was used; the mean
  * distance.

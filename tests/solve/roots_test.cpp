@@ -41,32 +41,20 @@ class NumberTolerance {
 
 constexpr double unwritten = 12345.0;
 
-/// Calls a solver on a copy and checks that it writes as many roots as it says, in place too.
+/// Calls a solver and checks that it writes as many roots as it says.
 Roots call(const std::function<int(const double*, double*)>& solve, const Roots& coeffs) {
-    double out[6];
-    std::fill(std::begin(out), std::end(out), unwritten);
-    const int count = solve(coeffs.data(), out);
+    Roots out(6, unwritten);
+    const int count = solve(coeffs.data(), out.data());
     EXPECT_GE(count, 0);
     EXPECT_LT(count, static_cast<int>(coeffs.size()));
-    for (int i = count; i < 6; ++i)
-        EXPECT_EQ(out[i], unwritten) << "root " << i << " of " << count;
-
-    Roots in_place = coeffs;
-    EXPECT_EQ(solve(in_place.data(), in_place.data()), count);
-    for (int i = 0; i < count; ++i)
-        EXPECT_TRUE(in_place[i] == out[i] || std::isnan(out[i]));
-    return {out, out + count};
+    EXPECT_EQ(std::count(out.begin() + count, out.end(), unwritten), 6 - count);
+    out.resize(count);
+    return out;
 }
 
 Roots closed(const Roots& coeffs) {
-    switch (coeffs.size()) {
-        case 3:
-            return call(SOLVE_quadratic, coeffs);
-        case 4:
-            return call(SOLVE_cubic, coeffs);
-        default:
-            return call(SOLVE_quartic, coeffs);
-    }
+    constexpr decltype(&SOLVE_quadratic) solvers[] = {SOLVE_quadratic, SOLVE_cubic, SOLVE_quartic};
+    return call(solvers[coeffs.size() - 3], coeffs);
 }
 
 Roots iterated(const Roots& coeffs) {
@@ -139,10 +127,6 @@ Roots separated(Random& random, int count) {
     return x;
 }
 
-std::array<double, 2> pair_of(Random& random) {
-    return {random.uniform(-10.0, 10.0), random.uniform(0.5, 10.0)};
-}
-
 /// Errors are relative to the largest root, the measure in which the closed forms are accurate;
 /// those of the iteration relative to each root.
 struct Class {
@@ -173,42 +157,37 @@ Factored scaled(Random& random, int degree, double decades) {
     return f;
 }
 
+Factored with_pairs(Random& random, int degree, int pairs) {
+    Factored f{separated(random, degree - 2 * pairs), {}};
+    for (int i = 0; i < pairs; ++i)
+        f.pairs.push_back({random.uniform(-10.0, 10.0), random.uniform(0.5, 10.0)});
+    return f;
+}
+
+Factored two_doubles(Random& random) {
+    const Roots x = separated(random, 2);
+    return {{x[0], x[0], x[1], x[1]}, {}};
+}
+
+Factored mirrored(Random& random, double mean) {
+    const double x = dyadic(random.uniform(0.5, 5.0));
+    const double y = x + dyadic(random.uniform(0.5, 5.0));
+    return {{mean + x, mean - x, mean + y, mean - y}, {}};
+}
+
 const Class classes[] = {
-    {"separated", 2, 1e-11, 1e-11,
-     [](Random& r, int d) {
-         return Factored{separated(r, d), {}};
-     }},
-    {"complex pair", 2, 1e-9, 1e-10,
-     [](Random& r, int d) {
-         return Factored{separated(r, d - 2), {pair_of(r)}};
-     }},
-    {"two complex pairs", 4, 0.0, 0.0,
-     [](Random& r, int) {
-         return Factored{{}, {pair_of(r), pair_of(r)}};
-     }},
+    {"separated", 2, 1e-11, 1e-11, [](Random& r, int d) { return with_pairs(r, d, 0); }},
+    {"complex pair", 2, 1e-9, 1e-10, [](Random& r, int d) { return with_pairs(r, d, 1); }},
+    {"two complex pairs", 4, 0.0, 0.0, [](Random& r, int d) { return with_pairs(r, d, 2); }},
     {"cluster of 1e-2", 2, 1e-10, 1e-9, [](Random& r, int d) { return clustered(r, d, 1e-2); }},
     {"cluster of 1e-4", 2, 1e-6, 1e-7, [](Random& r, int d) { return clustered(r, d, 1e-4); }},
     {"double", 2, 1e-6, 1e-5, [](Random& r, int d) { return with_copies(r, d, 2); }},
     {"triple", 3, 1e-14, 1e-3, [](Random& r, int d) { return with_copies(r, d, 3); }},
     {"quadruple", 4, 0.0, 1e-3, [](Random& r, int d) { return with_copies(r, d, 4); }},
-    {"two doubles", 4, 1e-13, 1e-5,
-     [](Random& r, int) {
-         const Roots x = separated(r, 2);
-         return Factored{{x[0], x[0], x[1], x[1]}, {}};
-     }},
-    {"biquadratic", 4, 1e-13, 1e-12,
-     [](Random& r, int) {
-         const double x = r.uniform(0.5, 5.0);
-         const double y = x + r.uniform(0.5, 5.0);
-         return Factored{{x, -x, y, -y}, {}};
-     }},
+    {"two doubles", 4, 1e-13, 1e-5, [](Random& r, int) { return two_doubles(r); }},
+    {"biquadratic", 4, 1e-13, 1e-12, [](Random& r, int) { return mirrored(r, 0.0); }},
     {"mirror image", 4, 1e-11, 1e-10,
-     [](Random& r, int) {
-         const double m = dyadic(r.uniform(-10.0, 10.0));
-         const double x = dyadic(r.uniform(0.5, 5.0));
-         const double y = x + dyadic(r.uniform(0.5, 5.0));
-         return Factored{{m + x, m - x, m + y, m - y}, {}};
-     }},
+     [](Random& r, int) { return mirrored(r, dyadic(r.uniform(-10.0, 10.0))); }},
     {"scaled 1e-2 to 1e2", 2, 1e-6, 1e-9, [](Random& r, int d) { return scaled(r, d, 2.0); }},
     {"scaled 1e-8 to 1e8", 2, 1e-5, 1e-9, [](Random& r, int d) { return scaled(r, d, 8.0); }},
 };
@@ -251,71 +230,93 @@ TEST(PolynomialRoots, OfKnownRootsAreFoundWithTheirNumber) {
             }
             EXPECT_LE(worst[0], c.closed_error) << c.name << ", degree " << degree;
             EXPECT_LE(worst[1], c.iterated_error) << c.name << ", degree " << degree;
-            const std::string key = std::string(c.name) + " of degree " + std::to_string(degree);
-            RecordProperty(key + " closed", std::to_string(worst[0] * 1e15) + "e-15");
-            RecordProperty(key + " iterated", std::to_string(worst[1] * 1e15) + "e-15");
         }
-}
-
-TEST(PolynomialRoots, MultipleOnesComeOutEqual) {
-    const NumberTolerance tolerance(fine);
-    EXPECT_EQ(closed({1, -2, 1}), (Roots{1, 1}));
-    EXPECT_EQ(closed({0, 0, 0, 1}), (Roots{0, 0, 0}));
-    EXPECT_EQ(closed({-8, 12, -6, 1}), (Roots{2, 2, 2}));
-    EXPECT_EQ(closed({2, -3, 0, 1}), (Roots{-2, 1, 1}));
-    EXPECT_EQ(closed({-2, -3, 0, 1}), (Roots{2, -1, -1}));
-    EXPECT_EQ(closed({81, -108, 54, -12, 1}), (Roots{3, 3, 3, 3}));
-    EXPECT_EQ(closed({36, -60, 37, -10, 1}), (Roots{3, 3, 2, 2}));
 }
 
 // ---- Closed forms
 
-TEST(Quadratic, TakesRoundingOfTheDiscriminantForZero) {
+TEST(ClosedForms, GiveExactRootsInTheirOrder) {
     const NumberTolerance tolerance(fine);
-    EXPECT_EQ(closed({1 + 4 * epsilon, -2, 1}), (Roots{1, 1}));
-    EXPECT_EQ(closed({1 + 5 * epsilon, -2, 1}), Roots{});
-    EXPECT_EQ(closed({1 - 4 * epsilon, -2, 1}), (Roots{1, 1}));
+    const double root2 = std::sqrt(2.0);
+    const Roots rows[][2] = {
+        // Multiple ones come out equal.
+        {{1, -2, 1}, {1, 1}},
+        {{0, 0, 0, 1}, {0, 0, 0}},
+        {{-8, 12, -6, 1}, {2, 2, 2}},
+        {{2, -3, 0, 1}, {-2, 1, 1}},
+        {{-2, -3, 0, 1}, {2, -1, -1}},
+        {{81, -108, 54, -12, 1}, {3, 3, 3, 3}},
+        {{36, -60, 37, -10, 1}, {3, 3, 2, 2}},
+        // Rounding of the discriminant is taken for zero.
+        {{1 + 4 * epsilon, -2, 1}, {1, 1}},
+        {{1 + 5 * epsilon, -2, 1}, {}},
+        {{1 - 4 * epsilon, -2, 1}, {1, 1}},
+        // The small root keeps its digits.
+        {{1, -1e9, 1}, {1e9, 1e-9}},
+        {{1, 1e9, 1}, {-1e9, -1e-9}},
+        {{-4, 0, 1}, {-2, 2}},
+        {{0, 1, 0, 1}, {0}},
+        {{0, 0, 6, -5, 1}, {3, 2, 0, 0}},
+        // Of a biquadratic, each root comes with its negative.
+        {{4, 0, -5, 0, 1}, {2, -2, 1, -1}},
+        {{-4, 0, 3, 0, 1}, {1, -1}},
+        {{4, 0, 5, 0, 1}, {}},
+        {{4, 0, -4, 0, 1}, {root2, -root2, root2, -root2}},
+        // In mirror image around their mean, a root: the outer two, then the mean twice.
+        {expanded({{2, 4, 3, 3}, {}}, 1.0), {2, 4, 3, 3}},
+        {expanded({{3, 3}, {{3, 2}}}, 1.0), {3, 3}},
+    };
+    for (const auto& [coeffs, roots] : rows)
+        EXPECT_EQ(closed(coeffs), roots) << ::testing::PrintToString(coeffs);
     const Roots apart = closed({1 - 5 * epsilon, -2, 1});
     ASSERT_EQ(apart.size(), 2u);
     EXPECT_GT(apart[0], apart[1]);
 }
 
-TEST(Quadratic, KeepsTheDigitsOfTheSmallRoot) {
-    const NumberTolerance tolerance(fine);
-    EXPECT_EQ(closed({1, -1e9, 1}), (Roots{1e9, 1e-9}));
-    EXPECT_EQ(closed({1, 1e9, 1}), (Roots{-1e9, -1e-9}));
-    EXPECT_EQ(closed({-4, 0, 1}), (Roots{-2, 2}));
-}
-
-TEST(Quadratic, LosesItsLeadingCoefficientsUpToTheTolerance) {
+TEST(ClosedForms, TakeCoefficientsForZeroUpToPowersOfTheTolerance) {
     const NumberTolerance tolerance(coarse);
-    EXPECT_EQ(closed({6, -2, coarse}), (Roots{3}));
-    EXPECT_EQ(closed({6, -2, -coarse}), (Roots{3}));
-    EXPECT_EQ(closed({-6, -2, std::nextafter(coarse, 1.0)}).size(), 2u);
-    for (const double c0 : {0.0, 1.0})
-        EXPECT_EQ(closed({c0, coarse, coarse}), Roots{});
-    EXPECT_EQ(closed({1, 2 * coarse, coarse}), (Roots{-1 / (2 * coarse)}));
-}
-
-TEST(Cubic, SplitsOffANullRootUpToTheCubedTolerance) {
-    const NumberTolerance tolerance(coarse);
-    EXPECT_EQ(closed({6, -5, 1, coarse}), (Roots{3, 2}));
     const double cube = coarse * coarse * coarse;
-    EXPECT_EQ(closed({cube, 6, -5, 1}), (Roots{3, 2, 0}));
-    EXPECT_EQ(closed({-cube, 6, -5, 1}), (Roots{3, 2, 0}));
+    const double fourth = cube * coarse;
+    const Roots rows[][2] = {
+        {{6, -2, coarse}, {3}},
+        {{6, -2, -coarse}, {3}},
+        {{0, coarse, coarse}, {}},
+        {{1, coarse, coarse}, {}},
+        {{1, 2 * coarse, coarse}, {-1 / (2 * coarse)}},
+        {{6, -5, 1, coarse}, {3, 2}},
+        {{cube, 6, -5, 1}, {3, 2, 0}},
+        {{-cube, 6, -5, 1}, {3, 2, 0}},
+        {{2, -3, 0, 1, coarse}, {-2, 1, 1}},
+        {{fourth, 2, -3, 0, 1}, {-2, 1, 1, 0}},
+        {{-fourth, 2, -3, 0, 1}, {-2, 1, 1, 0}},
+        // Odd coefficients of a quartic, large as the roots' error may be.
+        {{4, coarse, -5, -coarse, 1}, {2, -2, 1, -1}},
+    };
+    for (const auto& [coeffs, roots] : rows)
+        EXPECT_EQ(closed(coeffs), roots) << ::testing::PrintToString(coeffs);
+    EXPECT_EQ(closed({-6, -2, std::nextafter(coarse, 1.0)}).size(), 2u);
     EXPECT_NE(closed({std::nextafter(cube, 1.0), 6, -5, 1}).back(), 0.0);
-    EXPECT_EQ(closed({0, 1, 0, 1}), (Roots{0}));
+    EXPECT_NE(closed({2 * fourth, 2, -3, 0, 1}).back(), 0.0);
+    EXPECT_NE(closed({4, 2 * coarse, -5, 0, 1})[0], 2);
 }
 
-TEST(Cubic, OrdersThreeRootsSmallestLargestMiddle) {
+TEST(ClosedForms, OrderInexactRootsByTheirFormulas) {
     const NumberTolerance tolerance(fine);
-    for (const double sign : {1.0, -1.0}) {
-        const Roots x = closed({sign * 6, sign * -5, sign * -2, sign});  // -2, 1, 3
-        ASSERT_EQ(x.size(), 3u);
-        EXPECT_NEAR(x[0], -2, 1e-14);
-        EXPECT_NEAR(x[1], 3, 1e-14);
-        EXPECT_NEAR(x[2], 1, 1e-14);
-    }
+    const Roots rows[] = {
+        {-2, 3, 1},            // of a cubic: the smallest, the largest, the middle one
+        {0.5, 5.5, 1.5, 2.5},  // the cubic around the mean 2.5, then the mean
+        {7, 1, -2, -5},        // by factors, that of the larger sum first
+    };
+    for (const Roots& row : rows)
+        for (const double leading : {1.0, -1.0}) {
+            const Roots x = closed(expanded({row, {}}, leading));
+            ASSERT_EQ(x.size(), row.size());
+            for (std::size_t i = 0; i < row.size(); ++i)
+                EXPECT_NEAR(x[i], row[i], row.size() == 3 ? 1e-14 : 1e-13);
+            if (row.back() == 2.5) {
+                EXPECT_EQ(x.back(), 2.5);
+            }
+        }
 }
 
 TEST(Cubic, WithOneRootKeepsItsDigits) {
@@ -338,51 +339,6 @@ TEST(Cubic, NearATripleRootStaysAmongNumbers) {
         for (const double root : closed(c))
             ASSERT_NEAR(root, x, 1e-4 * std::fabs(x)) << ::testing::PrintToString(c);
     }
-}
-
-TEST(Quartic, SplitsOffANullRootAndFallsBackToTheCubic) {
-    const NumberTolerance tolerance(coarse);
-    EXPECT_EQ(closed({2, -3, 0, 1, coarse}), (Roots{-2, 1, 1}));
-    const double fourth = coarse * coarse * coarse * coarse;
-    EXPECT_EQ(closed({fourth, 2, -3, 0, 1}), (Roots{-2, 1, 1, 0}));
-    EXPECT_EQ(closed({-fourth, 2, -3, 0, 1}), (Roots{-2, 1, 1, 0}));
-    EXPECT_NE(closed({2 * fourth, 2, -3, 0, 1}).back(), 0.0);
-    EXPECT_EQ(closed({0, 0, 6, -5, 1}), (Roots{3, 2, 0, 0}));
-}
-
-TEST(Quartic, BiquadraticGivesEachRootWithItsNegative) {
-    const NumberTolerance tolerance(coarse);
-    EXPECT_EQ(closed({4, 0, -5, 0, 1}), (Roots{2, -2, 1, -1}));
-    EXPECT_EQ(closed({-4, 0, 3, 0, 1}), (Roots{1, -1}));
-    EXPECT_EQ(closed({4, 0, 5, 0, 1}), Roots{});
-    EXPECT_EQ(closed({4, 0, -4, 0, 1}),
-              (Roots{std::sqrt(2.0), -std::sqrt(2.0), std::sqrt(2.0), -std::sqrt(2.0)}));
-    // Odd coefficients within the tolerance do not count, large as the roots' error may be.
-    EXPECT_EQ(closed({4, coarse, -5, -coarse, 1}), (Roots{2, -2, 1, -1}));
-    EXPECT_NE(closed({4, 2 * coarse, -5, 0, 1})[0], 2);
-}
-
-TEST(Quartic, WithItsMeanAsARootEndsWithThat) {
-    const NumberTolerance tolerance(fine);
-    // The roots of the cubic around the mean 2.5, then the mean.
-    const Roots x = closed(expanded({{1.5, 0.5, 5.5, 2.5}, {}}, 1.0));
-    ASSERT_EQ(x.size(), 4u);
-    EXPECT_NEAR(x[0], 0.5, 1e-13);
-    EXPECT_NEAR(x[1], 5.5, 1e-13);
-    EXPECT_NEAR(x[2], 1.5, 1e-13);
-    EXPECT_EQ(x[3], 2.5);
-    // In mirror image around it: the outer two, then the mean twice.
-    EXPECT_EQ(closed(expanded({{2, 4, 3, 3}, {}}, 1.0)), (Roots{2, 4, 3, 3}));
-    EXPECT_EQ(closed(expanded({{3, 3}, {{3, 2}}}, 1.0)), (Roots{3, 3}));
-}
-
-TEST(Quartic, OrdersRootsByFactorsOfTheLargerSum) {
-    const NumberTolerance tolerance(fine);
-    const Roots x = closed(expanded({{7, 1, -2, -5}, {}}, 1.0));
-    const double expected[] = {7, 1, -2, -5};
-    ASSERT_EQ(x.size(), 4u);
-    for (int i = 0; i < 4; ++i)
-        EXPECT_NEAR(x[i], expected[i], 1e-13);
 }
 
 // ---- Laguerre's method
@@ -425,45 +381,23 @@ TEST(Polynomial, OfTooLargeADegreeIsReportedOnlyWhenChecking) {
         EXPECT_EQ(recorder.take(), Reports{});
     }
     const CheckingLevel on(1);
-    double x[6];
-    EXPECT_EQ(SOLVE_polynomial(6, sixth.data(), x), 0);
-    EXPECT_EQ(recorder.lines().size(), 2u);
+    EXPECT_EQ(iterated(sixth), Roots{});
+    ASSERT_EQ(recorder.lines().size(), 2u);
     EXPECT_NE(recorder.lines()[0], recorder.lines()[1]);
     EXPECT_EQ(recorder.take(), (Reports{first, second}));
-    EXPECT_EQ(SOLVE_polynomial(5, fourth_in_truth.data(), x), 4);
+    EXPECT_EQ(iterated(fourth_in_truth).size(), 4u);
     EXPECT_EQ(recorder.take(), Reports{first});
 }
 
 TEST(Polynomial, ReportsEveryIterationThatDoesNotEndWhenChecking) {
     const NumberTolerance tolerance(coarse);
-    const double c[] = {1.0, nan_value, 1.0};
-    double x[2];
     ReportRecorder recorder;
-    const CheckingLevel off(0);
-    EXPECT_EQ(SOLVE_polynomial(2, c, x), 0);
-    EXPECT_EQ(recorder.take(), Reports{});
-    const CheckingLevel on(1);
-    EXPECT_EQ(SOLVE_polynomial(2, c, x), 0);
-    EXPECT_EQ(recorder.take(),
-              Reports(4, internal("solve", "Too many iterations in routine laguerre()!!!\n")));
-}
-
-// ---- All of them
-
-TEST(PolynomialRoots, SurviveEveryMixtureOfUnusualCoefficients) {
-    const double unusual[] = {0.0, 1.0, -1e308, 5e-324, HUGE_VAL, nan_value};
-    for (const double tol : {fine, -939.0, nan_value}) {
-        const NumberTolerance tolerance(tol);
-        for (int code = 0; code < 6 * 6 * 6 * 6 * 6; ++code) {
-            Roots c;
-            for (int i = 0, rest = code; i < 5; ++i, rest /= 6)
-                c.push_back(unusual[rest % 6]);
-            for (int degree = 4; degree >= 2; --degree) {
-                c.resize(degree + 1);
-                closed(c);
-                if (code % 7 == 0) iterated(c);
-            }
-        }
+    for (const int level : {0, 1}) {
+        const CheckingLevel checking(level);
+        EXPECT_EQ(iterated({1.0, nan_value, 1.0}), Roots{});
+        EXPECT_EQ(recorder.take(),
+                  Reports(4 * level,
+                          internal("solve", "Too many iterations in routine laguerre()!!!\n")));
     }
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cmath>
+#include <utility>
 #include <vector>
 
 #include "support/random.h"
@@ -11,21 +12,9 @@ namespace ztmath_test {
 /// A matrix with its rows contiguous and pointers to them, as the interface takes either.
 class Matrix {
   public:
-    Matrix(int rows, int columns)
-        : rows_(rows), columns_(columns), elements_(static_cast<std::size_t>(rows) * columns) {
-        set_pointers();
-    }
-    Matrix(int rows, int columns, std::initializer_list<double> elements)
-        : rows_(rows), columns_(columns), elements_(elements) {
-        set_pointers();
-    }
-    Matrix(const Matrix& other)
-        : rows_(other.rows_), columns_(other.columns_), elements_(other.elements_) {
-        set_pointers();
-    }
-    Matrix& operator=(const Matrix& other) {
-        elements_ = other.elements_;  // of the same shape
-        return *this;
+    Matrix(int rows, int columns, std::vector<double> elements = {})
+        : rows_(rows), columns_(columns), elements_(std::move(elements)) {
+        elements_.resize(static_cast<std::size_t>(rows) * columns);
     }
 
     int rows() const { return rows_; }
@@ -33,15 +22,16 @@ class Matrix {
     double& operator()(int i, int j) { return elements_[at(i, j)]; }
     double operator()(int i, int j) const { return elements_[at(i, j)]; }
     double* flat() { return elements_.data(); }
-    double** pointers() { return pointers_.data(); }
+    double** pointers() {
+        pointers_.resize(rows_);
+        for (int i = 0; i < rows_; ++i)
+            pointers_[i] = &elements_[at(i, 0)];
+        return pointers_.data();
+    }
     bool operator==(const Matrix& other) const { return elements_ == other.elements_; }
 
   private:
     std::size_t at(int i, int j) const { return static_cast<std::size_t>(i) * columns_ + j; }
-    void set_pointers() {
-        for (int i = 0; i < rows_; ++i)
-            pointers_.push_back(&elements_[at(i, 0)]);
-    }
 
     int rows_, columns_;
     std::vector<double> elements_;
@@ -53,14 +43,6 @@ inline Matrix random_matrix(Random& random, int rows, int columns) {
     for (int i = 0; i < rows; ++i)
         for (int j = 0; j < columns; ++j)
             m(i, j) = random.normal();
-    return m;
-}
-
-inline Matrix random_symmetric(Random& random, int n) {
-    Matrix m = random_matrix(random, n, n);
-    for (int i = 0; i < n; ++i)
-        for (int j = 0; j < i; ++j)
-            m(i, j) = m(j, i);
     return m;
 }
 
@@ -95,6 +77,15 @@ inline Matrix diagonal(const std::vector<double>& values) {
 
 inline Matrix identity(int n) {
     return diagonal(std::vector<double>(n, 1.0));
+}
+
+/// A symmetric matrix whose eigenvalues are all `least` or above.
+inline Matrix random_definite(Random& random, int n, double least) {
+    const Matrix r = random_matrix(random, n, n);
+    Matrix m = r * transposed(r);
+    for (int i = 0; i < n; ++i)
+        m(i, i) += least;
+    return m;
 }
 
 /// The largest absolute difference of elements.

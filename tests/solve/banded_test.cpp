@@ -99,16 +99,12 @@ bool plain_solve(const Matrix& a, int bw, Vector& b) {
     return true;
 }
 
-struct Shape {
-    int n, bw;
-};
-
 /// All widths around those that are treated by themselves, and all lengths of what they leave over.
-std::vector<Shape> shapes() {
-    std::vector<Shape> list;
+std::vector<std::pair<int, int>> shapes() {
+    std::vector<std::pair<int, int>> list;
     for (const int bw : {0, 1, 2, 3, 4, 7, 8, 9, 10, 11, 12, 13, 17, INT_MAX})
         for (const int n : {1, 2, 3, 4, 5, 8, 9, 10, 16, 17, 18, 19, 20, 21, 40})
-            list.push_back({n, bw});
+            list.emplace_back(n, bw);
     return list;
 }
 

@@ -99,12 +99,16 @@ bool plain_solve(const Matrix& a, int bw, Vector& b) {
     return true;
 }
 
+struct Shape {
+    int n, bw;
+};
+
 /// All widths around those that are treated by themselves, and all lengths of what they leave over.
-std::vector<std::pair<int, int>> shapes() {
-    std::vector<std::pair<int, int>> list;
+std::vector<Shape> shapes() {
+    std::vector<Shape> list;
     for (const int bw : {0, 1, 2, 3, 4, 7, 8, 9, 10, 11, 12, 13, 17, INT_MAX})
         for (const int n : {1, 2, 3, 4, 5, 8, 9, 10, 16, 17, 18, 19, 20, 21, 40})
-            list.emplace_back(n, bw);
+            list.push_back({n, bw});
     return list;
 }
 

@@ -81,20 +81,23 @@ struct Factored {
 
 using Long = std::vector<long double>;
 
-Long operator*(const Long& p, const Long& q) {
-    Long product(p.size() + q.size() - 1, 0.0L);
+void multiply(Long& p, const Long& factor) {
+    Long product(p.size() + factor.size() - 1, 0.0L);
     for (std::size_t i = 0; i < p.size(); ++i)
-        for (std::size_t j = 0; j < q.size(); ++j)
-            product[i + j] += p[i] * q[j];
-    return product;
+        for (std::size_t j = 0; j < factor.size(); ++j)
+            product[i + j] += p[i] * factor[j];
+    p = product;
 }
 
 Roots expanded(const Factored& f, double leading) {
     Long p{leading};
     for (const long double x : f.real)
-        p = p * Long{-x, 1.0L};
-    for (const auto& [re, im] : f.pairs)
-        p = p * Long{1.0L * re * re + 1.0L * im * im, -2.0L * re, 1.0L};
+        multiply(p, {-x, 1.0L});
+    for (const auto& [re, im] : f.pairs) {
+        const long double a = re;
+        const long double b = im;
+        multiply(p, {a * a + b * b, -2.0L * a, 1.0L});
+    }
     return {p.begin(), p.end()};
 }
 

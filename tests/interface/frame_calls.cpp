@@ -40,7 +40,7 @@ int chosen(double number, int bad, int good) {
 }  // namespace
 
 std::vector<Call> frame_calls() {
-    return {
+    std::vector<Call> calls = {
         {"sys22_", {1, 1, 1}, {1}, tolerances},
         {"mapvaw_", mapping, {3}, mapped<mapvaw_>},
         {"mapvwa_", mapping, {3}, mapped<mapvwa_>},
@@ -83,6 +83,9 @@ std::vector<Call> frame_calls() {
              return 0;
          }},
     };
+    for (Call& call : calls)
+        call.writes_shared = true;
+    return calls;
 }
 
 }  // namespace ztmath_test

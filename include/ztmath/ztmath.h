@@ -16,6 +16,7 @@
 #include <ztmath/banded.h>
 #include <ztmath/box3.h>
 #include <ztmath/csys.h>
+#include <ztmath/dgeom.h>
 #include <ztmath/lsfit.h>
 #include <ztmath/mc.h>
 #include <ztmath/mtx3.h>

@@ -36,6 +36,7 @@ std::vector<Call> transform_calls();
 std::vector<Call> solve_calls();
 std::vector<Call> root_calls();
 std::vector<Call> fit_calls();
+std::vector<Call> dgeom_calls();
 
 const std::vector<Call>& interface_table();
 

@@ -137,10 +137,11 @@ ZTMATH_API void LSFIT_circle_to_points_3d(const double *points, int n, double pl
  *
  * When there is no usable eigenvalue the sphere runs through four points: p1, the farthest from the
  * plane (pl_pt, pl_n) of LSFIT_plane_to_points; p2, the farthest from the line through p1 along
- * pl_n; p3, that with the least parameter on the line through pl_pt along u0, the part of p2 - p1
- * square to pl_n; p4, the farthest from the plane of the three; of equally far ones the first. There
- * is no sphere when p1, p2 or p4 is less than 0.001 mm away from its plane or line, when p1, p2 and p3
- * lie on a line, or when the radius is not below 1e19.
+ * pl_n; p3, that with the least parameter on the line through pl_pt along u0, the unit vector square
+ * to pl_n and p2 - p1 on which p1 has no negative parameter; p4, the farthest from the plane of the
+ * three; of equally far ones the first. There is no sphere when p1, p2 or p4 is less than 0.001 mm
+ * away from its plane or line, when p1, p2 and p3 lie on a line, or when the radius is not below
+ * 1e19.
  *
  * Where one of these points cannot be found, no distance being a number, module "lsfit" reports
  * through ERROR_internal "There was no point found at max distance from the plane (pl_pt,pl_n).",

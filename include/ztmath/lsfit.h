@@ -1,28 +1,40 @@
 /*
- * lsfit.h - least-squares lines and planes through points, by perpendicular distance (Pearson,
- * 1901).
+ * lsfit.h - least-squares fits to points: lines and planes by perpendicular distance (Pearson, 1901),
+ * circles and spheres by the algebraic fit of Pratt (1987).
  *
- * The normal of the fit is the eigenvector of the smallest eigenvalue of the points' scatter
- * matrix. Points are passed as one array, point after point. Outputs are zeroed first; they may
- * alias or overlap inputs.
+ * Points are passed as one array, point after point. Outputs are zeroed first; they may alias or
+ * overlap inputs. Lengths are in millimetres, and so are the fixed thresholds: scale points of
+ * another unit into millimetres.
  *
- * Lengths are in millimetres, and so are the fixed thresholds: an eigenvalue of at most 1e-10 mm^2
- * counts as 0, points within 0.001 mm of each other count as coincident where no eigenvalue can be
- * used (all negative, not finite, or beyond 1e19 mm^2). Scale points of another unit into
- * millimetres.
+ * The normal of a line or plane is the eigenvector of the smallest eigenvalue of the points' scatter
+ * matrix that is not negative. An eigenvalue of at most 1e-10 mm^2 counts as 0, points within 0.001
+ * mm of each other count as coincident where no eigenvalue can be used (all negative, not finite, or
+ * beyond 1e19 mm^2). For points that lie exactly in a plane or on a line and are spread over more
+ * than about 100 mm, rounding can make the true eigenvalue negative beyond the threshold; the next
+ * one is then used, and the fit is wrong, which the statistics show. Scale such points to a spread
+ * of 100 or less.
  *
- * The eigenvalue used is the smallest one that is not negative. For points that lie exactly in a plane or
- * on a line and are spread over more than about 100 mm, rounding can make the true one negative beyond the
- * threshold; the next one is then used, and the fit is wrong, which the statistics show. Scale such points
- * to a spread of 100 or less.
+ * The coefficients of a circle or sphere A |p|^2 + B . p + D = 0 are the generalized eigenvector of
+ * the largest eigenvalue of the constraint |B|^2 - 4 A D = 1 against the points' moments of
+ * (1, p, |p|^2) about their centroid. It is used when it is at least 1e-10, about the reciprocal of
+ * the sum of the squared deviations. Otherwise, and when the moments are not positive definite by the
+ * measure of NR_cholesky_decomp (remainders of at least 1e-10), the fit falls back on three or four
+ * of the points, which the second statistic, 0, tells. So it does for points that lie on their circle
+ * or sphere within about 1e-8 radii, where that is as good, and for parts of a few millimetres or
+ * less given in metres, where it is not. Above 1e-6 radii of noise, and up to 1000 mm, centre and
+ * radius are those of exact arithmetic within 1e-11 of the radius of curvature, from full circles
+ * down to arcs of one degree, as far as the coordinates hold them: points at 1e6 radii from the
+ * origin lose six digits. The fit itself draws short and noisy arcs to larger radii the less, the
+ * more points there are.
  *
- * Statistics are three doubles: the largest distance of a point from the fit; the root-mean-square
- * distance, from the eigenvalue, or from the distances where no eigenvalue was used; the mean
- * distance.
+ * Statistics are three doubles: the largest distance of a point from the fit; a second value; the mean
+ * distance. The second value of lines and planes is the root-mean-square distance, from the
+ * eigenvalue, or from the distances where no eigenvalue was used. That of circles and spheres is
+ * sqrt(n / eigenvalue), about n times the root-mean-square distance, which callers know.
  *
  * With n < 1, "There are no input points." is reported by module "lsfit" through ERROR_internal,
  * and the outputs are zero. Eigenvalues that do not converge in 60 sweeps are reported as of
- * NR_ask_eigenvalues_jacobi.
+ * NR_ask_eigenvalues_jacobi, and what NR_generalized_eigenvalues_symm reports is reported.
  */
 #ifndef ZTMATH_LSFIT_H
 #define ZTMATH_LSFIT_H
@@ -94,9 +106,9 @@ ZTMATH_API void LSFIT_line_to_points_3d(const double *points, int n, double norm
  * points  x, y of each point (2 * n)
  * centre  out: zero when there is no circle
  * radius  out: 1e19 when there is no circle
- * failed  out: 0; 1 when the points lie on a line or coincide, or there are none; where three points
- *         were to give the circle, the status of ARC_SPLINE_cre_circle_thru_3_points_2d if that is
- *         not 0
+ * failed  out: 0; 1 when the points lie on a line or coincide, there are none, or the circle through
+ *         three points has no radius below 1e19; 2 when the first and the last point were to give
+ *         that circle and coincide, as in a ring that ends where it began
  * stats   out: statistics; zero for the circle through three points and when there is none
  *
  * When there is no usable eigenvalue the circle runs through three points, the first, the one with

@@ -286,6 +286,8 @@ TEST(CircleFit, FallsBackOnThreePointsUnlessThePointsAreStraight) {
     EXPECT_EQ(three.failed, 0);
     EXPECT_NEAR(three.radius, 1e9, 1e-3);
     EXPECT_EQ(three.stats, (Vector{0, 0, 0}));
+    // A ring that ends where it began has no three points; what is no number gives no circle.
+    EXPECT_EQ(circle({1e9, 0, 0, 1e9, -1e9, 0, -2e9, 3e8, 1e9, 0}).failed, 2);
 
     for (const auto& points : {std::vector<double>{},
                                {3, 4},

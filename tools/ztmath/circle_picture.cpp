@@ -81,8 +81,8 @@ std::string circle_drawing(const Points& points, const CircleFit& fit, const Pan
     pictured.draw_heading(svg);
     draw_true_panel(svg, panel, points, fit, drawn, labels, pictured);
     draw_residual_panel(svg, residual_box,
-                        {position, drawn, "Distance, outside above",
-                         labelled("along the circle", unit), labelled("distance", unit)},
+                        {position, drawn, "Roundness", labelled("along the circle", unit),
+                         labelled("distance outwards", unit)},
                         pictured);
     return svg.str();
 }

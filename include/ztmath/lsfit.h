@@ -16,16 +16,18 @@
  *
  * The coefficients of a circle or sphere A |p|^2 + B . p + D = 0 are the generalized eigenvector of
  * the largest eigenvalue of the constraint |B|^2 - 4 A D = 1 against the points' moments of
- * (1, p, |p|^2) about their centroid. It is used when it is at least 1e-10, about the reciprocal of
- * the sum of the squared deviations. Otherwise, and when the moments are not positive definite by the
- * measure of NR_cholesky_decomp (remainders of at least 1e-10), the fit falls back on three or four
- * of the points, which the second statistic, 0, tells. So it does for points that lie on their circle
- * or sphere within about 1e-8 radii, where that is as good, and for parts of a few millimetres or
- * less given in metres, where it is not. Above 1e-6 radii of noise, and up to 1000 mm, centre and
- * radius are those of exact arithmetic within 1e-11 of the radius of curvature, from full circles
- * down to arcs of one degree, as far as the coordinates hold them: points at 1e6 radii from the
- * origin lose six digits. The fit itself draws short and noisy arcs to larger radii the less, the
- * more points there are.
+ * (1, p, |p|^2) about their centroid. It is used when it is at least 1e-10: it is about the reciprocal
+ * of the sum of the squared deviations. Below that, and when the moments are not positive definite by
+ * the measure of NR_cholesky_decomp (remainders of at least 1e-10), the fit falls back on three or
+ * four of the points, which the second statistic, 0, tells. So it does for points that lie on their
+ * circle or sphere within about 1e-8 radii, where that is as good, and for parts of some millimetres
+ * given in metres, where it is not: a circle of 25 mm with deviations of 0.01 mm comes out 0.5 mm off.
+ *
+ * Where the eigenvalue is used, radii are up to 100 mm and deviations between 1e-6 and 1e-3 radii,
+ * centre and radius are within 1e-11 radii of those of exact arithmetic, from full circles down to
+ * arcs of one degree; less so where deviations are large (1e-5 at a radius of 1000 mm and deviations
+ * of 10 mm), as the iteration for the eigenvalues stops at 1e-10. Points that are 1e6 radii from the
+ * origin keep ten digits of the radius.
  *
  * Statistics are three doubles: the largest distance of a point from the fit; a second value; the mean
  * distance. The second value of lines and planes is the root-mean-square distance, from the

@@ -101,6 +101,44 @@ TEST(Fit, OfScatteredPointsIsTheLibrarys) {
     EXPECT_GE(line.distances.max, line.plane_distances.max);
 }
 
+// In millimetres alone, the library gives few points, or none, of the smallest and the largest.
+TEST(Fit, FindsCirclesAndSpheresOfEverySize) {
+    Random random;
+    for (const double size : {0.005, 0.1, 30.0, 1e7, 1e12})
+        for (const Unit& unit : {millimetres, unit_named("m")}) {
+            SCOPED_TRACE(size);
+            std::vector<double> arc, ring, ball;
+            for (int i = 0; i < 80; ++i) {
+                const double a = random.uniform(0.5, 3.5), b = random.uniform(-1, 1);
+                const double r = size * (1 + 1e-4 * random.normal());
+                const double x = 3 * size + r * std::cos(a), y = r * std::sin(a);
+                arc.insert(arc.end(), {x, y});
+                ring.insert(ring.end(), {0.8 * x, y, 0.6 * x});
+                ball.insert(ball.end(), {3 * size + r * std::cos(a) * std::cos(b),
+                                         r * std::sin(a) * std::cos(b), r * std::sin(b)});
+            }
+            const CircleFit circle = fit_circle(points_of(2, arc), unit);
+            const Circle3Fit circle3 = fit_circle_3d(points_of(3, ring), unit);
+            const SphereFit sphere = fit_sphere(points_of(3, ball), unit);
+            ASSERT_EQ(circle.shape, Shape::regular);
+            ASSERT_EQ(circle3.shape, Shape::regular);
+            ASSERT_EQ(sphere.shape, Shape::regular);
+            EXPECT_NEAR(circle.radius, size, 2e-4 * size);
+            EXPECT_NEAR(circle.centre[0], 3 * size, 2e-4 * size);
+            EXPECT_NEAR(circle.distances.rms, 1e-4 * size, 2e-5 * size);
+            EXPECT_NEAR(circle.start, 0.5 * 180 / M_PI, 15);
+            EXPECT_NEAR(circle.covered, 3 * 180 / M_PI, 25);
+            EXPECT_NEAR(sphere.radius, size, 2e-4 * size);
+            EXPECT_NEAR(sphere.distances.rms, 1e-4 * size, 2e-5 * size);
+            const Vec3 off3 = circle3.centre - Vec3{2.4 * size, 0, 1.8 * size};
+            const Vec3 off_ball = sphere.centre - Vec3{3 * size, 0, 0};
+            EXPECT_LE(length(off3), 4e-4 * size);
+            EXPECT_LE(length(off_ball), 4e-4 * size);
+            EXPECT_NEAR(circle3.circle.distances.rms, circle.distances.rms, 1e-6 * size);
+            EXPECT_NEAR(circle3.circle.covered, circle.covered, 0.1);
+        }
+}
+
 // The library's own point for (0,3), (1,3), (2,3) is (1,1), and its distances are 2.
 TEST(Fit, MeasuresFromTheLineThatIsShown) {
     const Line2Fit line = fit_line_2d(points_of(2, {0, 3, 1, 3, 2, 3}), millimetres);
@@ -156,6 +194,20 @@ TEST(Fit, SaysWhatHasNoAnswer) {
     EXPECT_EQ(plane({0, 0, 0, 1, 2, 3, 5, 10, 15.1}, millimetres), Shape::regular);
     EXPECT_EQ(plane({0, 0, 0, 1e9, 2e9, 3e9, 1e9 / 3, 2e9 / 3, 1e9}, millimetres),
               Shape::collinear);
+    const auto circle = [](std::vector<double> p) {
+        return fit_circle(points_of(2, std::move(p)), millimetres).shape;
+    };
+    const auto sphere = [](std::vector<double> p) {
+        return fit_sphere(points_of(3, std::move(p)), millimetres).shape;
+    };
+    EXPECT_EQ(circle({0, 0, 1, 1}), Shape::too_few);
+    EXPECT_EQ(circle({1, 2, 1, 2, 1, 2.0009}), Shape::coincident);
+    EXPECT_EQ(circle({1, 2, 2, 4, 3e9, 6e9, -7, -14}), Shape::collinear);
+    EXPECT_EQ(circle({0, 0, 10, 0, 3, 7}), Shape::regular);
+    EXPECT_EQ(sphere({0, 0, 0, 1, 0, 0, 0, 1, 0}), Shape::too_few);
+    EXPECT_EQ(sphere({0, 0, 0, 1, 2, 3, 5, 10, 15, 2, 4, 6}), Shape::collinear);
+    EXPECT_EQ(sphere({0, 0, 3, 5, 0, 3, 0, 5, 3, 9, 9, 3, 2, 1, 3}), Shape::coplanar);
+    EXPECT_EQ(sphere({0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1}), Shape::regular);
     EXPECT_EQ(fit_line_2d(points_of(2, {1, 1}), millimetres).shape, Shape::too_few);
     EXPECT_EQ(fit_line_2d(points_of(2, {1, 1, 1, 1}), millimetres).shape, Shape::coincident);
     EXPECT_EQ(fit_line_2d(points_of(2, {1, 1, 1, 2}), millimetres).shape, Shape::regular);

@@ -5,8 +5,10 @@
 #include <cmath>
 #include <numeric>
 
+#include "circle_picture.h"
 #include "line_picture.h"
 #include "plane_picture.h"
+#include "sphere_picture.h"
 #include "support/random.h"
 #include "svg_document.h"
 
@@ -151,6 +153,77 @@ TEST(LinePicture, OfALineInSpaceShowsItFromTheSideAndEndOn) {
     EXPECT_NEAR(std::hypot(dots.back().number("cx") - rms.number("cx"),
                            dots.back().number("cy") - rms.number("cy")),
                 fit.distances.max * per_unit, 0.05);
+}
+
+/// Points about (3, 5) or (3, 5, 7): an arc of radius 40, or a cap.
+Points around(int dimension, int count, double widest) {
+    Random random;
+    Points points{dimension, {}, {}};
+    for (int i = 0; i < count; ++i) {
+        const double a = random.uniform(0, widest), r = 40 + 0.1 * random.normal();
+        const double b = dimension == 3 ? random.uniform(0, 6) : 0;
+        points.coordinates.push_back(3 + r * std::cos(a));
+        points.coordinates.push_back(5 + r * std::sin(a) * std::cos(b));
+        if (dimension == 3) points.coordinates.push_back(7 + r * std::sin(a) * std::sin(b));
+        points.lines.push_back(static_cast<std::uint32_t>(i + 1));
+    }
+    return points;
+}
+
+/// Fails unless the dots are as far from the drawn circle as the points from the true one.
+void expect_dots_about(const SvgElement& circle, const std::vector<SvgElement>& dots,
+                       const std::vector<double>& distances, double radius) {
+    ASSERT_EQ(dots.size(), distances.size());
+    const double scale = circle.number("r") / radius;
+    for (std::size_t i = 0; i < dots.size(); ++i)
+        EXPECT_NEAR(std::hypot(dots[i].number("cx") - circle.number("cx"),
+                               dots[i].number("cy") - circle.number("cy")),
+                    circle.number("r") + scale * distances[i], 0.03);
+}
+
+TEST(CirclePicture, IsInTrueProportionAndShowsTheDistances) {
+    for (const double arc : {0.3, 2.0, 6.2}) {
+        const Points points = around(2, 90, arc);
+        const CircleFit fit = fit_circle(points, millimetres);
+        const SvgDocument svg(circle_picture(points, fit, millimetres, "p.txt"));
+        ASSERT_TRUE(svg.well_formed());
+        const auto distances = drawn_distances(fit.distances.of_point);
+        expect_heights(svg.find("distances", "dot"), distances);
+        expect_dots_about(svg.find("points", "fit")[0], svg.find("points", "dot"), distances,
+                          fit.radius);
+        expect_ring_around(svg, "points", svg.find("points", "dot").back());
+        EXPECT_EQ(svg.find("points", "residual").size(), 90U);
+    }
+    const Points ring = around(3, 90, 0.0);  // all at one place but for the radius: a line
+    EXPECT_EQ(fit_circle_3d(ring, millimetres).shape, Shape::collinear);
+    Points in_space{3, {}, {}};
+    const Points flat = around(2, 90, 2.0);
+    for (int i = 0; i < 90; ++i)
+        in_space.coordinates.insert(in_space.coordinates.end(),
+                                    {flat.at(i)[0], 0.8 * flat.at(i)[1], 0.6 * flat.at(i)[1]});
+    in_space.lines = flat.lines;
+    const Circle3Fit fit = fit_circle_3d(in_space, millimetres);
+    const SvgDocument svg(circle_picture(in_space, fit, millimetres, "p.txt"));
+    ASSERT_TRUE(svg.well_formed());
+    expect_dots_about(svg.find("points", "fit")[0], svg.find("points", "dot"),
+                      drawn_distances(fit.circle.distances.of_point), fit.circle.radius);
+}
+
+TEST(SpherePicture, ShowsEveryPointWithinTheOutline) {
+    for (const double widest : {0.5, 3.1}) {
+        const Points points = around(3, 300, widest);
+        const SphereFit fit = fit_sphere(points, millimetres);
+        const SvgDocument svg(sphere_picture(points, fit, millimetres, "p.txt"));
+        ASSERT_TRUE(svg.well_formed());
+        expect_heights(svg.find("distances", "dot"), drawn_distances(fit.distances.of_point));
+        const SvgElement outline = svg.find("plan", "fit")[0];
+        const auto dots = svg.find("plan", "dot");
+        EXPECT_EQ(dots.size(), 300U);
+        for (const SvgElement& dot : dots)
+            EXPECT_LT(std::hypot(dot.number("cx") - outline.number("cx"),
+                                 dot.number("cy") - outline.number("cy")),
+                      1.01 * outline.number("r"));
+    }
 }
 
 TEST(Picture, StaysWellFormedWhateverTheFileIsCalled) {

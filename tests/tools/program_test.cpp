@@ -19,6 +19,7 @@ TEST(Program, ExitCodesTellWhatHappened) {
     const Workshop w;
     w.file("square", square);
     w.file("line", "0 0 0\n1 1 1\n2 2 2\n");
+    w.file("flat", "0 0 0\n1 0 0\n0 1 0\n2 2 0\n");
     w.file("broken", "0 0 0\n1 1\n");
     const struct {
         const char* arguments;
@@ -36,7 +37,13 @@ TEST(Program, ExitCodesTellWhatHappened) {
         {"fit plane", 2, "FILE is required"},
         {"fit plane square square", 2, ""},
         {"fit plane square --unit ell", 2, "--unit: ell not in {mm,inch,m,um,deg,none}"},
-        {"fit circle square", 2, ""},
+        {"fit circle --3d square", 0, ""},
+        {"fit circle --3d line", 1, "ztmath: line: collinear: "},
+        {"fit sphere square", 0, ""},
+        {"fit sphere line", 1, "ztmath: line: too few points: a sphere needs 4"},
+        {"fit sphere flat", 1, "ztmath: flat: coplanar: the points lie in one plane\n"},
+        {"fit circle square", 3, "ztmath: square:1: 2 numbers expected (x y), found 3\n"},
+        {"fit cube square", 2, ""},
         {"fit plane missing", 3, "ztmath: cannot read missing: No such file or directory\n"},
         {"fit plane .", 3, "ztmath: cannot read .: Is a directory\n"},
         {"fit plane broken", 3, "ztmath: broken:2: 3 numbers expected (x y z), found 2\n"},
@@ -63,7 +70,8 @@ TEST(Program, HelpTeaches) {
     EXPECT_EQ(w.run("--version").code, 0);
     EXPECT_EQ(w.run("--version").out.substr(0, 7), "ztmath ");
     EXPECT_NE(w.run("--help").out.find("ztmath fit plane --svg"), std::string::npos);
-    for (const char* command : {"fit plane --help", "fit line --help"}) {
+    for (const char* command :
+         {"fit plane --help", "fit line --help", "fit circle --help", "fit sphere --help"}) {
         const auto outcome = w.run(command);
         EXPECT_EQ(outcome.code, 0);
         for (const char* part :
@@ -143,6 +151,27 @@ TEST(Program, JsonOfLines) {
     EXPECT_FALSE(none.contains("direction"));
     w.file("\xff\xfe", square);
     EXPECT_EQ(json::parse(w.run("fit plane --json '\xff\xfe'").out)["count"], 4);
+}
+
+TEST(Program, TablesAndJsonOfCirclesAndSpheres) {
+    const Workshop w;
+    const char* const ring = "6 5\n5 6\n4 5\n5 4\n";
+    const json circle = json::parse(w.run("fit circle --json --unit inch -", ring).out);
+    EXPECT_EQ(circle["centre"], json::parse("[5.0, 5.0]"));
+    EXPECT_EQ(circle["radius"], 1);
+    EXPECT_EQ(circle["arc_degrees"], 270);
+    EXPECT_EQ(circle["distances"]["max"], 0);
+    EXPECT_NE(w.run("fit circle --unit inch -", ring).out.find("  radius       1.00000000  in\n"),
+              std::string::npos);
+    const json space = json::parse(w.run("fit circle --3d --json -", "6 5 1\n5 6 1\n4 5 1\n").out);
+    EXPECT_NEAR(space["radius"].get<double>(), 1, 1e-12);
+    EXPECT_NEAR(space["centre"][2].get<double>(), 1, 1e-12);
+    EXPECT_EQ(std::fabs(space["normal"][2].get<double>()), 1);
+    EXPECT_TRUE(space.contains("plane_distances"));
+    const json sphere =
+        json::parse(w.run("fit sphere --json -", "1 0 0\n0 1 0\n-1 0 0\n0 0 1\n").out);
+    EXPECT_NEAR(sphere["radius"].get<double>(), 1, 1e-12);
+    EXPECT_EQ(json::parse(w.run("fit sphere --json -", "0 0 0\n").out)["shape"], "too few points");
 }
 
 TEST(Program, DrawsIntoAFile) {

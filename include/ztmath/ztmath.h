@@ -16,6 +16,8 @@
 #include <ztmath/banded.h>
 #include <ztmath/box3.h>
 #include <ztmath/csys.h>
+#include <ztmath/dgeom.h>
+#include <ztmath/facet.h>
 #include <ztmath/lsfit.h>
 #include <ztmath/mc.h>
 #include <ztmath/mtx3.h>

@@ -33,15 +33,41 @@ class WaitingParts {
     int count_ = 0;
 };
 
+/// The polygon's vertices, in boxes.
+class Outline {
+  public:
+    Outline(int n, const double* points)
+        : points_(points), boxes_(n, [this](int i) { return point(i); }, true) {
+        for (int i = 0; i < n; ++i)
+            all_finite_ &= is_finite(point(i));
+        const Box2& box = boxes_.whole();
+        reach_ = length(span(box, {0.0, 0.0}));
+    }
+
+    Vec2 point(int i) const { return load2(points_ + 2 * static_cast<std::ptrdiff_t>(i)); }
+    RunBoxes& boxes() { return boxes_; }
+
+    /// Whether all coordinates count as finite.
+    bool all_finite() const { return all_finite_; }
+
+    /// No point is farther from the origin.
+    double reach() const { return reach_; }
+
+  private:
+    const double* points_;
+    RunBoxes boxes_;
+    bool all_finite_ = true;
+    double reach_;
+};
+
 /// Searches a part for the apex of the triangle on its base edge.
 class ApexSearch {
   public:
-    ApexSearch(const double* points, RunBoxes& boxes, int first, int last)
-        : points_(points),
-          boxes_(boxes),
+    ApexSearch(Outline& outline, int first, int last)
+        : outline_(outline),
           first_(first),
           last_(last),
-          base_(point(last), point(first)) {}
+          base_(outline.point(last), outline.point(first)) {}
 
     /// The apex, or -1. The first vertex that makes a triangle gives way to the first one behind it
     /// that lies inside its circle and can be joined to the base edge, that one to the next, and so
@@ -53,16 +79,13 @@ class ApexSearch {
         int k = first_triangle();
         if (k < 0) return -1;
         Candidate candidate = candidate_at(k);
-        for (;;) {
-            const int from = candidate.vertex;
-            if (advance(candidate, patience)) return candidate.vertex;
+        while (!advance(candidate, patience))
             candidate = candidate_at(reached_from(candidate.vertex, best(candidate)));
-            (void)from;
-        }
+        return candidate.vertex;
     }
 
   private:
-    Vec2 point(int i) const { return load2(points_ + 2 * static_cast<std::ptrdiff_t>(i)); }
+    Vec2 point(int i) const { return outline_.point(i); }
 
     static constexpr int patience = 3;
 
@@ -85,7 +108,7 @@ class ApexSearch {
 
     /// Lets the candidate give way up to `times` times; whether it has been found to be the last.
     bool advance(Candidate& candidate, int times) {
-        return boxes_.first_of(
+        return outline_.boxes().first_of(
                    candidate.vertex + 1, last_ - 1,
                    [&](const Box2& box) { return cannot_replace(candidate, box); },
                    [&](int j) {
@@ -97,7 +120,7 @@ class ApexSearch {
 
     /// A vertex behind the candidate that gives way to few, if to any.
     int best(Candidate candidate) {
-        boxes_.nearest_first(
+        outline_.boxes().visit_in_order(
             candidate.vertex + 1, last_ - 1,
             [&](const Box2& box) { return base_.least_height(box); },
             [&](const Box2& box) { return cannot_replace(candidate, box); },
@@ -117,11 +140,11 @@ class ApexSearch {
                        !is_inside(base_.circle_through(point(w)), point(target)) &&
                        (w == from || can_be_joined(w));
             };
-            const int w = boxes_.first_of(
+            const int w = outline_.boxes().first_of(
                 from, target - 1,
                 [&](const Box2& box) {
                     return base_.rejects_all(box) ||
-                           base_.surely_beaten(box, point(target), goal.circle, boxes_.reach());
+                           base_.surely_beaten(box, point(target), goal.circle, outline_.reach());
                 },
                 holds);
             if (w < 0) return target;
@@ -132,8 +155,8 @@ class ApexSearch {
     int first_triangle() {
         const auto makes_triangle = [&](int k) { return !base_.rejects(point(k)); };
         if (makes_triangle(first_ + 1)) return first_ + 1;
-        const bool skips = boxes_.all_finite();  // a triangle that is not a number is none to skip
-        return boxes_.first_of(
+        const bool skips = outline_.all_finite();  // a triangle that is not a number is none to skip
+        return outline_.boxes().first_of(
             first_ + 2, last_ - 1,
             [&](const Box2& box) { return skips && base_.rejects_all(box); }, makes_triangle);
     }
@@ -151,14 +174,13 @@ class ApexSearch {
                    diagonal.is_crossed_by(point(k), point(k + 1));
         };
         if (blocking >= 0 && crosses(blocking)) return true;
-        const int k = boxes_.first_of(
+        const int k = outline_.boxes().first_of(
             first_, last_ - 1, [&](const Box2& box) { return diagonal.is_clear_of(box); }, crosses);
         if (k >= 0) blocking = k;
         return k >= 0;
     }
 
-    const double* points_;
-    RunBoxes& boxes_;
+    Outline& outline_;
     int first_, last_;
     BaseEdge base_;
     int blocks_first_ = -1;  // the edge that last hid a vertex from the first vertex
@@ -170,15 +192,15 @@ bool is_part(int first, int last) {
     return last - first > 1;
 }
 
-bool three_make_triangle(const double* points, int first) {
-    const double* p = points + 2 * static_cast<std::ptrdiff_t>(first);
-    return !BaseEdge(load2(p), load2(p + 2)).rejects(load2(p + 4));
+bool three_make_triangle(const Outline& outline, int first) {
+    return !BaseEdge(outline.point(first), outline.point(first + 1))
+                .rejects(outline.point(first + 2));
 }
 
 }  // namespace
 
 bool fill_polygon(int n, const double* points, PTF_triangle_t* triangles) {
-    RunBoxes boxes(points, n);
+    Outline outline(n, points);
     WaitingParts waiting;
     waiting.push({0, n - 1, 0, -1});
     while (!waiting.empty()) {
@@ -187,9 +209,9 @@ bool fill_polygon(int n, const double* points, PTF_triangle_t* triangles) {
         ZTMATH_ASSERT(ptf_module, "(*itri) < num_tris", t < n - 2);
         int k = first + 1;
         if (part.size() == 3) {
-            if (!three_make_triangle(points, first)) return false;
+            if (!three_make_triangle(outline, first)) return false;
         } else {
-            k = ApexSearch(points, boxes, first, last).apex();
+            k = ApexSearch(outline, first, last).apex();
             if (k < 0) return false;
         }
         const Part left{first, k, t + 1, t};

@@ -15,22 +15,6 @@ struct Circle {
     double squared_radius;
 };
 
-/// From a point to the nearest point of a box.
-inline Vec2 gap(const Box2& box, Vec2 p) {
-    const auto beyond = [](double low, double high, double c) {
-        const double below = low - c;
-        const double above = c - high;
-        return below > 0.0 ? below : above > 0.0 ? above : 0.0;
-    };
-    return {beyond(box.low.x, box.high.x, p.x), beyond(box.low.y, box.high.y, p.y)};
-}
-
-/// From a point to the farthest corner of a box.
-inline Vec2 span(const Box2& box, Vec2 p) {
-    return {std::fmax(std::fabs(box.low.x - p.x), std::fabs(box.high.x - p.x)),
-            std::fmax(std::fabs(box.low.y - p.y), std::fabs(box.high.y - p.y))};
-}
-
 /// A directed edge and what lies to its left.
 class BaseEdge {
   public:
@@ -44,7 +28,7 @@ class BaseEdge {
 
     /// Whether every point of the box is rejected.
     bool rejects_all(const Box2& box) const {
-        return rejects(leftmost(box));
+        return rejects(leftmost(box, way_));
     }
 
     /// Through both ends and p.
@@ -63,8 +47,8 @@ class BaseEdge {
     double least_height(const Box2& box) const {
         const double power =
             length_squared(gap(box, a_ + way_ * 0.5)) - 0.25 * length_squared(way_);
-        if (power > 0.0) return power / cross_with(leftmost(box));
-        const double nearest = cross_with(rightmost(box));
+        if (power > 0.0) return power / cross_with(leftmost(box, way_));
+        const double nearest = cross_with(rightmost(box, way_));
         return nearest > 0.0 ? power / nearest : -HUGE_VAL;
     }
 
@@ -76,9 +60,9 @@ class BaseEdge {
     /// most 60 units of the last place of (d / sine) (d / sine + reach), where d is the largest
     /// distance from a and the sine that of the angle between the edge and w.
     bool surely_beaten(const Box2& box, Vec2 p, const Circle& circle, double reach) const {
-        const double nearest = cross_with(rightmost(box));
+        const double nearest = cross_with(rightmost(box, way_));
         if (!(nearest > fill_eps)) return false;
-        const double farthest = cross_with(leftmost(box));
+        const double farthest = cross_with(leftmost(box, way_));
         const double edge = length(way_);
         const double w = length(span(box, a_));
         const double to_p = length(p - a_);
@@ -91,13 +75,6 @@ class BaseEdge {
     }
 
   private:
-    Vec2 leftmost(const Box2& box) const {
-        return {way_.y >= 0.0 ? box.low.x : box.high.x, way_.x >= 0.0 ? box.high.y : box.low.y};
-    }
-    Vec2 rightmost(const Box2& box) const {
-        return {way_.y >= 0.0 ? box.high.x : box.low.x, way_.x >= 0.0 ? box.low.y : box.high.y};
-    }
-
     // A triangle that is not a number passes.
     static bool rejected(double c) { return std::fabs(c) <= fill_eps || c < fill_eps; }
 
@@ -147,10 +124,8 @@ class Diagonal {
         const bool up = way_.y >= 0.0;
         const Vec2 ahead{right ? box.high.x : box.low.x, up ? box.high.y : box.low.y};
         const Vec2 behind{right ? box.low.x : box.high.x, up ? box.low.y : box.high.y};
-        const Vec2 leftmost{up ? box.low.x : box.high.x, right ? box.high.y : box.low.y};
-        const Vec2 rightmost{up ? box.high.x : box.low.x, right ? box.low.y : box.high.y};
         return along(ahead) < fill_eps || along(behind) > length_ + fill_eps ||
-               across(leftmost) < fill_eps || across(rightmost) > fill_eps;
+               across(leftmost(box, way_)) < fill_eps || across(rightmost(box, way_)) > fill_eps;
     }
 
   private:

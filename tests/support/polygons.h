@@ -107,7 +107,7 @@ inline Polygon densified(Polygon p, int n) {
             finer.insert(finer.end(), {a[0], a[1]});
             if (vertex_count(finer) - i > n - before + 1) continue;
             const double along = 0.4 + 0.2 * draw();
-            const double across = 0.02 * (draw() - 0.5);
+            const double across = 0.001 * (draw() - 0.5);
             const double x = b[0] - a[0];
             const double y = b[1] - a[1];
             finer.insert(finer.end(),

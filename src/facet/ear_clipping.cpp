@@ -31,9 +31,9 @@ class PlanePolygon {
             u_ = {normal.z < 0.0 ? -1.0 : 1.0, 0.0, 0.0};
             v_ = {0.0, 1.0, 0.0};
         } else {
-            const Vec3 n = unitize_unchecked(normal, 0.0).unit;
-            u_ = unitize(perpendicular(n)).unit;
-            v_ = cross(n, u_);
+            const Vec3 unit = unitize_unchecked(normal, 0.0).unit;
+            u_ = unitize(perpendicular(unit)).unit;
+            v_ = cross(unit, u_);
         }
     }
 
@@ -86,16 +86,15 @@ class CornerTriangle {
     }
 
   private:
-    bool is_left(Vec3 a, Vec3 b, Vec3 p) const {
-        return dot(cross(b - a, p - a), normal_) > 0.0;
-    }
+    bool is_left(Vec3 a, Vec3 b, Vec3 p) const { return dot(cross(b - a, p - a), normal_) > 0.0; }
 
     bool is_right(Vec2 a, Vec2 b, const Box2& box) const {
         const Vec2 way = b - a;
         const Vec2 to_box = leftmost(box, way) - a;
         const double most = cross(way, to_box);
         const Vec2 farthest = span(box, a);
-        return !(most + rounding_ * (std::fabs(way.x) + std::fabs(way.y) + farthest.x + farthest.y) >
+        return !(most +
+                     rounding_ * (std::fabs(way.x) + std::fabs(way.y) + farthest.x + farthest.y) >
                  0.0);
     }
 
@@ -113,7 +112,8 @@ class EarClipping {
           polygon_(n, points, normal),
           out_(triangles),
           remaining_(n),
-          boxes_(n, [this](int i) { return polygon_.place(i); }, false),
+          boxes_(
+              n, [this](int i) { return polygon_.place(i); }, false),
           open_(n),
           corners_(n) {
         const Vec2 farthest = span(boxes_.whole(), {0.0, 0.0});
@@ -139,8 +139,8 @@ class EarClipping {
 
     struct Corner {
         int previous, next;
-        int witness;         // a corner inside its triangle, if that is why it waits
-        int first_waiting;   // the corners whose witness this one is, as a list
+        int witness;        // a corner inside its triangle, if that is why it waits
+        int first_waiting;  // the corners whose witness this one is, as a list
         int next_waiting, previous_waiting;
         int is_reflex;
     };
@@ -151,8 +151,8 @@ class EarClipping {
     int next_ear(int start) {
         const int last = corners_[start].previous;
         for (int at = next_open(start); at != none; at = next_open(at)) {
-            const bool passed_last = start <= last ? at < start || at >= last
-                                                   : at >= last && at < start;
+            const bool passed_last =
+                start <= last ? at < start || at >= last : at >= last && at < start;
             if (passed_last) return last;
             const int witness = corner_inside(at);
             if (witness == none) return at;
@@ -265,7 +265,7 @@ class EarClipping {
     int reflex_ = 0;
     bool all_convex_ = false;  // once entered, this state is kept
     RunBoxes boxes_;
-    double reach_;  // no place is farther from the origin
+    double reach_;   // no place is farther from the origin
     IndexSet open_;  // the convex corners without a known witness
     SmArray<Corner> corners_;
 };

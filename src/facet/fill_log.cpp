@@ -40,8 +40,20 @@ void write_nodes(std::FILE* file, int n, const double* points) {
 void write_elements(std::FILE* file, int count, const PTF_triangle_t* triangles) {
     std::fputs("EBLOCK,19,SOLID\n(19i7)\n", file);
     for (int t = 0; t < count; ++t) {
-        const int fields[19] = {1, 4, 1, 1, 0, 0, 0, 0, 8, 0, t + 1, triangles[t].a + 1,
-                                triangles[t].b + 1, triangles[t].c + 1};
+        const int fields[19] = {1,
+                                4,
+                                1,
+                                1,
+                                0,
+                                0,
+                                0,
+                                0,
+                                8,
+                                0,
+                                t + 1,
+                                triangles[t].a + 1,
+                                triangles[t].b + 1,
+                                triangles[t].c + 1};
         for (const int field : fields)
             std::fprintf(file, "%7d", field);
         std::fputc('\n', file);

@@ -37,7 +37,9 @@ class WaitingParts {
 class Outline {
   public:
     Outline(int n, const double* points)
-        : points_(points), boxes_(n, [this](int i) { return point(i); }, true) {
+        : points_(points),
+          boxes_(
+              n, [this](int i) { return point(i); }, true) {
         for (int i = 0; i < n; ++i)
             all_finite_ &= is_finite(point(i));
         const Box2& box = boxes_.whole();
@@ -155,10 +157,11 @@ class ApexSearch {
     int first_triangle() {
         const auto makes_triangle = [&](int k) { return !base_.rejects(point(k)); };
         if (makes_triangle(first_ + 1)) return first_ + 1;
-        const bool skips = outline_.all_finite();  // a triangle that is not a number is none to skip
+        const bool skips =
+            outline_.all_finite();  // a triangle that is not a number is none to skip
         return outline_.boxes().first_of(
-            first_ + 2, last_ - 1,
-            [&](const Box2& box) { return skips && base_.rejects_all(box); }, makes_triangle);
+            first_ + 2, last_ - 1, [&](const Box2& box) { return skips && base_.rejects_all(box); },
+            makes_triangle);
     }
 
     bool can_be_joined(int j) {
@@ -218,8 +221,8 @@ bool fill_polygon(int n, const double* points, PTF_triangle_t* triangles) {
         const Part right{k, last, t + k - first, t};
         const bool has_left = is_part(first, k);
         const bool has_right = is_part(k, last);
-        triangles[t] = {last,  first, k, has_left ? left.triangle : -1,
-                        has_right ? right.triangle : -1, parent};
+        triangles[t] = {
+            last, first, k, has_left ? left.triangle : -1, has_right ? right.triangle : -1, parent};
         const bool left_waits = left.size() > right.size();
         if (left_waits && has_left) waiting.push(left);
         if (has_right) waiting.push(right);

@@ -27,9 +27,7 @@ class BaseEdge {
     bool rejects(Vec2 p) const { return rejected(cross_with(p)); }
 
     /// Whether every point of the box is rejected.
-    bool rejects_all(const Box2& box) const {
-        return rejects(leftmost(box, way_));
-    }
+    bool rejects_all(const Box2& box) const { return rejects(leftmost(box, way_)); }
 
     /// Through both ends and p.
     Circle circle_through(Vec2 p) const {

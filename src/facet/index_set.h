@@ -38,7 +38,8 @@ class IndexSet {
         std::ptrdiff_t at = i;
         for (int level = 0; level < levels_ && (at >> 6) < size_[level]; ++level) {
             const std::uint64_t rest = word(level, at >> 6) & (~std::uint64_t{0} << (at & 63));
-            if (rest != 0) return least_below(level, (at & ~std::ptrdiff_t{63}) + std::countr_zero(rest));
+            if (rest != 0)
+                return least_below(level, (at & ~std::ptrdiff_t{63}) + std::countr_zero(rest));
             at = (at >> 6) + 1;
         }
         return -1;

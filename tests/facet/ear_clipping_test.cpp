@@ -91,8 +91,9 @@ TEST(EarClipping, IsThePlainRuleTriangleForTriangle) {
         Polygon crossing;
         for (int i = 0; i < 2 * n; ++i)
             crossing.push_back(random.integer(-9, 9));
-        for (const Polygon& p : {star_polygon(n, seed), monotone_polygon(n, seed), comb_polygon(n, 9),
-                                 spiral_polygon(n), convex_polygon(n), crossing})
+        for (const Polygon& p :
+             {star_polygon(n, seed), monotone_polygon(n, seed), comb_polygon(n, 9),
+              spiral_polygon(n), convex_polygon(n), crossing})
             for (const Polygon& q : {p, snapped(p, step), densified(p, 4 * n / 3), reversed(p)})
                 for (const Frame& frame : {flat, Frame(random)}) {
                     const Vectors points = lifted(q, frame);

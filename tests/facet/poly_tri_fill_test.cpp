@@ -1,6 +1,7 @@
 // The triangle fill against the plain rule, which walks all vertices and edges.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <vector>
@@ -148,13 +149,13 @@ TEST(PolyTriFill, IsThePlainRuleTriangleForTriangle) {
         const int n = round % 25 == 0 ? random.integer(100, 500) : random.integer(3, 80);
         const auto seed = static_cast<std::uint64_t>(round + 1);
         const double step = std::pow(2.0, random.integer(-3, 8));
-        for (const Polygon& p :
-             {star_polygon(n, seed), monotone_polygon(n, seed), spiral_polygon(n),
-              comb_polygon(n, 2.0 + random.integer(0, 200)), convex_polygon(n),
-              convex_polygon(n, 1000.0)})
+        for (const Polygon& p : {star_polygon(n, seed), monotone_polygon(n, seed),
+                                 spiral_polygon(n), comb_polygon(n, 2.0 + random.integer(0, 200)),
+                                 convex_polygon(n), convex_polygon(n, 1000.0)})
             for (const double scale : {1.0, std::pow(10.0, random.uniform(-6, 4))})
                 for (Polygon q : {p, snapped(p, step), densified(snapped(p, step), n + n / 3)}) {
-                    // Any vertex may be the first, and the place of the origin changes the rounding.
+                    // Any vertex may be the first, and the place of the origin changes the
+                    // rounding.
                     std::rotate(q.begin(), q.begin() + 2 * random.integer(0, vertex_count(q) - 1),
                                 q.end());
                     const double offset = round % 3 == 0 ? 1e5 : 0.0;
@@ -167,6 +168,114 @@ TEST(PolyTriFill, IsThePlainRuleTriangleForTriangle) {
                 }
     }
     EXPECT_GT(filled, all / 3);
+}
+
+const Polygon square = {0, 0, 1, 0, 1, 1, 0, 1};
+
+TEST(PolyTriFill, FillsASquare) {
+    const Fill fill(square, true);
+    ASSERT_EQ(fill.status, 0);
+    EXPECT_EQ(fill.list(), (Triangles{{3, 0, 1, -1, 1, -1}, {3, 1, 2, -1, -1, 0}}));
+    EXPECT_EQ(fill.lists[1].num_neighbors, 1);
+    EXPECT_EQ(fill.lists[1].neighbors[0], 3);
+    EXPECT_EQ(fill.lists[1].neighbors[3], -1);
+    EXPECT_EQ(fill.lists[3].neighbors[0], 1);
+    EXPECT_EQ(fill.lists[0].num_neighbors + fill.lists[2].num_neighbors, 0);
+    EXPECT_EQ(PTF_validate_boundary(4, square.data()), 1);
+}
+
+TEST(PolyTriFill, AnswersWithAStatusAndClearedOutputs) {
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const struct {
+        Polygon polygon;
+        int status;
+    } cases[]{
+        {{}, 2},
+        {{0, 0, 1, 0}, 2},
+        {{0, 0, 1, 0, 0, 1}, 0},
+        {{0, 0, 0, 1, 1, 0}, 1},  // clockwise
+        {{0, 0, 1, 0, 2, 0}, 1},  // collinear
+        {{0, 0, 1e-5, 0, 0, 0.9999e-5}, 1},
+        {{0, 0, 1e-5, 0, 0, 1.0001e-5}, 0},
+        {reversed(square), 1},
+        {{0, 0, 1, 0, 1, 0, 1, 1, 0, 1}, 1},              // a point twice
+        {{0, 0, 2, 0, 2, 1, 3, 1, 2, 1, 2, 2, 0, 2}, 1},  // a spike
+        {{0, 0, 1, 1, 1, 0, 0, 1}, 1},                    // crosses itself
+        {{0, 0, 1, 0, nan, nan, 0, 1}, 0},  // what is no number is no degenerate triangle
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(::testing::PrintToString(c.polygon));
+        const Fill fill(c.polygon, true);
+        EXPECT_EQ(fill.status, c.status);
+        EXPECT_EQ(fill.count, c.status == 0 ? fill.size - 2 : 0);
+        for (const void* block :
+             {static_cast<const void*>(fill.triangles), static_cast<const void*>(fill.edges),
+              static_cast<const void*>(fill.lists)})
+            EXPECT_EQ(block == nullptr, c.status != 0);
+        EXPECT_EQ(PTF_validate_boundary(fill.size, c.polygon.data()), c.status == 0);
+    }
+    PTF_free_output(3, nullptr, nullptr, nullptr);
+}
+
+/// Areas add up, neighbours know each other, and every edge of the polygon has its triangle.
+void expect_valid(const Polygon& p) {
+    const Fill fill(p);
+    ASSERT_EQ(fill.status, 0);
+    const auto n = static_cast<std::size_t>(fill.size);
+    long double area = 0;
+    const auto x = [&](int i) { return &p[2 * static_cast<std::size_t>(i)]; };
+    for (int t = 0; t < fill.count; ++t) {
+        const PTF_triangle_t& r = fill.triangles[t];
+        const double twice =
+            doubled_area({x(r.a)[0], x(r.a)[1], x(r.b)[0], x(r.b)[1], x(r.c)[0], x(r.c)[1]});
+        ASSERT_GT(twice, 0);
+        area += twice;
+        const int corners[] = {r.a, r.b, r.c}, across[] = {r.across_bc, r.across_ca, r.across_ab};
+        for (int k = 0; k < 3; ++k) {
+            const int from = corners[(k + 1) % 3], to = corners[(k + 2) % 3];
+            if (across[k] < 0) {
+                ASSERT_EQ(to, (from + 1) % fill.size);
+                ASSERT_EQ(fill.edges[from].triangle, t);
+                ASSERT_EQ(fill.edges[from].edge, k + 1);
+                continue;
+            }
+            const PTF_triangle_t& o = fill.triangles[across[k]];
+            ASSERT_EQ((o.across_bc == t) + (o.across_ca == t) + (o.across_ab == t), 1);
+            ASSERT_TRUE((from == o.a || from == o.b || from == o.c) &&
+                        (to == o.a || to == o.b || to == o.c));
+        }
+    }
+    EXPECT_EQ(fill.count, static_cast<int>(n) - 2);
+    const double whole = doubled_area(p);
+    EXPECT_NEAR(static_cast<double>(area) / whole, 1.0, 1e-9);
+}
+
+TEST(PolyTriFill, FillsLargePolygons) {
+    // A million vertices when asked: ZTMATH_TEST_ROUNDS=10.
+    const int n = rounds(100'000);
+    expect_valid(star_polygon(n, 3));
+    expect_valid(monotone_polygon(n, 3));
+    expect_valid(spiral_polygon(n));
+    expect_valid(comb_polygon(n / 50, 20.0));
+    expect_valid(densified(star_polygon(300, 4), n));
+}
+
+TEST(PolyTriFill, EndsSoonOnLargePolygonsThatAreNone) {
+    const int n = 100'000;
+    Random random;
+    Polygon tangle, twice_around;
+    for (int i = 0; i < n; ++i) {
+        tangle.insert(tangle.end(), {random.uniform(-1000, 1000), random.uniform(-1000, 1000)});
+        add_polar(twice_around, 1000.0 + random.uniform(0, 1), 4 * M_PI * i / n);
+    }
+    Polygon sprinkled = star_polygon(n, 5);
+    for (std::size_t i = 0; i < sprinkled.size(); i += 77)
+        sprinkled[i] = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_EQ(PTF_validate_boundary(n, tangle.data()), 0);
+    EXPECT_EQ(PTF_validate_boundary(n, Polygon(2 * n, 1.0).data()), 0);
+    EXPECT_EQ(PTF_validate_boundary(n, reversed(star_polygon(n, 6)).data()), 0);
+    PTF_validate_boundary(n, sprinkled.data());
+    PTF_validate_boundary(n, twice_around.data());
 }
 
 }  // namespace

@@ -37,7 +37,8 @@ inline void add_polar(Polygon& p, double radius, double angle) {
 inline Polygon convex_polygon(int n, double across = 600.0) {
     Polygon p;
     for (int i = 0; i < n; ++i)
-        p.insert(p.end(), {1000.0 * std::cos(2 * M_PI * i / n), across * std::sin(2 * M_PI * i / n)});
+        p.insert(p.end(),
+                 {1000.0 * std::cos(2 * M_PI * i / n), across * std::sin(2 * M_PI * i / n)});
     return p;
 }
 

@@ -26,6 +26,7 @@
 #include <ztmath/nr_functions.h>
 #include <ztmath/pln3.h>
 #include <ztmath/pnt3.h>
+#include <ztmath/ptf.h>
 #include <ztmath/roots.h>
 #include <ztmath/session.h>
 #include <ztmath/solve.h>

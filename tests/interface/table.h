@@ -40,6 +40,7 @@ std::vector<Call> root_calls();
 std::vector<Call> fit_calls();
 std::vector<Call> dgeom_calls();
 std::vector<Call> facet_calls();
+std::vector<Call> polygon_calls();
 
 const std::vector<Call>& interface_table();
 

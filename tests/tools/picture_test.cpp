@@ -29,6 +29,12 @@ Points scattered(int dimension, int count, double noise) {
     return points;
 }
 
+SvgDocument plane_svg(const Points& points, const std::string& name = "p.txt") {
+    SvgDocument svg(plane_picture(points, fit_plane(points, millimetres), millimetres, name));
+    EXPECT_TRUE(svg.well_formed()) << name;
+    return svg;
+}
+
 /// The distances in the order in which points are drawn: the farthest last.
 std::vector<double> drawn_distances(std::vector<double> distances) {
     std::stable_sort(distances.begin(), distances.end(),
@@ -60,11 +66,9 @@ TEST(PlanePicture, ShowsEveryPointAtItsDistance) {
     for (const int count : {4, 40, 400, 1500}) {
         SCOPED_TRACE(count);
         const Points points = scattered(3, count, 0.1);
-        const PlaneFit fit = fit_plane(points, millimetres);
-        const SvgDocument svg(plane_picture(points, fit, millimetres, "p.txt"));
-        ASSERT_TRUE(svg.well_formed());
+        const SvgDocument svg = plane_svg(points);
         const auto dots = svg.find("distances", "dot");
-        expect_heights(dots, drawn_distances(fit.distances.of_point));
+        expect_heights(dots, drawn_distances(fit_plane(points, millimetres).distances.of_point));
         expect_ring_around(svg, "distances", dots.back());
         expect_ring_around(svg, "plan", svg.find("plan", "dot").back());
         EXPECT_EQ(svg.find("distances", "residual").size(), count <= 400 ? count : 0U);
@@ -76,8 +80,7 @@ TEST(PlanePicture, ShowsEveryPointAtItsDistance) {
 
 TEST(PlanePicture, CountsEveryPointInTheHistogram) {
     const Points points = scattered(3, 900, 0.1);
-    const PlaneFit fit = fit_plane(points, millimetres);
-    const SvgDocument svg(plane_picture(points, fit, millimetres, "p.txt"));
+    const SvgDocument svg = plane_svg(points);
     double area = 0.0, least = 1e9;
     for (const SvgElement& bar : svg.find("histogram", "bar")) {
         area += bar.number("height");
@@ -91,9 +94,7 @@ TEST(PlanePicture, CountsEveryPointInTheHistogram) {
 TEST(PlanePicture, ThinsOutButKeepsTheFarthest) {
     Points points = scattered(3, 50000, 0.1);
     points.coordinates[3 * 33333 + 2] += 9.0;
-    const PlaneFit fit = fit_plane(points, millimetres);
-    const SvgDocument svg(plane_picture(points, fit, millimetres, "p.txt"));
-    ASSERT_TRUE(svg.well_formed());
+    const SvgDocument svg = plane_svg(points);
     const auto dots = svg.find("distances", "dot");
     EXPECT_LT(dots.size(), 3600U);
     EXPECT_LT(svg.find("plan", "dot").size(), 3100U);
@@ -105,9 +106,7 @@ TEST(PlanePicture, ThinsOutButKeepsTheFarthest) {
 
 TEST(PlanePicture, OfExactPointsClaimsNoDistances) {
     const Points points{3, {0, 0, 0, 10, 0, 0.1, 0, 7, 0.2}, {1, 2, 3}};
-    const PlaneFit fit = fit_plane(points, millimetres);
-    const SvgDocument svg(plane_picture(points, fit, millimetres, "p.txt"));
-    ASSERT_TRUE(svg.well_formed());
+    const SvgDocument svg = plane_svg(points);
     EXPECT_TRUE(svg.find("distances", "ring").empty());
     EXPECT_TRUE(svg.find("distances", "band").empty());
     EXPECT_EQ(svg.find("distances", "dot").size(), 3U);
@@ -155,22 +154,16 @@ TEST(LinePicture, OfALineInSpaceShowsItFromTheSideAndEndOn) {
 
 TEST(Picture, StaysWellFormedWhateverTheFileIsCalled) {
     const Points points = scattered(3, 9, 0.1);
-    const PlaneFit fit = fit_plane(points, millimetres);
     for (const char* name : {"a&b<c>\"d\".txt", "\xff\xfe\x01\x1b.txt", "\u00e9\u4e2d\U0001f600",
-                             "\xc0\x80 \xed\xa0\x80 \xf4\x90\x80\x80 \xe4\xb8", ""}) {
-        const SvgDocument svg(plane_picture(points, fit, millimetres, name));
-        EXPECT_TRUE(svg.well_formed()) << name;
-    }
-    const std::string long_name =
-        std::string(16, 'a') + "\u4e2d" + std::string(60, 'b') + "\u4e2d" + std::string(15, 'c');
-    EXPECT_NE(SvgDocument(plane_picture(points, fit, millimetres, long_name))
-                  .words("heading")
-                  .find("through " + std::string(16, 'a') + "\u2026" + std::string(15, 'c') + "\n"),
+                             "\xc0\x80 \xed\xa0\x80 \xf4\x90\x80\x80 \xe4\xb8", ""})
+        plane_svg(points, name);
+    const auto heading = [&](const std::string& name) {
+        return plane_svg(points, name).words("heading");
+    };
+    const std::string a(16, 'a'), b(60, 'b'), c(15, 'c');
+    EXPECT_NE(heading(a + "\u4e2d" + b + "\u4e2d" + c).find("through " + a + "\u2026" + c + "\n"),
               std::string::npos);
-    EXPECT_NE(SvgDocument(plane_picture(points, fit, millimetres, "d/a&\u00e9\xff"))
-                  .words("heading")
-                  .find("Plane through a&\u00e9?"),
-              std::string::npos);
+    EXPECT_NE(heading("d/a&\u00e9\xff").find("Plane through a&\u00e9?"), std::string::npos);
 }
 
 }  // namespace

@@ -93,6 +93,9 @@ TEST(RollPitchYaw, AreCleanedTowardsRightAngles) {
 
     // Kept: a cosine of exactly 0 beside a sine of 0 counts as -1.
     EXPECT_EQ(angles_of({}), (Vector{pi, -pi / 2, 0}));
+    const double edge = 0.9999999999;  // itself no right angle
+    EXPECT_GT(angles_of({0.8, 0, 0, 0.6, 1, 0, 0, 0.3, edge})[0], 1.4e-5);
+    EXPECT_LT(angles_of({0.8, 0, 0, 0.6, 1, 0, 0, edge, 0.3})[0], pi / 2 - 1.4e-5);
     // A pair of length other than 1 is rebuilt from its larger member.
     EXPECT_DOUBLE_EQ(angles_of({0.8, 0, 0, 0.6, 1, 0, 0, 0.3, 0.6})[0], std::atan2(0.8, 0.6));
 }

@@ -216,8 +216,7 @@ TEST(Mtx3IsOrthoNormal, HasAFixedToleranceOnRowsAndPairs) {
 
 TEST(Mtx3IsEqual, ComparesElementsAndOrthonormality) {
     for (std::size_t i = 0; i < 9; ++i) {
-        Matrix a{};  // not orthonormal, as the others below
-        Matrix b{};
+        Matrix a{}, b{};  // neither is orthonormal
         b[i] = -0.5;
         EXPECT_EQ(MTX3_is_equal(a.data(), b.data(), 0.5), 1);
         EXPECT_EQ(MTX3_is_equal(a.data(), b.data(), std::nextafter(0.5, 0)), 0);

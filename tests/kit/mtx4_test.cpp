@@ -226,7 +226,13 @@ TEST(Mtx4Invert, HasTheBitsOfTheDecomposition) {
     EXPECT_GT(std::fabs(inverse(equal_rows)[0]), 1.0e19) << "inverted, not refused";
 }
 
-TEST(Mtx4IsEqual, AsksForTheSameOrthonormality) {
+TEST(Mtx4IsEqual, ComparesElementsAndOrthonormality) {
+    for (std::size_t i = 0; i < 16; ++i) {
+        Transform a{}, b{};  // neither is orthonormal
+        b[i] = -0.5;
+        EXPECT_EQ(MTX4_is_equal(a.data(), b.data(), 0.5), 1);
+        EXPECT_EQ(MTX4_is_equal(a.data(), b.data(), std::nextafter(0.5, 0)), 0) << i;
+    }
     Transform m = still;
     m[0] = 1 + 1.0e-13;
     EXPECT_EQ(MTX4_is_ortho_normal(m.data()), 0);

@@ -67,44 +67,35 @@ TEST(Mtx3Frames, KeepTheDirectionsTheyAreBuiltFrom) {
     EXPECT_EQ(recorder.reports(), Reports{});
 }
 
+/// A frame of the plane in the first four elements.
+int init_plane(const double* x, const double* y, double* m) {
+    std::array<double, 4> frame;
+    const int done = MTX2_init(x, y, frame.data());
+    if (done) std::copy(frame.begin(), frame.end(), m);
+    return done;
+}
+
 TEST(Mtx3Frames, AcceptDirectionsThatArePerpendicularWithinTheTolerance) {
     const Vector x = {1, 0, 0};
     const Vector z = {0, 0, 1};
     const Vector null = {0, 1.0e-10, 0};
-    const struct {
-        Vector y;
-        int accepted;
-    } rows[] = {{{1.0e-10, 1, 0}, 1},
-                {{up(1.0e-10), 1, 0}, 0},
-                {{-1.0e-10, 1, 0}, 1},
-                {{-up(1.0e-10), 1, 0}, 0},
-                {{1, 1, 0}, 0},
-                {{0, up(1.0e-10), 0}, 1},
-                {null, 0}};
-    for (const auto& given : rows) {
-        const Vector& y = given.y;
-        const auto test = [&](const Vector& a, const Vector& b, auto build) {
-            built([&](double* m) { return build(a.data(), b.data(), m); }, given.accepted);
-        };
-        test(x, y, MTX3_init);
-        test(y, x, MTX3_init);
-        test(x, y, MTX3_init_y_z);
-        test(y, x, MTX3_init_y_z);
-        for (int turn = 0; turn < 3; ++turn) {
-            const Vector* const three[] = {&x, &y, &z};
-            built(
-                [&](double* m) {
-                    return MTX3_init_x_y_z(three[turn]->data(), three[(turn + 1) % 3]->data(),
-                                           three[(turn + 2) % 3]->data(), m);
-                },
-                given.accepted);
+    const std::pair<Vector, int> rows[] = {{{1.0e-10, 1, 0}, 1},
+                                           {{up(1.0e-10), 1, 0}, 0},
+                                           {{-1.0e-10, 1, 0}, 1},
+                                           {{-up(1.0e-10), 1, 0}, 0},
+                                           {{1, 1, 0}, 0},
+                                           {{0, up(1.0e-10), 0}, 1},
+                                           {null, 0}};
+    for (const auto& [direction, accepted] : rows) {
+        const double* const y = direction.data();
+        for (const auto build : {MTX3_init, MTX3_init_y_z, init_plane}) {
+            built([&](double* m) { return build(x.data(), y, m); }, accepted);
+            built([&](double* m) { return build(y, x.data(), m); }, accepted);
         }
-        test(x, y, [](const double* a, const double* b, double* m) {
-            double frame[4];
-            const int done = MTX2_init(a, b, frame);
-            if (done) std::copy_n(frame, 4, m);
-            return done;
-        });
+        const double* const three[] = {x.data(), y, z.data(), x.data(), y};
+        for (const double* const* turn : {three, three + 1, three + 2})
+            built([&](double* m) { return MTX3_init_x_y_z(turn[0], turn[1], turn[2], m); },
+                  accepted);
     }
     built([&](double* m) { return MTX3_init_x(null.data(), m); }, 0);
     built([&](double* m) { return MTX3_init_z(null.data(), m); }, 0);

@@ -152,9 +152,6 @@ TEST(Jacobi, CountsSweepsAndReportsExhaustion) {
     bad(0, 1) = bad(1, 0) = std::nan("");
     Eigen(bad, 1'000'000'000);
     EXPECT_EQ(recorder.take(), Reports{exhausted});
-    bad(0, 1) = bad(1, 0) = HUGE_VAL;  // one rotation takes it to the diagonal
-    EXPECT_EQ(Eigen(bad, 1'000'000'000).d[0], -HUGE_VAL);
-    EXPECT_EQ(recorder.take(), Reports{});
 }
 
 TEST(GeneralizedEigen, SolvesThePencilWithVectorsOfLengthOneInB) {

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "interface/table.h"
+#include "interface/row.h"
 #include "syss/syss.h"
 #include "ztmath/banded.h"
 #include "ztmath/nr_functions.h"
@@ -103,18 +103,9 @@ double unique_found(In in, Out out) {
 
 std::vector<Call> root_calls() {
     return {
-        {"SOLVE_quadratic",
-         {3},
-         {2},
-         [](In in, Out out) -> double { return SOLVE_quadratic(in[0], out[0]); }},
-        {"SOLVE_cubic",
-         {4},
-         {3},
-         [](In in, Out out) -> double { return SOLVE_cubic(in[0], out[0]); }},
-        {"SOLVE_quartic",
-         {5},
-         {4},
-         [](In in, Out out) -> double { return SOLVE_quartic(in[0], out[0]); }},
+        row<SOLVE_quadratic>("SOLVE_quadratic", {3}, {2}),
+        row<SOLVE_cubic>("SOLVE_cubic", {4}, {3}),
+        row<SOLVE_quartic>("SOLVE_quartic", {5}, {4}),
         {"SOLVE_polynomial",
          {5},
          {4},

@@ -14,6 +14,7 @@
 
 #include <ztmath/acom.h>
 #include <ztmath/banded.h>
+#include <ztmath/bcdf.h>
 #include <ztmath/box3.h>
 #include <ztmath/csys.h>
 #include <ztmath/lsfit.h>
@@ -24,6 +25,7 @@
 #include <ztmath/nr_functions.h>
 #include <ztmath/pln3.h>
 #include <ztmath/pnt3.h>
+#include <ztmath/pntlst.h>
 #include <ztmath/roots.h>
 #include <ztmath/session.h>
 #include <ztmath/solve.h>

@@ -74,6 +74,7 @@ ZTMATH_API BCDF *BCDF_create_df_from_pts(double *points, int number, int dimensi
  * Without the list in question, numbers and dimensions are 0 and arrays null.
  */
 
+/* The numbers of points, of slopes and of curvatures, and the dimension of the points. */
 ZTMATH_API int BCDF_return_num_of_points(const BCDF *record);
 ZTMATH_API int BCDF_return_dimension(const BCDF *record);
 ZTMATH_API int BCDF_return_num_of_slopes(const BCDF *record);
@@ -92,8 +93,11 @@ ZTMATH_API int BCDF_return_ls_num_of_segments(const BCDF *record);
 /* A null record is reported by ERROR_internal, "Defining Data Structure Is NULL". */
 ZTMATH_API int BCDF_return_order(const BCDF *record);
 
+/* 1 for a periodic record, 0 for an open one. */
 ZTMATH_API int BCDF_return_periodicity(const BCDF *record);
 
+/* The record's own arrays, with the number of points, parameters, slopes, ... and, where they vary,
+   the doubles for each. */
 ZTMATH_API double *BCDF_return_df_point_array(const BCDF *record, int *number, int *dimension);
 ZTMATH_API double *BCDF_return_param_array(const BCDF *record, int *number);
 ZTMATH_API double *BCDF_return_slope_array(const BCDF *record, int *number, int *dimension);

@@ -14,6 +14,7 @@
 
 #include <ztmath/acom.h>
 #include <ztmath/banded.h>
+#include <ztmath/bc_pole.h>
 #include <ztmath/bcdf.h>
 #include <ztmath/box3.h>
 #include <ztmath/csys.h>

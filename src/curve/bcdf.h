@@ -26,6 +26,11 @@ enum CurveReason {
     reason_removal = 1005316,
 };
 
+/// The lists of a record.
+inline constexpr PNTLST* BCDF::*record_lists[] = {
+    &BCDF::points,           &BCDF::weights,    &BCDF::parameters,          &BCDF::slopes,
+    &BCDF::slope_parameters, &BCDF::curvatures, &BCDF::curvature_parameters};
+
 /// Parameters match when they differ by at most this.
 inline constexpr double parameter_tolerance = 1.0e-10;
 
@@ -55,5 +60,21 @@ inline bool has_end_slope(const BCDF& record) {
     const auto s = slope_parameters(record);
     return !t.empty() && !s.empty() && parameters_match(s.back(), t.back());
 }
+
+/// Owns a record until it is handed on.
+class RecordOwner {
+  public:
+    explicit RecordOwner(BCDF* record) : record_(record) {}
+    ~RecordOwner() { BCDF_free_structure(record_); }
+    RecordOwner(const RecordOwner&) = delete;
+    RecordOwner& operator=(const RecordOwner&) = delete;
+
+    BCDF* get() const { return record_; }
+    BCDF* operator->() const { return record_; }
+    BCDF* release() { return std::exchange(record_, nullptr); }
+
+  private:
+    BCDF* record_;
+};
 
 }  // namespace ztmath

@@ -117,8 +117,8 @@ PNTLST* PNTLST_create_from_list_of_pts(double* points, int number, int dimension
 PNTLST* PNTLST_get_from_func(int number, int dimension, int (*fill)(int number, double* array)) {
     ListOwner list(PNTLST_allocate_struct(dimension, number));
     if (list.get() == nullptr) return nullptr;
-    list.get()->num_points = number;
-    fill(number, list.get()->points);
+    list->num_points = number;
+    fill(number, list->points);
     return list.release();
 }
 
@@ -126,8 +126,8 @@ PNTLST* PNTLST_copy_structure(const PNTLST* list) {
     if (list == nullptr) return nullptr;
     ListOwner copy(new_list(nullptr, 0, 0, list->dimension));
     PNTLST_allocate_points(copy.get(), list->num_points);
-    copy_points(*list, 0, list->num_points, copy.get()->points);
-    copy.get()->num_points = list->num_points;
+    copy_points(*list, 0, list->num_points, copy->points);
+    copy->num_points = list->num_points;
     return copy.release();
 }
 

@@ -20,6 +20,11 @@ inline int count(const PNTLST* list) {
     return list != nullptr ? list->num_points : 0;
 }
 
+/// The doubles per point of a list; 0 for null.
+inline int dimension_of(const PNTLST* list) {
+    return list != nullptr ? list->dimension : 0;
+}
+
 /// All coordinates, which are the values themselves in a list of scalars; none for null.
 inline std::span<double> coordinates(const PNTLST* list) {
     if (list == nullptr || list->points == nullptr) return {};
@@ -59,6 +64,7 @@ class ListOwner {
     ListOwner& operator=(const ListOwner&) = delete;
 
     PNTLST* get() const { return list_; }
+    PNTLST* operator->() const { return list_; }
     PNTLST* release() { return std::exchange(list_, nullptr); }
 
   private:

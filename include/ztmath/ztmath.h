@@ -17,6 +17,8 @@
 #include <ztmath/bcdf.h>
 #include <ztmath/box3.h>
 #include <ztmath/csys.h>
+#include <ztmath/dgeom.h>
+#include <ztmath/facet.h>
 #include <ztmath/lsfit.h>
 #include <ztmath/mc.h>
 #include <ztmath/mtx3.h>

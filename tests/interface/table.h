@@ -36,6 +36,8 @@ std::vector<Call> transform_calls();
 std::vector<Call> solve_calls();
 std::vector<Call> root_calls();
 std::vector<Call> fit_calls();
+std::vector<Call> dgeom_calls();
+std::vector<Call> facet_calls();
 
 const std::vector<Call>& interface_table();
 

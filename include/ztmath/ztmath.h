@@ -15,6 +15,8 @@
 #include <ztmath/acom.h>
 #include <ztmath/banded.h>
 #include <ztmath/bcdf.h>
+#include <ztmath/bcdf_calc.h>
+#include <ztmath/bcdf_gen.h>
 #include <ztmath/box3.h>
 #include <ztmath/csys.h>
 #include <ztmath/dgeom.h>

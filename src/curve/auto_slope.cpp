@@ -53,6 +53,8 @@ Derivatives mirrored(Vec3 neighbour_slope, Vec3 from, Vec3 to) {
     const Vec3 normal = cross(to - from, m);
     const double size = length(normal);
     if (size < no_direction) return {true, m, {}};
+    // Kept as it stands: the chord runs in the direction of travel at both ends, so that the bend
+    // at the last point is outwards. Curvatures in stored records have this sign.
     return {true, m, cross(m, normal * (1.0 / size))};
 }
 

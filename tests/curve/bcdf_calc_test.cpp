@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <numbers>
+#include <cmath>
 
 #include "support/curve_record.h"
 #include "support/reports.h"
@@ -12,219 +12,153 @@
 namespace {
 
 using namespace ztmath_test;
-
-constexpr double pi = std::numbers::pi;
+using Values = std::vector<double>;
 
 Vector on_circle(double angle) {
     return {std::cos(angle), std::sin(angle), 0.0};
 }
-
 Vector tangent(double angle) {
     return {-std::sin(angle), std::cos(angle), 0.0};
 }
 
-std::vector<double> flat(const std::vector<Vector>& points) {
-    std::vector<double> all;
-    for (const Vector& p : points)
-        all.insert(all.end(), p.begin(), p.end());
-    return all;
-}
-
-std::vector<double> circle_points(const std::vector<double>& angles) {
-    std::vector<Vector> points;
+/// Points of a circle, with its tangents as slopes of a type.
+Record circle(const Values& angles, int type, int order = 4) {
+    Values points;
     for (const double angle : angles)
-        points.push_back(on_circle(angle));
-    return flat(points);
-}
-
-Vector slope_at(const Record& record, int k) {
-    return vector_in(record->slopes, k);
+        points.insert(points.end(), {std::cos(angle), std::sin(angle), 0.0});
+    Record record = new_record(points);
+    record->order = order;
+    for (int i = 0; i < int(angles.size()); ++i)
+        BCDF_replace_slope(record.get(), tangent(angles[i]).data(), i, type);
+    return record;
 }
 
 TEST(CurveCalculations, ParametersAndWeights) {
     const ReportRecorder recorder;
     const CheckingLevel checking(1);
-    using Values = std::vector<double>;
     const auto parameters = [](const Values& points, int dimension, double exponent) {
-        Values t(points.size() / static_cast<std::size_t>(dimension));
-        BCDF_CALC_parameters(static_cast<int>(t.size()), dimension, points.data(), exponent,
-                             t.data());
+        Values t(points.size() / dimension);
+        BCDF_CALC_parameters(int(t.size()), dimension, points.data(), exponent, t.data());
         return t;
     };
     EXPECT_EQ(parameters({0, 0, 0, 3, 4, 0, 3, 4, 12}, 3, 1.0), (Values{0, 5, 17}));
     EXPECT_EQ(parameters({0, 0, 0, 0, 0, 0, 0, 16}, 4, 0.5), (Values{0, 4}));
     // Points that are one get steps of n - 1.
     EXPECT_EQ(parameters({1, 1, 1, 1, 1, 1, 1, 1, 1}, 3, 1.0), (Values{0, 2, 4}));
-    EXPECT_EQ(parameters({0, 2e-10}, 1, 1.0), (Values{0, 2e-10}));
-
-    const Values t = {0, 1, 3};
-    Values w(3);
+    Values t = {0, 1, 3}, w(3);
     BCDF_CALC_weights(3, t.data(), w.data());
     EXPECT_EQ(w, (Values{0.5, 1.5, 1}));
-    for (int i = 0; i < 3; ++i)
-        EXPECT_EQ(BCDF_CALC_single_weight(3, t.data(), i), w[static_cast<std::size_t>(i)]);
-    EXPECT_EQ(recorder.reports(), Reports{});
+    EXPECT_EQ(BCDF_CALC_single_weight(3, t.data(), 2), 1.0);
     EXPECT_EQ(BCDF_CALC_single_weight(1, t.data(), 0), 0.0);
     EXPECT_EQ(recorder.reports(), Reports{internal("bcdf_calc", "Not Enough Parameters")});
-
-    const Record record = new_record(flat({{0, 0, 0}, {1, 0, 0}}), {2, 6});
-    EXPECT_EQ(BCDF_CALC_denormalize_param(record.get(), 0.5), 4.0);
-}
-
-TEST(CurveCalculations, QuadraticsMeetTheirConditions) {
-    Random random;
-    for (int round = 0; round < rounds(300); ++round) {
-        const Vector q[3] = {random.vector(), random.vector(), random.vector()};
-        const double t[3] = {0.0, random.uniform(0.5, 1.5), random.uniform(2, 4)};
-        for (int mode = 0; mode < 3; ++mode)
-            for (int row = 0; row < 3; ++row) {
-                double out[9];
-                ASSERT_EQ(BCDF_CALC_quadratic_apprx(q[0].data(), q[1].data(), q[2].data(), t, mode,
-                                                    t[row], 2, out),
-                          0);
-                const bool slope = mode == 3 - row;
-                for (std::size_t j = 0; j < 3; ++j)
-                    ASSERT_NEAR(out[j + (slope ? 3 : 0)], q[row][j], 1e-11) << mode << ' ' << row;
-            }
-    }
-    double out[3] = {7, 7, 7};
     const double same[3] = {1, 1, 2};
-    EXPECT_EQ(BCDF_CALC_quadratic_apprx(out, out, out, same, 0, 0.0, 0, out), 1);
-    EXPECT_EQ(out[0], 7.0);
+    EXPECT_EQ(BCDF_CALC_quadratic_apprx(same, same, same, same, 0, 0.0, 0, t.data()), 1);
+    EXPECT_EQ(t, (Values{0, 1, 3}));
 }
 
 /// Points of a parabola have its derivatives everywhere, whatever slopes of it are given beside.
 TEST(CurveCalculations, AutomaticDerivativesReproduceQuadratics) {
     Random random;
     for (int round = 0; round < rounds(200); ++round) {
-        const Vector a = random.vector(), b = random.vector(), c = random.vector();
-        const auto value = [&](double t) { return moved(moved(c, t, b), t * t, a); };
+        const Vector a = random.vector(), b = random.vector();
         const auto slope = [&](double t) { return moved(b, 2 * t, a); };
-        const std::vector<double> t = {0, 1, random.uniform(1.5, 2.5), 3, 4.5};
-        std::vector<Vector> points;
-        for (const double at : t)
-            points.push_back(value(at));
-        const Record record = new_record(flat(points), t);
+        const auto derivatives_at = [&](const Record& record, int i) {
+            Values out(6);
+            BCDF_CALC_auto_derivatives(record.get(), i, 2, out.data());
+            return distance(Vector{out[0], out[1], out[2]}, slope(record->parameters->points[i])) +
+                   distance(Vector{out[3], out[4], out[5]}, scaled(a, 2));
+        };
+        const auto through = [&](const Values& parameters, const Values& parabola_at) {
+            Values points;
+            for (const double t : parabola_at)
+                for (std::size_t j = 0; j < 3; ++j)
+                    points.push_back(t * b[j] + t * t * a[j]);
+            Record record = new_record(points);
+            BCDF_add_params(record.get(), parameters.data());
+            return record;
+        };
+        const Values t = {0, 1, random.uniform(1.5, 2.5), 3, 4.5};
+        const Record record = through(t, t);
         for (const int type : {-1, 0, 1, 3}) {
-            if (type >= 0)
-                for (const int i : {1, 3})
-                    BCDF_replace_slope(record.get(), slope(t[static_cast<std::size_t>(i)]).data(),
-                                       i, type);
-            for (int i = 0; i < 5; ++i) {
-                double out[6];
-                BCDF_CALC_auto_derivatives(record.get(), i, 2, out);
-                ASSERT_LT(
-                    distance(Vector{out[0], out[1], out[2]}, slope(t[static_cast<std::size_t>(i)])),
-                    1e-10);
-                ASSERT_LT(distance(Vector{out[3], out[4], out[5]}, scaled(a, 2)), 1e-10);
-            }
+            for (const int i : {1, 3})
+                if (type >= 0) BCDF_replace_slope(record.get(), slope(t[i]).data(), i, type);
+            for (int i = 0; i < 5; ++i)
+                ASSERT_LT(derivatives_at(record, i), 1e-9);
         }
         // Of a periodic record the point before the closing one comes before point 0.
-        points = {value(0), value(1), value(7), value(-2), value(0)};
-        const Record ring = new_record(flat(points), {0, 1, 2, 3, 5});
+        const Record ring = through({0, 1, 2, 3, 5}, {0, 1, 7, -2, 0});
         ring->periodicity = 1;
-        Vector out;
-        BCDF_CALC_auto_slope(ring.get(), 0, out.data());
-        ASSERT_LT(distance(out, slope(0)), 1e-10);
+        ASSERT_LT(derivatives_at(ring, 0), 1e-9);
     }
 }
 
-/// A slope of another type beside an end is mirrored, as a circle has it, and bends as
-/// one; outwards at the last point.
+/// A direction beside an end is mirrored, as a circle has it, and bends as one; outwards at the
+/// last point.
 TEST(CurveCalculations, EndsBesideADirectionBelongToACircle) {
-    const std::vector<double> angles = {0.3, 0.9, 1.2, 2.0};
-    for (const int type : {2, 4, 5}) {
-        const Record record = new_record(circle_points(angles));
-        for (const int i : {1, 2})
-            BCDF_replace_slope(record.get(), tangent(angles[static_cast<std::size_t>(i)]).data(), i,
-                               type);
+    const Values angles = {0.3, 0.9, 1.2, 2.0};
+    for (const int type : {2, 4, 5})
         for (const int end : {0, 3}) {
-            const double angle = angles[static_cast<std::size_t>(end)];
-            double d[6];
+            const Record record = circle(angles, type);
+            Values d(6);
             Vector curvature;
-            BCDF_CALC_auto_derivatives(record.get(), end, 2, d);
+            BCDF_CALC_auto_derivatives(record.get(), end, 2, d.data());
             BCDF_CALC_auto_curvature(record.get(), end, curvature.data());
-            EXPECT_LT(distance(Vector{d[0], d[1], d[2]}, tangent(angle)), 1e-14);
-            EXPECT_LT(
-                distance(Vector{d[3], d[4], d[5]}, scaled(on_circle(angle), end == 0 ? -1 : 1)),
-                1e-14);
-            EXPECT_NEAR(length(curvature), 1.0, 1e-14);
+            EXPECT_LT(distance(Vector{d[0], d[1], d[2]}, tangent(angles[end])), 1e-14);
+            EXPECT_LT(distance(curvature, scaled(on_circle(angles[end]), end == 0 ? -1 : 1)),
+                      1e-14);
         }
-    }
 }
 
 TEST(CurveCalculations, TypesAndMethodsGiveTheirLengths) {
-    const Record record =
-        new_record(flat({{0, 0, 0}, {3, 0, 0}, {3, 4, 0}, {0, 4, 0}}), {0, 2, 5, 6});
-    const auto normalized = [&](int type, int position) {
-        Vector v = {0, 7, 0};
-        BCDF_CALC_normalized_slope(record.get(), type, position, v.data());
-        return v;
-    };
-    const Vector as_given = {0, 7, 0};
-    for (const int type : {0, 1, -1, 6})
-        EXPECT_EQ(normalized(type, 1), as_given);
-    Vector automatic;
-    BCDF_CALC_auto_slope(record.get(), 1, automatic.data());
-    EXPECT_NEAR(normalized(3, 1)[1], length(automatic), 1e-14);
-    EXPECT_NEAR(normalized(2, 0)[1], 3.0 / 2, 1e-14);
-    EXPECT_NEAR(normalized(2, 1)[1], 7.0 / 5, 1e-14);
-    EXPECT_NEAR(normalized(2, 3)[1], 3.0, 1e-14);
-    record->periodicity = 1;
-    EXPECT_NEAR(normalized(2, 0)[1], 6.0 / 3, 1e-14);
-    EXPECT_NEAR(normalized(2, 3)[1], 3.0, 1e-14);
-
-    const double a[3] = {0, 0, 6};
+    const Record record = new_record({0, 0, 0, 3, 0, 0, 3, 4, 0, 0, 4, 0});
+    const double t[] = {0, 2, 5, 6};
+    BCDF_add_params(record.get(), t);
+    Vector a;
+    BCDF_CALC_auto_slope(record.get(), 1, a.data());
+    const struct {
+        int type, position, periodicity;
+        double length;
+    } cases[] = {{0, 1, 0, 7},       {1, 1, 0, 7},       {6, 1, 0, 7},
+                 {2, 0, 0, 3.0 / 2}, {2, 1, 0, 7.0 / 5}, {2, 3, 0, 3.0},
+                 {2, 0, 1, 6.0 / 3}, {2, 3, 1, 3.0},     {3, 1, 0, length(a)}};
+    for (const auto& c : cases) {
+        record->periodicity = c.periodicity;
+        Vector v = {0, -7, 0};
+        BCDF_CALC_normalized_slope(record.get(), c.type, c.position, v.data());
+        EXPECT_NEAR(v[1], -c.length, 1e-14) << c.type << ' ' << c.position;
+    }
     const double span = 4, chord = 10, none = 0;
-    const auto legacy = [&](int method, const double& over, Vector v) {
-        h813_(a, &over, &chord, &method, v.data());
-        return v;
-    };
-    EXPECT_EQ(legacy(1, span, as_given), (Vector{0, 0, 6}));
-    EXPECT_EQ(legacy(2, span, as_given), as_given);
-    EXPECT_EQ(legacy(3, span, as_given), (Vector{0, 6, 0}));
-    EXPECT_EQ(legacy(4, span, as_given), (Vector{0, 2.5, 0}));
-    EXPECT_EQ(legacy(5, span, {0, -7, 0}), (Vector{0, -2.5, 0}));
-    EXPECT_EQ(legacy(5, none, as_given), as_given);
-    EXPECT_EQ(legacy(5, span, {0, 1e-11, 0}), (Vector{0, 1e-11, 0}));
-    EXPECT_EQ(legacy(6, span, as_given), as_given);
-}
-
-/// Slopes of the circle at all points, of a type that gives them their length.
-Record interpolated_circle(const std::vector<double>& angles, int type, int order) {
-    Record record = new_record(circle_points(angles));
-    record->order = order;
-    for (int i = 0; i < static_cast<int>(angles.size()); ++i)
-        BCDF_replace_slope(record.get(), tangent(angles[static_cast<std::size_t>(i)]).data(), i,
-                           type);
-    BCDF_update_slopes(record.get());
-    return record;
+    const double lengths[] = {7, 0, 7, length(a), 2.5, 2.5, 7};
+    for (int method = 0; method < 7; ++method) {
+        Vector v = {0, 0, -7}, kept = v;
+        h813_(a.data(), &span, &chord, &method, v.data());
+        EXPECT_NEAR(v[2], -lengths[method], 1e-14) << method;
+        if (method > 3) h813_(a.data(), &none, &chord, &method, kept.data());
+        EXPECT_EQ(kept[2], -7.0);
+    }
 }
 
 /// Between points i and i + 1: the cubic or, with the circle's curvature, the quintic of Hermite.
-Vector hermite(const Record& record, int i, double s, bool quintic) {
+Vector hermite(const Record& record, int i, double s) {
     const double* t = record->parameters->points;
-    const double h = t[i + 1] - t[i];
+    const double h = t[i + 1] - t[i], r = 1 - s;
+    const bool quintic = record->order > 4;
     const Vector p = vector_in(record->points, i), q = vector_in(record->points, i + 1);
-    const Vector u = slope_at(record, i), v = slope_at(record, i + 1);
-    const auto combined = [&](double fp, double fu, double fv) {
-        return moved(moved(moved(q, fp, moved(p, -1, q)), h * fu, u), h * fv, v);
-    };
-    if (!quintic)
-        return combined((1 + 2 * s) * (1 - s) * (1 - s), s * (1 - s) * (1 - s), s * s * (s - 1));
-    const double r = 1 - s;
-    const Vector plain = combined(r * r * r * (1 + 3 * s + 6 * s * s), r * r * r * s * (1 + 3 * s),
-                                  -s * s * s * r * (1 + 3 * r));
-    const double bend_p = 0.5 * s * s * r * r * r * h * h * dot(u, u);
-    const double bend_q = 0.5 * s * s * s * r * r * h * h * dot(v, v);
-    return moved(moved(plain, -bend_p, p), -bend_q, q);
+    const Vector u = vector_in(record->slopes, i), v = vector_in(record->slopes, i + 1);
+    const double share = r * r * (quintic ? r * (1 + 3 * s + 6 * s * s) : 1 + 2 * s);
+    const double start = h * s * r * r * (quintic ? r * (1 + 3 * s) : 1);
+    const double end = -h * s * s * r * (quintic ? s * (1 + 3 * r) : 1);
+    const double bend = quintic ? 0.5 * h * h * s * s * r * r : 0;
+    return moved(moved(moved(moved(q, share, moved(p, -1, q)), start, u), end, v), -bend,
+                 moved(scaled(p, r * dot(u, u)), s * dot(v, v), q));
 }
 
-double deviation(const Record& record, bool quintic) {
+double deviation(const Record& record) {
+    BCDF_update_slopes(record.get());
     double most = 0;
     for (int i = 0; i + 1 < record->points->num_points; ++i)
         for (int k = 1; k < 32; ++k)
-            most = std::fmax(most, std::fabs(length(hermite(record, i, k / 32.0, quintic)) - 1));
+            most = std::fmax(most, std::fabs(length(hermite(record, i, k / 32.0)) - 1));
     return most;
 }
 
@@ -232,29 +166,22 @@ double deviation(const Record& record, bool quintic) {
 TEST(CurveCalculations, CorrectedSlopesComeCloserToCircles) {
     Random random;
     for (const int order : {4, 5, 6}) {
-        const bool quintic = order > 4;
-        for (const double turn : {0.1, 1.0, pi / 2, pi, 4.0})
-            for (const int type : {4, 5}) {
-                if (type == 4 && turn > 3) continue;  // its sense would be turned
-                const Record arc = interpolated_circle({0.0, turn}, type, order);
-                EXPECT_NEAR(length(hermite(arc, 0, 0.5, quintic)), 1.0, 1e-12)
-                    << order << ' ' << turn;
-            }
-        double worst_gain = HUGE_VAL, most_corrected = 0, most_plain = 0;
+        for (const double turn : {0.1, 1.0, 2.0, 3.1, 4.0}) {
+            const Record arc = circle({0.0, turn}, 5, order);
+            BCDF_update_slopes(arc.get());
+            EXPECT_NEAR(length(hermite(arc, 0, 0.5)), 1.0, 1e-12) << order << ' ' << turn;
+        }
+        double worst_gain = HUGE_VAL;
         for (int round = 0; round < rounds(100); ++round) {
-            std::vector<double> angles = {0.0};
+            Values angles = {0.0};
             while (angles.size() < 8)
                 angles.push_back(angles.back() + random.uniform(0.3, 0.9));
-            const double plain = deviation(interpolated_circle(angles, 2, order), quintic);
-            const double corrected = deviation(interpolated_circle(angles, 5, order), quintic);
-            worst_gain = std::fmin(worst_gain, plain / corrected);
-            most_corrected = std::fmax(most_corrected, corrected);
-            most_plain = std::fmax(most_plain, plain);
+            const double uncorrected = deviation(circle(angles, 2, order));
+            for (const int type : {4, 5})
+                worst_gain =
+                    std::fmin(worst_gain, uncorrected / deviation(circle(angles, type, order)));
         }
-        EXPECT_GT(worst_gain, 2.0);
-        RecordProperty("order_" + std::to_string(order), std::to_string(most_plain) + " " +
-                                                             std::to_string(most_corrected) + " " +
-                                                             std::to_string(worst_gain));
+        EXPECT_GT(worst_gain, 4.0) << "order " << order;
     }
 }
 
@@ -262,36 +189,26 @@ TEST(CurveCalculations, MirroredAndUnitSlopes) {
     const KeepBlock keep;
     set_word_at(1128, 1e-3);  // the length tolerance
     const CheckingLevel checking(1);
-    const Vector s = {1, 1, 0}, a = {0, 0, 0}, b = {2, 0, 0}, near_a = {1e-3, 0, 0};
-    Vector out;
-    BCDF_CALC_mirror_slope(s.data(), a.data(), b.data(), out.data());
-    EXPECT_EQ(out, (Vector{1, -1, 0}));
-    BCDF_CALC_mirror_slope(s.data(), a.data(), near_a.data(), out.data());
-    EXPECT_EQ(out, s);
     ReportRecorder recorder;
-    BCDF_CALC_unitize_slope(b.data(), out.data());
+    const Vector s = {1, 1, 0}, origin = {}, far = {2, 0, 0}, near = {1e-3, 0, 0};
+    Vector out;
+    BCDF_CALC_mirror_slope(s.data(), origin.data(), far.data(), out.data());
+    EXPECT_EQ(out, (Vector{1, -1, 0}));
+    BCDF_CALC_mirror_slope(s.data(), origin.data(), near.data(), out.data());
+    EXPECT_EQ(out, s);
+    BCDF_CALC_unitize_slope(far.data(), out.data());
     EXPECT_EQ(out, (Vector{1, 0, 0}));
-    EXPECT_EQ(recorder.take(), Reports{});
-    const Vector null = {1e-10, 0, 0};
-    BCDF_CALC_unitize_slope(null.data(), out.data());
-    EXPECT_EQ(out, a);
-    EXPECT_EQ(recorder.take(),
-              Reports{raised("bcdf_calc", 1005314, "The Input Slope Has Zero Length")});
-
-    const Record record = new_record(flat({a, b}));
-    for (const int position : {-1, 2}) {
-        out = s;
-        BCDF_CALC_auto_slope(record.get(), position, out.data());
-        EXPECT_EQ(out, a);
-        out = s;
-        BCDF_CALC_normalized_slope(record.get(), 2, position, out.data());
-        EXPECT_EQ(out, s);
-        const Reports expected = {
-            raised("bcdf_calc", 1005315, "An Invalid Point Position Was Given By Calling Routine"),
-            raised("bcdf_calc", 1005315,
-                   "The Point Position Is Not Valid For The Array Of Points")};
-        EXPECT_EQ(recorder.take(), expected);
-    }
+    BCDF_CALC_unitize_slope(Vector{1e-10, 0, 0}.data(), out.data());
+    EXPECT_EQ(out, origin);
+    const Record record = new_record({2, 0, 0, 4, 3, 0});
+    BCDF_CALC_auto_slope(record.get(), 2, out.data());
+    BCDF_CALC_normalized_slope(record.get(), 2, -1, out.data());
+    EXPECT_EQ(BCDF_CALC_denormalize_param(record.get(), 0.5), std::sqrt(13.0) / 2);
+    const Reports expected = {
+        raised("bcdf_calc", 1005314, "The Input Slope Has Zero Length"),
+        raised("bcdf_calc", 1005315, "An Invalid Point Position Was Given By Calling Routine"),
+        raised("bcdf_calc", 1005315, "The Point Position Is Not Valid For The Array Of Points")};
+    EXPECT_EQ(recorder.reports(), expected);
 }
 
 }  // namespace

@@ -1,8 +1,7 @@
-// Curve defining data for tests: records over points, released with the test.
+// Curve defining data for tests: records over points, released on every way out.
 #pragma once
 
 #include <algorithm>
-#include <cmath>
 #include <memory>
 #include <vector>
 
@@ -13,30 +12,23 @@
 
 namespace ztmath_test {
 
-struct FreeRecord {
+struct Release {
     void operator()(BCDF* record) const { BCDF_free_structure(record); }
+    void operator()(PNTLST* list) const { PNTLST_free_structure(list); }
 };
-using Record = std::unique_ptr<BCDF, FreeRecord>;
-
-inline PNTLST* new_list(const std::vector<double>& values, int dimension) {
-    auto* array = static_cast<double*>(SM_alloc(values.size() * sizeof(double)));
-    std::copy(values.begin(), values.end(), array);
-    return PNTLST_create_from_list_of_pts(array, static_cast<int>(values.size()) / dimension,
-                                          dimension);
-}
+using Record = std::unique_ptr<BCDF, Release>;
 
 /// A record of order 4 with chord-length parameters.
 inline Record new_record(const std::vector<double>& points, int dimension = 3, int periodicity = 0,
                          int least_squares = 0) {
-    return Record(BCDF_create_from_pntlst(periodicity, 4, least_squares,
-                                          new_list(points, dimension), nullptr, nullptr, nullptr,
-                                          nullptr, nullptr, nullptr, nullptr, nullptr));
-}
-
-/// The same with given parameters.
-inline Record new_record(const std::vector<double>& points, const std::vector<double>& parameters) {
-    Record record = new_record(points);
-    BCDF_add_params(record.get(), parameters.data());
+    const int n = static_cast<int>(points.size()) / dimension;
+    std::unique_ptr<PNTLST, Release> list(PNTLST_allocate_struct(dimension, n));
+    std::copy(points.begin(), points.end(), list->points);
+    list->num_points = n;
+    Record record(BCDF_create_from_pntlst(periodicity, 4, least_squares, list.get(), nullptr,
+                                          nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                                          nullptr));
+    list.release();
     return record;
 }
 

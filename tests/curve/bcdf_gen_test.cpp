@@ -103,11 +103,18 @@ TEST(CurveSearches, StopAtTheirLimits) {
         EXPECT_EQ(BCDF_slope_at_point(record.get(), 2, &at), t < 2 + 5e-10);
         EXPECT_EQ(at, 2);
     }
+    record->parameters->points[3] = 2 + 3e-10;
+    for (const int steps : {1, 2}) {
+        record->slope_parameters->points[2] = 2 + steps * 1e-10;
+        EXPECT_EQ(BCDF_slope_at_point(record.get(), 1 + steps, &at), 1);
+        EXPECT_EQ(BCDF_slope_at_point(record.get(), 4 - steps, &at), 0);
+    }
     int* positions = BCDF_create_slope_pos_array(record.get(), &number);
     EXPECT_EQ(std::vector<int>(positions, positions + number), (std::vector<int>{1, 2, 0, 0}));
     SM_free(positions);
     EXPECT_EQ(BCDF_point_at_curvature(record.get(), 0), 2);
     EXPECT_EQ(recorder.take(), Reports{});
+    record->slope_parameters->points[2] = 2.5;
     Vector slope;
     EXPECT_EQ(BCDF_slope_at_curvature(record.get(), 0, &at, slope.data()), 0);
     EXPECT_EQ(BCDF_point_at_slope(record.get(), 2), 6);
@@ -176,6 +183,9 @@ TEST(CurveEditing, NeededAndUpdatedSlopes) {
     BCDF_replace_slope(record.get(), Vector{4, 0, 0}.data(), 1, 1);
     BCDF_update_end_slopes(record.get());
     EXPECT_NEAR(vector_in(record->slopes, 0)[0], -2.0, 1e-14);
+    BCDF_replace_slope(record.get(), Vector{4, 0, 0}.data(), 1, 0);
+    BCDF_update_slopes(record.get());
+    EXPECT_NEAR(vector_in(record->slopes, 0)[0], 1.0, 1e-14);
     BCDF_change_tolerance(record.get(), 0.5);
     EXPECT_EQ(record->ls_tolerance, 0.5);
     EXPECT_EQ(record->ls_num_segments, 0);

@@ -15,3 +15,11 @@ if(ZTMATH_SANITIZE)
     -fsanitize=${ZTMATH_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(ztmath_options INTERFACE -fsanitize=${ZTMATH_SANITIZE})
 endif()
+
+# Programs around the library, which spend their time in it: they need not wait for the optimiser.
+add_library(ztmath_quick_build INTERFACE)
+if(ZTMATH_SANITIZE)
+  target_compile_options(ztmath_quick_build INTERFACE -O0)
+else()
+  target_compile_options(ztmath_quick_build INTERFACE $<$<CONFIG:Release>:-O1>)
+endif()

@@ -88,6 +88,69 @@ ZTMATH_API void LSFIT_line_to_points_3d(const double *points, int n, double norm
                                         double direction[3], double plane_stats[3],
                                         double frame[12]);
 
+/*
+ * Fits a circle to points of the plane.
+ *
+ * points  x, y of each point (2 * n)
+ * centre  out: zero when there is no circle
+ * radius  out: 1e19 when there is no circle
+ * failed  out: 0; 1 when the points lie on a line or coincide, or there are none; where three points
+ *         were to give the circle, the status of ARC_SPLINE_cre_circle_thru_3_points_2d if that is
+ *         not 0
+ * stats   out: statistics; zero for the circle through three points and when there is none
+ *
+ * When there is no usable eigenvalue the circle runs through three points, the first, the one with
+ * index n / 2 and the last, unless LSFIT_line_to_points_2d finds the points coincident or its second
+ * statistic, the root-mean-square distance from the line, is below 0.005 mm.
+ */
+ZTMATH_API void LSFIT_circle_to_points_2d(const double *points, int n, double centre[2],
+                                          double *radius, int *failed, double stats[3]);
+
+/*
+ * Fits a circle to points of space: a plane is fitted, or taken from the caller, and a circle of
+ * that plane is fitted to the points projected into it.
+ *
+ * points       x, y, z of each point (3 * n)
+ * plane_point  out: the centroid
+ * normal       in: the plane's normal, of any length; a plane is fitted when its squared length is
+ *              at most 1e-20. out: the normal of the plane, the caller's as it came
+ * centre       out: zero when there is no circle
+ * radius       out: 1e19 when there is no circle
+ * failed       out: of LSFIT_circle_to_points_2d; 1 when the plane fit finds the points collinear
+ * stats        out: statistics of the circle within the plane; of the plane fit when it finds the
+ *              points collinear
+ * frame        out: the plane's frame as of LSFIT_line_to_points_3d; zero when the plane fit finds
+ *              the points collinear
+ */
+ZTMATH_API void LSFIT_circle_to_points_3d(const double *points, int n, double plane_point[3],
+                                          double normal[3], double centre[3], double *radius,
+                                          int *failed, double stats[3], double frame[12]);
+
+/*
+ * Fits a sphere to points of space.
+ *
+ * points  x, y, z of each point (3 * n)
+ * centre  out: zero when there is no sphere
+ * radius  out: 1e19 when there is no sphere
+ * failed  out: 0; 1 when the points lie in a plane or closer together, or there are none
+ * stats   out: statistics; zero for the sphere through four points and when there is none
+ *
+ * When there is no usable eigenvalue the sphere runs through four points: p1, the farthest from the
+ * plane (pl_pt, pl_n) of LSFIT_plane_to_points; p2, the farthest from the line through p1 along
+ * pl_n; p3, that with the least parameter on the line through pl_pt along u0, the part of p2 - p1
+ * square to pl_n; p4, the farthest from the plane of the three; of equally far ones the first. There
+ * is no sphere when p1, p2 or p4 is less than 0.001 mm away from its plane or line, when p1, p2 and p3
+ * lie on a line, or when the radius is not below 1e19.
+ *
+ * Where one of these points cannot be found, no distance being a number, module "lsfit" reports
+ * through ERROR_internal "There was no point found at max distance from the plane (pl_pt,pl_n).",
+ * "There was no point found at max distance from the line (p1,pl_n).", "There was no point found at
+ * min parameter on the line (pl_pt,u0)." or "There was no point found at max distance from the plane
+ * (p1,p2,p3).", and failed is 1.
+ */
+ZTMATH_API void LSFIT_sphere_to_points_3d(const double *points, int n, double centre[3],
+                                          double *radius, int *failed, double stats[3]);
+
 ZTMATH_END_DECLS
 
 #endif

@@ -16,8 +16,12 @@
 #include <ztmath/banded.h>
 #include <ztmath/bc_pole.h>
 #include <ztmath/bcdf.h>
+#include <ztmath/bcdf_calc.h>
+#include <ztmath/bcdf_gen.h>
 #include <ztmath/box3.h>
 #include <ztmath/csys.h>
+#include <ztmath/dgeom.h>
+#include <ztmath/facet.h>
 #include <ztmath/lsfit.h>
 #include <ztmath/mc.h>
 #include <ztmath/mtx3.h>

@@ -25,8 +25,7 @@ struct Moments {
     std::array<double, Dimension*(Dimension + 1) / 2> scatter{};
 };
 
-namespace moments_detail {
-
+/// Points that are summed together: what they take fits the first-level cache.
 inline constexpr int block_size = 512;
 
 /// The products of a vector with itself that a scatter matrix sums, row by row.
@@ -39,6 +38,8 @@ auto products(const std::array<Scalar, Dimension>& d) {
             p[k++] = d[i] * d[j];
     return p;
 }
+
+namespace moments_detail {
 
 template <int Dimension>
 void set_mean(Moments<Dimension>& m) {

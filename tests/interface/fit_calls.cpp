@@ -1,5 +1,6 @@
 // Least-squares fits.
 #include <algorithm>
+#include <cmath>
 
 #include "interface/table.h"
 #include "ztmath/lsfit.h"
@@ -34,9 +35,50 @@ double space_line(In in, Out out) {
     return 10 * collinear + coincident;
 }
 
+/// Points near a circle in the plane or a sphere, so that there is an eigenvalue to use.
+template <std::size_t dimension>
+void prepare_round(Random& random, Arrays& inputs) {
+    for (std::size_t i = 0; i < inputs[0].size(); i += dimension) {
+        double squared = 0;
+        for (std::size_t k = 0; k < dimension; ++k)
+            squared += inputs[0][i + k] * inputs[0][i + k];
+        const double stretch = 10 * (1 + 0.01 * random.normal()) / std::sqrt(squared);
+        for (std::size_t k = 0; k < dimension; ++k)
+            inputs[0][i + k] *= stretch;
+    }
+}
+
+template <int n>
+double plane_circle(In in, Out out) {
+    int failed = -1;
+    LSFIT_circle_to_points_2d(in[0], n, out[0], out[1], &failed, out[2]);
+    return failed;
+}
+
+template <int n>
+double space_circle(In in, Out out) {
+    std::copy_n(in[1], 3, out[1]);
+    int failed = -1;
+    LSFIT_circle_to_points_3d(in[0], n, out[0], out[1], out[2], out[3], &failed, out[4], out[5]);
+    return failed;
+}
+
+template <int n>
+double sphere(In in, Out out) {
+    int failed = -1;
+    LSFIT_sphere_to_points_3d(in[0], n, out[0], out[1], &failed, out[2]);
+    return failed;
+}
+
+/// The null normal, with which the plane is fitted.
+void prepare_no_normal(Random&, Arrays& inputs) {
+    inputs[1] = {0, 0, 0};
+}
+
 }  // namespace
 
 std::vector<Call> fit_calls() {
+    constexpr int many = 300;  // more than work memory holds in place
     return {
         {"LSFIT_plane_to_points", {3 * fitted}, {3, 3, 3}, plane<fitted>},
         {"LSFIT_plane_to_points", {0}, {3, 3, 3}, plane<0>},
@@ -53,6 +95,26 @@ std::vector<Call> fit_calls() {
          space_line<false>,
          nullptr,
          false},
+        {"LSFIT_circle_to_points_2d",
+         {2 * fitted},
+         {2, 1, 3},
+         plane_circle<fitted>,
+         prepare_round<2>},
+        {"LSFIT_circle_to_points_2d", {2 * 3}, {2, 1, 3}, plane_circle<3>},
+        {"LSFIT_circle_to_points_3d",
+         {3 * fitted, 3},
+         {3, 3, 3, 1, 3, 12},
+         space_circle<fitted>,
+         prepare_round<3>,
+         false},
+        {"LSFIT_circle_to_points_3d",
+         {3 * many, 3},
+         {3, 3, 3, 1, 3, 12},
+         space_circle<many>,
+         prepare_no_normal,
+         false},
+        {"LSFIT_sphere_to_points_3d", {3 * fitted}, {3, 1, 3}, sphere<fitted>, prepare_round<3>},
+        {"LSFIT_sphere_to_points_3d", {3 * 4}, {3, 1, 3}, sphere<4>},
     };
 }
 

@@ -36,6 +36,12 @@ std::vector<Call> transform_calls();
 std::vector<Call> solve_calls();
 std::vector<Call> root_calls();
 std::vector<Call> fit_calls();
+std::vector<Call> dgeom_calls();
+std::vector<Call> facet_calls();
+std::vector<Call> curve_edit_calls();
+
+/// Releases a record that a row works on; to be called wherever a call may have been left.
+void release_held();
 
 const std::vector<Call>& interface_table();
 

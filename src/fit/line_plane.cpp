@@ -2,7 +2,7 @@
 //
 // A fit is computed as a whole before any output is stored, so that outputs may lie anywhere over
 // the inputs; what it has to report is reported last.
-#include "fit/lsfit.h"
+#include "fit/line_plane.h"
 
 #include <algorithm>
 #include <cmath>
@@ -69,15 +69,15 @@ FitStatistics statistics(const DistanceSums& sums, const SmallestEigenpair<Dimen
     return {sums.max, std::sqrt(squares / n), sums.sum / n};
 }
 
-// ---- Lines in the plane ------------------------------------------------------------------------
+Vec2 vector_of(const std::array<double, 2>& v) {
+    return {v[0], v[1]};
+}
 
-struct LineFit {
-    Vec2 point{};
-    Vec2 normal{};
-    FitStatistics statistics;
-    bool coincident = false;
-    bool converged = true;
-};
+Vec3 vector_of(const std::array<double, 3>& v) {
+    return {v[0], v[1], v[2]};
+}
+
+// ---- Lines in the plane ------------------------------------------------------------------------
 
 /// A line through the centroid and the point farthest from it; nothing if the points coincide.
 struct FallbackLine {
@@ -93,13 +93,7 @@ FallbackLine line_through_farthest(const double* points, int n, Vec2 centroid) {
     return {true, centroid, unitize(load2(farthest.point) - centroid).unit};
 }
 
-Vec2 vector_of(const std::array<double, 2>& v) {
-    return {v[0], v[1]};
-}
-
-Vec3 vector_of(const std::array<double, 3>& v) {
-    return {v[0], v[1], v[2]};
-}
+}  // namespace
 
 LineFit fit_line(const double* points, int n) {
     const Moments<2> m = moments<2>(points, n);
@@ -131,13 +125,7 @@ LineFit fit_line(const double* points, int n) {
 
 // ---- Planes ------------------------------------------------------------------------------------
 
-struct PlaneFit {
-    Vec3 point{};
-    Vec3 normal{};
-    FitStatistics statistics;
-    bool collinear = false;
-    bool converged = true;
-};
+namespace {
 
 /// The normal where no eigenvalue can be used: of the plane through the centroid, the point
 /// farthest from it and the point farthest from the line through the two.
@@ -157,6 +145,8 @@ void set_fallback_normal(const double* points, int n, PlaneFit& fit) {
                                        : cross(direction, load3(side.point) - centroid))
                      .unit;
 }
+
+}  // namespace
 
 PlaneFit fit_plane(const double* points, int n) {
     const Moments<3> m = moments<3>(points, n);
@@ -185,6 +175,28 @@ PlaneFit fit_plane(const double* points, int n) {
 
 // ---- Lines in space ----------------------------------------------------------------------------
 
+Vec3 centroid_of(const double* points, int n) {
+    return vector_of(moments<3>(points, n).mean);
+}
+
+PlaneFrame plane_frame(Vec3 origin, Vec3 normal) {
+    return {origin, frame_from_z(normal).value_or(Mat3{})};
+}
+
+void map_into_plane(const double* points, int n, const PlaneFrame& frame, double* in_plane) {
+    for (std::ptrdiff_t i = 0; i < n; ++i) {
+        const Vec3 p = frame.axes * (load3(points + 3 * i) - frame.origin);
+        store(Vec2{p.x, p.y}, in_plane + 2 * i);
+    }
+}
+
+void store(const PlaneFrame& frame, double* record) {
+    store(frame.origin, record);
+    store(frame.axes, record + 3);
+}
+
+namespace {
+
 struct SpaceLineFit {
     Vec3 normal{};
     int collinear = 0;
@@ -192,24 +204,20 @@ struct SpaceLineFit {
     Vec3 point{};
     Vec3 direction{};
     FitStatistics plane_statistics;
-    Vec3 frame_origin{};
-    Mat3 frame_axes{};
+    PlaneFrame frame;
     bool converged = true;
 };
 
 /// Carries a line of the plane into space.
 void set_line(const Vec2& point, const Vec2& direction, SpaceLineFit& fit) {
-    fit.point = fit.frame_origin + transposed_times(fit.frame_axes, {point.x, point.y, 0.0});
-    fit.direction = transposed_times(fit.frame_axes, {direction.x, direction.y, 0.0});
+    fit.point = fit.frame.in_space(point);
+    fit.direction = transposed_times(fit.frame.axes, {direction.x, direction.y, 0.0});
 }
 
 /// Fits the line within the plane whose frame and flag are set.
 void fit_line_in_plane(const double* points, int n, SpaceLineFit& fit) {
     SmArray<double> in_plane(element_count(n, 2));
-    for (std::ptrdiff_t i = 0; i < n; ++i) {
-        const Vec3 p = fit.frame_axes * (load3(points + 3 * i) - fit.frame_origin);
-        store(Vec2{p.x, p.y}, in_plane.data() + 2 * i);
-    }
+    map_into_plane(points, n, fit.frame, in_plane.data());
     if (fit.collinear != 0) {
         const Vec2 centroid = vector_of(moments<2>(in_plane.data(), n).mean);
         const FallbackLine line = line_through_farthest(in_plane.data(), n, centroid);
@@ -232,27 +240,25 @@ SpaceLineFit fit_space_line(const double* points, int n, Vec3 given_normal, int 
     if (length_squared(given_normal) >= null_length_squared && given_collinear != fit_the_plane) {
         fit.normal = given_normal;
         fit.collinear = given_collinear;
-        fit.frame_origin = vector_of(moments<3>(points, n).mean);
+        fit.frame = plane_frame(centroid_of(points, n), given_normal);
     } else {
         const PlaneFit plane = fit_plane(points, n);
         fit.normal = plane.normal;
         fit.collinear = plane.collinear;
         fit.plane_statistics = plane.statistics;
-        fit.frame_origin = plane.point;
+        fit.frame = plane_frame(plane.point, plane.normal);
         fit.converged = plane.converged;
     }
-    fit.frame_axes = frame_from_z(fit.normal).value_or(Mat3{});
     fit_line_in_plane(points, n, fit);
     return fit;
 }
 
-/// Reports what a stored fit has to report.
-void report(bool has_points, bool converged) {
+}  // namespace
+
+void report_fit(bool has_points, bool converged) {
     if (!has_points) lsfit_module.internal("There are no input points.");
     report_exhaustion({0, converged});
 }
-
-}  // namespace
 
 }  // namespace ztmath
 
@@ -265,7 +271,7 @@ void LSFIT_line_to_points_2d(const double* points, int n, double point[2], doubl
     store(fit.normal, normal);
     *coincident = fit.coincident;
     store(fit.statistics, stats);
-    report(n > 0, fit.converged);
+    report_fit(n > 0, fit.converged);
 }
 
 int LSFIT_plane_to_points(const double* points, int n, double point[3], double normal[3],
@@ -275,7 +281,7 @@ int LSFIT_plane_to_points(const double* points, int n, double point[3], double n
     store(fit.normal, normal);
     *collinear = fit.collinear;
     store(fit.statistics, stats);
-    report(n > 0, fit.converged);
+    report_fit(n > 0, fit.converged);
     return 0;
 }
 
@@ -290,7 +296,6 @@ void LSFIT_line_to_points_3d(const double* points, int n, double normal[3], int*
     store(fit.point, point);
     store(fit.direction, direction);
     store(fit.plane_statistics, plane_stats);
-    store(fit.frame_origin, frame);
-    store(fit.frame_axes, frame + 3);
-    report(n > 0, fit.converged);
+    store(fit.frame, frame);
+    report_fit(n > 0, fit.converged);
 }

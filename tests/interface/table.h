@@ -42,6 +42,10 @@ std::vector<Call> dgeom_calls();
 std::vector<Call> facet_calls();
 std::vector<Call> polygon_calls();
 std::vector<Call> arc_spline_calls();
+std::vector<Call> curve_edit_calls();
+
+/// Releases a record that a row works on; to be called wherever a call may have been left.
+void release_held();
 
 const std::vector<Call>& interface_table();
 

@@ -42,15 +42,9 @@ Arrays draw_inputs(const Call& call, Random& random, Draw draw) {
 
 Outcome outcome_of(const Call& call, const Arrays& inputs, double fill) {
     Outcome outcome{0.0, {}};
-    std::vector<const double*> in;
-    std::vector<double*> out;
-    for (const auto& array : inputs)
-        in.push_back(array.data());
     for (const std::size_t length : call.outputs)
         outcome.outputs.emplace_back(length, fill);
-    for (auto& array : outcome.outputs)
-        out.push_back(array.data());
-    outcome.result = call.run(in.data(), out.data());
+    outcome.result = call.run(pointers_to(inputs).data(), pointers_to(outcome.outputs).data());
     return outcome;
 }
 

@@ -55,6 +55,15 @@ inline constexpr Draw draws[] = {Draw::regular, Draw::whole_numbers, Draw::any_s
 
 Arrays draw_inputs(const Call& call, Random& random, Draw draw);
 
+/// Pointers to arrays, as a call takes them.
+template <class AnyArrays>
+auto pointers_to(AnyArrays& arrays) {
+    std::vector<decltype(arrays[0].data())> pointers;
+    for (auto& array : arrays)
+        pointers.push_back(array.data());
+    return pointers;
+}
+
 /// What a call gave back.
 struct Outcome {
     double result;

@@ -13,6 +13,8 @@
 #define ZTMATH_ZTMATH_H
 
 #include <ztmath/acom.h>
+#include <ztmath/arc_spline.h>
+#include <ztmath/arc_spline_primitives.h>
 #include <ztmath/banded.h>
 #include <ztmath/box3.h>
 #include <ztmath/csys.h>

@@ -49,24 +49,10 @@ void prepare_round(Random& random, Arrays& inputs) {
 }
 
 template <int n>
-double plane_circle(In in, Out out) {
-    int failed = -1;
-    LSFIT_circle_to_points_2d(in[0], n, out[0], out[1], &failed, out[2]);
-    return failed;
-}
-
-template <int n>
 double space_circle(In in, Out out) {
     std::copy_n(in[1], 3, out[1]);
     int failed = -1;
     LSFIT_circle_to_points_3d(in[0], n, out[0], out[1], out[2], out[3], &failed, out[4], out[5]);
-    return failed;
-}
-
-template <int n>
-double sphere(In in, Out out) {
-    int failed = -1;
-    LSFIT_sphere_to_points_3d(in[0], n, out[0], out[1], &failed, out[2]);
     return failed;
 }
 
@@ -98,9 +84,9 @@ std::vector<Call> fit_calls() {
         {"LSFIT_circle_to_points_2d",
          {2 * fitted},
          {2, 1, 3},
-         plane_circle<fitted>,
+         called<LSFIT_circle_to_points_2d, fitted>,
          prepare_round<2>},
-        {"LSFIT_circle_to_points_2d", {2 * 3}, {2, 1, 3}, plane_circle<3>},
+        {"LSFIT_circle_to_points_2d", {2 * 3}, {2, 1, 3}, called<LSFIT_circle_to_points_2d, 3>},
         {"LSFIT_circle_to_points_3d",
          {3 * fitted, 3},
          {3, 3, 3, 1, 3, 12},
@@ -113,8 +99,12 @@ std::vector<Call> fit_calls() {
          space_circle<many>,
          prepare_no_normal,
          false},
-        {"LSFIT_sphere_to_points_3d", {3 * fitted}, {3, 1, 3}, sphere<fitted>, prepare_round<3>},
-        {"LSFIT_sphere_to_points_3d", {3 * 4}, {3, 1, 3}, sphere<4>},
+        {"LSFIT_sphere_to_points_3d",
+         {3 * fitted},
+         {3, 1, 3},
+         called<LSFIT_sphere_to_points_3d, fitted>,
+         prepare_round<3>},
+        {"LSFIT_sphere_to_points_3d", {3 * 4}, {3, 1, 3}, called<LSFIT_sphere_to_points_3d, 4>},
     };
 }
 

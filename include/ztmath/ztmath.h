@@ -13,6 +13,8 @@
 #define ZTMATH_ZTMATH_H
 
 #include <ztmath/acom.h>
+#include <ztmath/arc_spline.h>
+#include <ztmath/arc_spline_primitives.h>
 #include <ztmath/banded.h>
 #include <ztmath/box3.h>
 #include <ztmath/csys.h>
@@ -26,6 +28,7 @@
 #include <ztmath/nr_functions.h>
 #include <ztmath/pln3.h>
 #include <ztmath/pnt3.h>
+#include <ztmath/ptf.h>
 #include <ztmath/roots.h>
 #include <ztmath/session.h>
 #include <ztmath/solve.h>

@@ -30,6 +30,8 @@ struct Call {
     void (*prepare)(Random& random, Arrays& inputs) = nullptr;
     /// Whether `run` passes the arrays on as they are, so that outputs may lie over inputs.
     bool passes_on = true;
+    /// Whether it writes what all calls share: then no other call may run beside it.
+    bool writes_shared = false;
 };
 
 std::vector<Call> frame_calls();
@@ -40,6 +42,7 @@ std::vector<Call> root_calls();
 std::vector<Call> fit_calls();
 std::vector<Call> dgeom_calls();
 std::vector<Call> facet_calls();
+std::vector<Call> polygon_calls();
 
 const std::vector<Call>& interface_table();
 

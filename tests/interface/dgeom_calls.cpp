@@ -1,23 +1,20 @@
 // Differential geometry.
-#include "interface/table.h"
+#include "interface/row.h"
 #include "ztmath/dgeom.h"
 
 namespace ztmath_test {
 
 std::vector<Call> dgeom_calls() {
     return {
-        {"DGEOM_crv_curvature", {3, 3}, {3}, called<DGEOM_crv_curvature>},
-        {"DGEOM_crv_torsion", {3, 3, 3}, {3}, called<DGEOM_crv_torsion>},
-        {"DGEOM_crv_diff_property", {3, 3, 3}, {11}, called<DGEOM_crv_diff_property, 1>},
-        {"DGEOM_crv_curvature_variation", {3, 3, 3}, {3}, called<DGEOM_crv_curvature_variation>},
-        {"DGEOM_convert_crvatr_to_radius", {3}, {3}, called<DGEOM_convert_crvatr_to_radius>},
-        {"DGEOM_convert_radius_to_crvatr", {3}, {3}, called<DGEOM_convert_radius_to_crvatr>},
-        {"DGEOM_convert_crvatr_to_deriv2", {3, 3}, {3}, called<DGEOM_convert_crvatr_to_deriv2>},
-        {"DGEOM_srf_curvatures", {3, 3, 3, 3, 3}, {7}, called<DGEOM_srf_curvatures, 1>},
-        {"DGEOM_srf_normal_curvature",
-         {3, 3, 3, 3, 3, 3, 3},
-         {1},
-         called<DGEOM_srf_normal_curvature>},
+        row<DGEOM_crv_curvature>("DGEOM_crv_curvature", {3, 3}, {3}),
+        row<DGEOM_crv_torsion>("DGEOM_crv_torsion", {3, 3, 3}, {3}),
+        row<DGEOM_crv_diff_property, 1>("DGEOM_crv_diff_property", {3, 3, 3}, {11}),
+        row<DGEOM_crv_curvature_variation>("DGEOM_crv_curvature_variation", {3, 3, 3}, {3}),
+        row<DGEOM_convert_crvatr_to_radius>("DGEOM_convert_crvatr_to_radius", {3}, {3}),
+        row<DGEOM_convert_radius_to_crvatr>("DGEOM_convert_radius_to_crvatr", {3}, {3}),
+        row<DGEOM_convert_crvatr_to_deriv2>("DGEOM_convert_crvatr_to_deriv2", {3, 3}, {3}),
+        row<DGEOM_srf_curvatures, 1>("DGEOM_srf_curvatures", {3, 3, 3, 3, 3}, {7}),
+        row<DGEOM_srf_normal_curvature>("DGEOM_srf_normal_curvature", {3, 3, 3, 3, 3, 3, 3}, {1}),
     };
 }
 

@@ -8,8 +8,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <tuple>
-#include <type_traits>
 #include <vector>
 
 #include "support/random.h"
@@ -45,47 +43,6 @@ std::vector<Call> facet_calls();
 std::vector<Call> polygon_calls();
 
 const std::vector<Call>& interface_table();
-
-/// What a function is called with, taken from the arrays in the order of its parameters.
-struct Arguments {
-    template <class Parameter>
-    Parameter next() {
-        if constexpr (std::is_same_v<Parameter, double>)
-            return **in++;
-        else if constexpr (std::is_same_v<Parameter, const double*>)
-            return *in++;
-        else if constexpr (std::is_same_v<Parameter, double*>)
-            return *out++;
-        else if constexpr (std::is_same_v<Parameter, int*>)
-            return &flag;
-        else
-            return *integers++;
-    }
-
-    In in;
-    Out out;
-    const int* integers;
-    int flag = 0;
-};
-
-template <class Result, class... Parameters>
-double call_with(Result (*f)(Parameters...), Arguments from) {
-    const std::tuple<Parameters...> arguments{from.next<Parameters>()...};
-    if constexpr (std::is_void_v<Result>) {
-        std::apply(f, arguments);
-        return from.flag;
-    } else {
-        return static_cast<double>(std::apply(f, arguments));
-    }
-}
-
-/// `run` of a function whose parameters say what they are: constant arrays and numbers are inputs,
-/// other arrays outputs; integers are given here, and one may be given back.
-template <auto f, int... integers>
-double called(In in, Out out) {
-    static constexpr int values[] = {integers..., 0};
-    return call_with(f, {in, out, values});
-}
 
 /// How the numbers of an input are drawn.
 enum class Draw { regular, whole_numbers, any_size };

@@ -16,6 +16,10 @@
 #include <ztmath/arc_spline.h>
 #include <ztmath/arc_spline_primitives.h>
 #include <ztmath/banded.h>
+#include <ztmath/bc_pole.h>
+#include <ztmath/bcdf.h>
+#include <ztmath/bcdf_calc.h>
+#include <ztmath/bcdf_gen.h>
 #include <ztmath/box3.h>
 #include <ztmath/csys.h>
 #include <ztmath/dgeom.h>
@@ -28,6 +32,7 @@
 #include <ztmath/nr_functions.h>
 #include <ztmath/pln3.h>
 #include <ztmath/pnt3.h>
+#include <ztmath/pntlst.h>
 #include <ztmath/ptf.h>
 #include <ztmath/roots.h>
 #include <ztmath/session.h>

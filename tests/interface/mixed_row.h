@@ -153,32 +153,30 @@ class Passed<Segment*> {
     Segment segment_;
 };
 
-template <class Result, class... Parameters, std::size_t... index>
-double called_mixed(Result (*function)(Parameters...), unsigned in_out, In in, Out out,
-                    std::index_sequence<index...>) {
+template <class Result, class... Parameters>
+double called_mixed(Result (*function)(Parameters...), unsigned in_out, In in, Out out) {
     Cursor at{in, out};
-    std::tuple<Passed<Parameters>...> passed{
-        Passed<Parameters>(at, (in_out >> index & 1U) != 0)...};
-    double result = 0.0;
-    if constexpr (std::is_arithmetic_v<Result>)
-        result = function(std::get<index>(passed).get()...);
-    else
-        function(std::get<index>(passed).get()...);
-    (std::get<index>(passed).finish(), ...);
-    return result;
+    unsigned bit = 1;
+    const auto is_both = [&] { return (in_out & std::exchange(bit, bit << 1)) != 0; };
+    std::tuple<Passed<Parameters>...> passed{Passed<Parameters>(at, is_both())...};
+    return std::apply(
+        [&](auto&... each) {
+            double result = 0.0;
+            if constexpr (std::is_arithmetic_v<Result>)
+                result = function(each.get()...);
+            else
+                function(each.get()...);
+            (each.finish(), ...);
+            return result;
+        },
+        passed);
 }
 
 /// The row of a function; a bit of `in_out` for each parameter that is both.
 template <auto function, unsigned in_out = 0>
 Call mixed_row(const char* name, std::vector<std::size_t> inputs,
                std::vector<std::size_t> outputs = {}) {
-    const auto run = [](In in, Out out) {
-        const auto call = []<class Result, class... Parameters>(Result (*f)(Parameters...), In in,
-                                                                Out out) {
-            return called_mixed(f, in_out, in, out, std::index_sequence_for<Parameters...>());
-        };
-        return call(function, in, out);
-    };
+    const auto run = [](In in, Out out) { return called_mixed(function, in_out, in, out); };
     return {name, std::move(inputs), std::move(outputs), run, nullptr, in_out == 0};
 }
 

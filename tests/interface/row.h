@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "interface/table.h"
+#include "support/rotation.h"
 
 namespace ztmath_test {
 
@@ -66,6 +67,19 @@ Call in_place(const char* name, void (*prepare)(Random&, Arrays&) = nullptr) {
         return called(function, in, out);
     };
     return {name, {size}, {size}, run, prepare, false};
+}
+
+/// Puts rotations in the place of arrays of nine, of the axes of frames and the blocks of
+/// transforms.
+inline void prepare_rotations(Random& random, Arrays& inputs) {
+    for (auto& array : inputs) {
+        const Matrix r = random_rotation(random);
+        if (array.size() == 9) array.assign(r.begin(), r.end());
+        if (array.size() == 12) std::copy(r.begin(), r.end(), array.begin() + 3);
+        if (array.size() != 16) continue;
+        for (std::size_t i = 0; i < 9; ++i)
+            array[i + i / 3] = r[i] + (i % 2 == 0 ? 1.0e-12 : 0);
+    }
 }
 
 /// The row of a call that copies what it passes on, or makes it anew.

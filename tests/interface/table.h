@@ -42,6 +42,10 @@ std::vector<Call> dgeom_calls();
 std::vector<Call> facet_calls();
 std::vector<Call> polygon_calls();
 std::vector<Call> arc_spline_calls();
+std::vector<Call> curve_edit_calls();
+
+/// Releases a record that a row works on; to be called wherever a call may have been left.
+void release_held();
 
 const std::vector<Call>& interface_table();
 
@@ -50,6 +54,15 @@ enum class Draw { regular, whole_numbers, any_size };
 inline constexpr Draw draws[] = {Draw::regular, Draw::whole_numbers, Draw::any_size};
 
 Arrays draw_inputs(const Call& call, Random& random, Draw draw);
+
+/// Pointers to arrays, as a call takes them.
+template <class AnyArrays>
+auto pointers_to(AnyArrays& arrays) {
+    std::vector<decltype(arrays[0].data())> pointers;
+    for (auto& array : arrays)
+        pointers.push_back(array.data());
+    return pointers;
+}
 
 /// What a call gave back.
 struct Outcome {

@@ -1,0 +1,212 @@
+#include "ztmath/bcdf_gen.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+
+#include "support/curve_record.h"
+#include "support/reports.h"
+#include "support/session.h"
+#include "support/shared_block.h"
+
+namespace {
+
+using namespace ztmath_test;
+
+constexpr double up[3] = {0, 1, 0};
+constexpr double along[3] = {1, 0, 0};
+
+/// Points 0, 1, 2 ... on the x axis, which are their parameters.
+Record row_of(int n, int periodicity = 0, int least_squares = 0) {
+    std::vector<double> points;
+    for (int i = 0; i < n; ++i)
+        points.insert(points.end(), {double(i), 0, 0});
+    return new_record(points, 3, periodicity, least_squares);
+}
+
+TEST(CurveValidation, FindsTheFirstFault) {
+    const ReportRecorder recorder;
+    const CheckingLevel checking(1);
+    const struct {
+        int finding, points, periodicity, least_squares;
+        void (*spoil)(BCDF* record);
+    } cases[] = {
+        {1005321, 1, 0, 0, [](BCDF*) {}},
+        {1005321, 2, 1, 0, [](BCDF*) {}},
+        {1005311, 3, 0, 0, [](BCDF*) {}},
+        {1005311, 4, 1, 0, [](BCDF*) {}},
+        {0, 3, 0, 0, [](BCDF* r) { BCDF_add_needed_slopes(r); }},
+        {1005317, 4, 0, 0, [](BCDF* r) { r->points->num_points = 2147483600; }},
+        {1005322, 4, 0, 0, [](BCDF* r) { r->parameters->points[2] = 1; }},
+        {1005320, 4, 0, 0, [](BCDF* r) { BCDF_add_needed_slopes(r), r->order = 2; }},
+        {1005320, 4, 0, 0, [](BCDF* r) { BCDF_replace_curvature(r, up, 0, 0), r->order = 3; }},
+        {1005318, 4, 0, 0, [](BCDF* r) { BCDF_replace_curvature(r, up, 0, 0); }},
+        {0, 10, 0, 1, [](BCDF* r) { r->ls_num_segments = 7; }},
+        {1005005, 10, 0, 1, [](BCDF* r) { r->ls_num_segments = 8; }},
+        {1005005, 10, 0, 1, [](BCDF* r) { r->ls_num_segments = -1; }},
+        {1005006, 10, 0, 1, [](BCDF* r) { r->ls_tolerance = -1; }},
+        {1005321, 3, 0, 1, [](BCDF* r) { BCDF_replace_slope(r, along, 0, 1); }},
+    };
+    for (const auto& c : cases) {
+        const Record record = row_of(c.points, c.periodicity, c.least_squares);
+        c.spoil(record.get());
+        EXPECT_EQ(BCDF_check_defining_data(record.get()), c.finding) << "case " << &c - cases;
+        record->points->num_points = c.points;
+    }
+    const Record record = row_of(4);
+    BCDF_replace_curvature(record.get(), up, 0, 0);
+    for (const double y : {0.99e-7, 1e-7}) {
+        BCDF_replace_slope(record.get(), Vector{0, y, 1}.data(), 0, 1);
+        BCDF_replace_curvature(record.get(), up, 0, 0);
+        EXPECT_EQ(BCDF_check_defining_data(record.get()), y < 1e-7 ? 0 : 1005319);
+    }
+    EXPECT_EQ(recorder.reports(), Reports{});
+}
+
+TEST(CurveSearches, StopAtTheirLimits) {
+    const KeepBlock keep;
+    set_word_at(1128, 0.25);  // the length tolerance
+    const CheckingLevel checking(1);
+    ReportRecorder recorder;
+    const Record close = new_record({0, 0, 0, 1, 0, 0, 1.25, 0, 0, 2, 0, 0});
+    const struct {
+        int mode, position, overlaps;
+        double x;
+    } cases[] = {{1, 1, 1, 0.25}, {1, 1, 1, 1.1}, {1, 1, 0, 0.5}, {1, 0, 0, 0}, {1, 4, 1, 2},
+                 {2, 1, 0, 0},    {2, 0, 0, 0},   {3, 0, 1, 0},   {4, 0, 0, 0}};
+    for (const auto& [mode, position, overlaps, x] : cases)
+        EXPECT_EQ(BCDF_check_overlap_points(close.get(), mode, position, Vector{x, 0, 0}.data()),
+                  overlaps);
+    close->points->points[6] = 0.2;
+    EXPECT_EQ(BCDF_check_overlap_points(close.get(), 2, 1, up), 1);
+    EXPECT_EQ(BCDF_check_consecutive_dup_pts(close.get()), 0);
+
+    const Record record = row_of(6, 1);
+    EXPECT_EQ(BCDF_num_of_knots_needed(record.get(), 5), 12);
+    EXPECT_EQ(BCDF_num_of_knots_needed(record.get(), 0), 10);
+    int at = -1, number = -1;
+    const struct {
+        double t;
+        int found, at;
+    } searches[] = {{1 + 0.9e-10, 1, 1}, {1.5, 0, 2}, {9, 0, 6}};
+    for (const auto& s : searches) {
+        EXPECT_EQ(BCDF_parameter_in_list(record.get(), s.t, &at), s.found);
+        EXPECT_EQ(at, s.at);
+    }
+    EXPECT_EQ(BCDF_create_crvatr_pos_array(record.get(), &number), nullptr);
+    for (int i = 0; i < 4; ++i)
+        BCDF_replace_slope(record.get(), along, i, 1);
+    BCDF_replace_curvature(record.get(), up, 2, 1);
+    // Near is 1e-10 of the whole span, 5; a position array is at its end where a point is missing.
+    for (const double t : {2 + 4e-10, 2 + 6e-10}) {
+        record->slope_parameters->points[2] = t;
+        EXPECT_EQ(BCDF_slope_at_point(record.get(), 2, &at), t < 2 + 5e-10);
+        EXPECT_EQ(at, 2);
+    }
+    record->parameters->points[3] = 2 + 3e-10;
+    for (const int steps : {1, 2}) {
+        record->slope_parameters->points[2] = 2 + steps * 1e-10;
+        EXPECT_EQ(BCDF_slope_at_point(record.get(), 1 + steps, &at), 1);
+        EXPECT_EQ(BCDF_slope_at_point(record.get(), 4 - steps, &at), 0);
+    }
+    int* positions = BCDF_create_slope_pos_array(record.get(), &number);
+    EXPECT_EQ(std::vector<int>(positions, positions + number), (std::vector<int>{1, 2, 0, 0}));
+    SM_free(positions);
+    EXPECT_EQ(BCDF_point_at_curvature(record.get(), 0), 2);
+    EXPECT_EQ(recorder.take(), Reports{});
+    record->slope_parameters->points[2] = 2.5;
+    Vector slope;
+    EXPECT_EQ(BCDF_slope_at_curvature(record.get(), 0, &at, slope.data()), 0);
+    EXPECT_EQ(BCDF_point_at_slope(record.get(), 2), 6);
+    const Reports expected = {internal("bcdf_gen", "Point With Assigned Curvature Has No Slope"),
+                              internal("bcdf_gen", "Bcurve Defining Data Structure Corrupt")};
+    EXPECT_EQ(recorder.take(), expected);
+}
+
+TEST(CurveEditing, ReportsAndGoesOn) {
+    const ReportRecorder recorder;
+    const CheckingLevel checking(1);
+    const Record record = row_of(5);
+    for (const int order : {25, 26, 2, 1}) {
+        BCDF_change_order(record.get(), order);
+        EXPECT_EQ(record->order, order);
+    }
+    BCDF_remove_defining_points(record.get(), 3, 3);
+    EXPECT_EQ(record->points->num_points, 5);
+    BCDF_change_curvature(record.get(), 1, nullptr, 2, 1.0);
+    EXPECT_EQ(record->curvatures->num_points, 1);
+    BCDF_add_weights(record.get());
+    BCDF_replace_weight(record.get(), 4, 3.0);
+    EXPECT_EQ(record->weights->points[4], 3.0);
+    BCDF_change_number_of_segments(record.get(), 2);
+    BCDF_toggle_periodicity(record.get());
+    EXPECT_EQ(record->points->num_points, 6);
+    BCDF_add_weights(record.get());
+    int at = 0;
+    PNTLST* parameters = std::exchange(record->parameters, nullptr);
+    EXPECT_EQ(BCDF_parameter_in_list(record.get(), 0.0, &at), 0);
+    record->parameters = parameters;
+    const Reports expected = {
+        internal("bcdf_gen", "Maximum Order For Spline Exceeded"),
+        internal("bcdf_gen", "Order Must Be Greater Than 1"),
+        raised("bcdf_gen", 1005316, "Error While Removing Points"),
+        internal("bcdf_gen", "Point With Assigned Curvature Has No Slope"),
+        internal("bcdf_gen", "Periodic Least Squares Curves Are Not Allowed"),
+        raised("bcdf_gen", 1005312, "Periodic Least Squares Splines Are Not Allowed"),
+        internal("bcdf_gen", "The Parameter List Has A NULL Value")};
+    EXPECT_EQ(recorder.reports(), expected);
+}
+
+TEST(CurveEditing, NeededAndUpdatedSlopes) {
+    const KeepBlock keep;
+    set_word_at(1128, 1e-6);  // the length tolerance
+    for (const int end : {0, 1}) {
+        const Record two = row_of(2);
+        BCDF_replace_slope(two.get(), Vector{1, 1, 0}.data(), end, 3);
+        BCDF_add_needed_slopes(two.get());
+        EXPECT_EQ(vector_in(two->slopes, 1 - end), (Vector{1, -1, 0}));
+        EXPECT_EQ(two->slope_types[1 - end], 3);
+        BCDF_unitize_slopes(two.get());
+        EXPECT_NEAR(length(vector_in(two->slopes, end)), 1.0, 1e-15);
+    }
+    // By type: renewed, kept, as long as the mean speed, kept, turned to the automatic side; and as
+    // long as an arc that turns by 120 degrees, the most that counts.
+    const double expected[] = {1, -2, -1, -2, 1, -4};
+    for (int type = 0; type < 6; ++type) {
+        const Record record = row_of(5);
+        BCDF_replace_slope(record.get(), Vector{-2, 0, 0}.data(), 2, type);
+        BCDF_update_slopes(record.get());
+        EXPECT_NEAR(vector_in(record->slopes, 0)[0], expected[type], 1e-14) << type;
+    }
+    const Record record = row_of(5);
+    BCDF_replace_slope(record.get(), along, 0, 0);
+    BCDF_replace_slope(record.get(), Vector{4, 0, 0}.data(), 1, 1);
+    BCDF_update_end_slopes(record.get());
+    EXPECT_NEAR(vector_in(record->slopes, 0)[0], -2.0, 1e-14);
+    BCDF_replace_slope(record.get(), Vector{4, 0, 0}.data(), 1, 0);
+    BCDF_update_slopes(record.get());
+    EXPECT_NEAR(vector_in(record->slopes, 0)[0], 1.0, 1e-14);
+    BCDF_change_tolerance(record.get(), 0.5);
+    EXPECT_EQ(record->ls_tolerance, 0.5);
+    EXPECT_EQ(record->ls_num_segments, 0);
+}
+
+/// A curvature turns with its slope about z only, to the side that is tried first.
+TEST(CurveEditing, CurvaturesTurnWithTheirSlopes) {
+    const struct {
+        Vector curvature, slope, turned;
+    } cases[] = {{{0, 3, 0}, {0, 5, 0}, {-3, 0, 0}},
+                 {{0, -3, 0}, {0, 5, 0}, {-3, 0, 0}},
+                 {{0, 3, 0}, {4, 0, 1}, {0, 3, 0}},
+                 {{0, 0, 3}, {0, 0, 5}, {0, 0, 3}}};
+    for (const auto& c : cases) {
+        const Record record = row_of(4);
+        BCDF_replace_slope(record.get(), along, 1, 1);
+        BCDF_replace_curvature(record.get(), c.curvature.data(), 1, 7);
+        BCDF_replace_slope(record.get(), c.slope.data(), 1, 1);
+        EXPECT_EQ(vector_in(record->curvatures, 0), c.turned);
+        EXPECT_EQ(record->curvature_types[0], 7);
+    }
+}
+
+}  // namespace

@@ -1,28 +1,42 @@
 /*
- * lsfit.h - least-squares lines and planes through points, by perpendicular distance (Pearson,
- * 1901).
+ * lsfit.h - least-squares fits to points: lines and planes by perpendicular distance (Pearson, 1901),
+ * circles and spheres by the algebraic fit of Pratt (1987).
  *
- * The normal of the fit is the eigenvector of the smallest eigenvalue of the points' scatter
- * matrix. Points are passed as one array, point after point. Outputs are zeroed first; they may
- * alias or overlap inputs.
+ * Points are passed as one array, point after point. Outputs are zeroed first; they may alias or
+ * overlap inputs. Lengths are in millimetres, and so are the fixed thresholds: scale points of
+ * another unit into millimetres.
  *
- * Lengths are in millimetres, and so are the fixed thresholds: an eigenvalue of at most 1e-10 mm^2
- * counts as 0, points within 0.001 mm of each other count as coincident where no eigenvalue can be
- * used (all negative, not finite, or beyond 1e19 mm^2). Scale points of another unit into
- * millimetres.
+ * The normal of a line or plane is the eigenvector of the smallest eigenvalue of the points' scatter
+ * matrix that is not negative. An eigenvalue of at most 1e-10 mm^2 counts as 0, points within 0.001
+ * mm of each other count as coincident where no eigenvalue can be used (all negative, not finite, or
+ * beyond 1e19 mm^2). For points that lie exactly in a plane or on a line and are spread over more
+ * than about 100 mm, rounding can make the true eigenvalue negative beyond the threshold; the next
+ * one is then used, and the fit is wrong, which the statistics show. Scale such points to a spread
+ * of 100 or less.
  *
- * The eigenvalue used is the smallest one that is not negative. For points that lie exactly in a plane or
- * on a line and are spread over more than about 100 mm, rounding can make the true one negative beyond the
- * threshold; the next one is then used, and the fit is wrong, which the statistics show. Scale such points
- * to a spread of 100 or less.
+ * The coefficients of a circle or sphere A |p|^2 + B . p + D = 0 are the generalized eigenvector of
+ * the largest eigenvalue of the constraint |B|^2 - 4 A D = 1 against the points' moments of
+ * (1, p, |p|^2) about their centroid. It is used when it is at least 1e-10: it is about the reciprocal
+ * of the sum of the squared deviations. Below that, and when the moments are not positive definite by
+ * the measure of NR_cholesky_decomp (remainders of at least 1e-10), the fit falls back on three or
+ * four of the points, which the second statistic, 0, tells. So it does for points that lie on their
+ * circle or sphere within about 1e-8 radii, where that is as good, and for parts of some millimetres
+ * given in metres, where it is not: a circle of 25 mm with deviations of 0.01 mm comes out 0.5 mm off.
  *
- * Statistics are three doubles: the largest distance of a point from the fit; the root-mean-square
- * distance, from the eigenvalue, or from the distances where no eigenvalue was used; the mean
- * distance.
+ * Where the eigenvalue is used, radii are up to 100 mm and deviations between 1e-6 and 1e-3 radii,
+ * centre and radius are within 1e-11 radii of those of exact arithmetic, from full circles down to
+ * arcs of one degree; less so where deviations are large (1e-5 at a radius of 1000 mm and deviations
+ * of 10 mm), as the iteration for the eigenvalues stops at 1e-10. Points that are 1e6 radii from the
+ * origin keep ten digits of the radius.
+ *
+ * Statistics are three doubles: the largest distance of a point from the fit; a second value; the mean
+ * distance. The second value of lines and planes is the root-mean-square distance, from the
+ * eigenvalue, or from the distances where no eigenvalue was used. That of circles and spheres is
+ * sqrt(n / eigenvalue), about n times the root-mean-square distance, which callers know.
  *
  * With n < 1, "There are no input points." is reported by module "lsfit" through ERROR_internal,
  * and the outputs are zero. Eigenvalues that do not converge in 60 sweeps are reported as of
- * NR_ask_eigenvalues_jacobi.
+ * NR_ask_eigenvalues_jacobi, and what NR_generalized_eigenvalues_symm reports is reported.
  */
 #ifndef ZTMATH_LSFIT_H
 #define ZTMATH_LSFIT_H
@@ -94,9 +108,9 @@ ZTMATH_API void LSFIT_line_to_points_3d(const double *points, int n, double norm
  * points  x, y of each point (2 * n)
  * centre  out: zero when there is no circle
  * radius  out: 1e19 when there is no circle
- * failed  out: 0; 1 when the points lie on a line or coincide, or there are none; where three points
- *         were to give the circle, the status of ARC_SPLINE_cre_circle_thru_3_points_2d if that is
- *         not 0
+ * failed  out: 0; 1 when the points lie on a line or coincide, there are none, or the circle through
+ *         three points has no radius below 1e19; 2 when the first and the last point were to give
+ *         that circle and coincide, as in a ring that ends where it began
  * stats   out: statistics; zero for the circle through three points and when there is none
  *
  * When there is no usable eigenvalue the circle runs through three points, the first, the one with
@@ -137,10 +151,11 @@ ZTMATH_API void LSFIT_circle_to_points_3d(const double *points, int n, double pl
  *
  * When there is no usable eigenvalue the sphere runs through four points: p1, the farthest from the
  * plane (pl_pt, pl_n) of LSFIT_plane_to_points; p2, the farthest from the line through p1 along
- * pl_n; p3, that with the least parameter on the line through pl_pt along u0, the part of p2 - p1
- * square to pl_n; p4, the farthest from the plane of the three; of equally far ones the first. There
- * is no sphere when p1, p2 or p4 is less than 0.001 mm away from its plane or line, when p1, p2 and p3
- * lie on a line, or when the radius is not below 1e19.
+ * pl_n; p3, that with the least parameter on the line through pl_pt along u0, the unit vector square
+ * to pl_n and p2 - p1 on which p1 has no negative parameter; p4, the farthest from the plane of the
+ * three; of equally far ones the first. There is no sphere when p1, p2 or p4 is less than 0.001 mm
+ * away from its plane or line, when p1, p2 and p3 lie on a line, or when the radius is not below
+ * 1e19.
  *
  * Where one of these points cannot be found, no distance being a number, module "lsfit" reports
  * through ERROR_internal "There was no point found at max distance from the plane (pl_pt,pl_n).",

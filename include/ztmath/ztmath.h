@@ -13,6 +13,8 @@
 #define ZTMATH_ZTMATH_H
 
 #include <ztmath/acom.h>
+#include <ztmath/arc_spline.h>
+#include <ztmath/arc_spline_primitives.h>
 #include <ztmath/banded.h>
 #include <ztmath/bc_pole.h>
 #include <ztmath/bcdf.h>
@@ -31,6 +33,7 @@
 #include <ztmath/pln3.h>
 #include <ztmath/pnt3.h>
 #include <ztmath/pntlst.h>
+#include <ztmath/ptf.h>
 #include <ztmath/roots.h>
 #include <ztmath/session.h>
 #include <ztmath/solve.h>

@@ -50,9 +50,8 @@ bool is_spread(double distance) {
 }
 
 /// Four points of which none lies close to where the ones before it are: the farthest from the
-/// plane fitted to all; the farthest from the normal through that one; the least along the
-/// direction to it within the plane, so on the other side; the farthest from the plane of the
-/// three.
+/// plane fitted to all; the farthest from the normal through that one; within the plane, the
+/// farthest from both on the centroid's side; the farthest from the plane of the three.
 FourPoints select_four(const double* points, int n, const PlaneFit& plane) {
     FourPoints four{Selection::not_spread, {}};
     auto& [p1, p2, p3, p4] = four.p;
@@ -69,16 +68,15 @@ FourPoints select_four(const double* points, int n, const PlaneFit& plane) {
     if (plane.collinear || !is_spread(first.measure)) return four;
     p1 = first.point;
 
-    const auto across = [&](Vec3 p) {
-        const Vec3 offset = p - p1;
-        return offset - plane.normal * dot(offset, plane.normal);
-    };
-    const Extreme second = most(points, n, [&](Vec3 p) { return length(across(p)); });
+    const Extreme second =
+        most(points, n, [&](Vec3 p) { return length(cross(plane.normal, p - p1)); });
     if (!second.found) return ended(Selection::no_point_off_line);
     if (!is_spread(second.measure)) return four;
     p2 = second.point;
 
-    const Vec3 direction = unitize(across(p2)).unit;
+    // Of the two directions square to both, that from which the first point lies ahead.
+    Vec3 direction = unitize(cross(plane.normal, p2 - p1)).unit;
+    if (dot(p1 - plane.point, direction) < 0.0) direction = -direction;
     const Extreme third = most(points, n, [&](Vec3 p) { return -dot(p - plane.point, direction); });
     if (!third.found) return ended(Selection::no_least_point);
     p3 = third.point;

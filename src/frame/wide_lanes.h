@@ -8,7 +8,13 @@
 #include <cstring>
 
 #if defined(__x86_64__) && __has_include(<sys/platform/x86.h>)
+#if defined(__clang__)
+#define _Bool bool  // NOLINT(bugprone-reserved-identifier): the header takes it for granted in C++
 #include <sys/platform/x86.h>
+#undef _Bool
+#else
+#include <sys/platform/x86.h>
+#endif
 #endif
 
 namespace ztmath {

@@ -2,51 +2,8 @@
 #include "solve/cholesky.h"
 
 #include <algorithm>
-#include <cmath>
 
-#include "solve/matrix.h"
 #include "ztmath/nr.h"
-
-namespace ztmath {
-
-namespace {
-
-/// A diagonal remainder below this ends a decomposition: an absolute bound.
-constexpr double least_remainder = 1e-10;
-
-}  // namespace
-
-bool cholesky_decompose(int n, double* a, double* diagonal) {
-    const FlatRows rows{a, n};
-    for (int i = 0; i < n; ++i)
-        for (int j = i; j < n; ++j) {
-            double sum = rows[i][j];
-            for (int k = i - 1; k >= 0; --k)
-                sum -= rows[i][k] * rows[j][k];
-            if (i == j) {
-                if (sum < least_remainder) return false;
-                diagonal[i] = std::sqrt(sum);
-            } else {
-                rows[j][i] = sum / diagonal[i];
-            }
-        }
-    return true;
-}
-
-void cholesky_invert(int n, const double* diagonal, double* a) {
-    const FlatRows rows{a, n};
-    for (int i = 0; i < n; ++i) {
-        rows[i][i] = 1.0 / diagonal[i];
-        for (int j = i + 1; j < n; ++j) {
-            double sum = 0.0;
-            for (int k = i; k < j; ++k)
-                sum += rows[j][k] * rows[k][i];
-            rows[j][i] = -sum / diagonal[j];
-        }
-    }
-}
-
-}  // namespace ztmath
 
 using namespace ztmath;
 

@@ -3,8 +3,6 @@
 
 #include <algorithm>
 
-#include "solve/cholesky.h"
-#include "solve/matrix.h"
 #include "ztmath/nr.h"
 #include "ztmath/solve.h"
 
@@ -14,26 +12,9 @@ namespace {
 
 constexpr Module report_part = eigen_module.part(1);
 
-using Matrix = FlatRows<double>;
+}  // namespace
 
-/// L of b: the strict lower triangle of its factor, the diagonal from beside it, zeros above.
-void load_factor(Matrix factored, const double* diagonal, int n, Matrix factor) {
-    for (int i = 0; i < n; ++i) {
-        std::copy_n(factored[i], i, factor[i]);
-        factor[i][i] = diagonal[i];
-        std::fill_n(factor[i] + i + 1, n - i - 1, 0.0);
-    }
-}
-
-/// Jacobi reads the upper triangle and works on both.
-void mirror_upper(Matrix m, int n) {
-    for (int i = 1; i < n; ++i)
-        for (int j = 0; j < i; ++j)
-            m[i][j] = m[j][i];
-}
-
-/// Solves factor^T y = x for every column of x, by the LU pair.
-bool solve_transposed(Matrix factor, Matrix x, int n) {
+bool pencil_detail::solve_by_lu(Matrix factor, Matrix x, int n) {
     transpose(factor, n);
     WorkArray<double*, 64> pointers(2 * std::ptrdiff_t{n});
     double** const factor_rows = pointers.data();
@@ -44,33 +25,6 @@ bool solve_transposed(Matrix factor, Matrix x, int n) {
     }
     return SOLVE_lu_solver(factor_rows, x_rows, n, n) == 0;
 }
-
-}  // namespace
-
-namespace pencil_detail {
-
-bool reduce(const PencilArrays& w, int n) {
-    if (!cholesky_decompose(n, w.b, w.diagonal)) return false;
-    const Matrix inverse{w.b, n};
-    const Matrix left{w.product, n};
-    const Matrix reduced{w.a, n};
-    load_factor(inverse, w.diagonal, n, {w.factor, n});
-    cholesky_invert(n, w.diagonal, w.b);
-    zero_upper(inverse, n);
-    multiply(inverse, reduced, n, n, n, left);
-    transpose(inverse, n);
-    multiply(left, inverse, n, n, n, reduced);
-    mirror_upper(reduced, n);
-    return true;
-}
-
-bool restore_vectors(const PencilArrays& w, int n) {
-    const Matrix vectors{w.b, n};
-    transpose(vectors, n);
-    return solve_transposed({w.factor, n}, vectors, n);
-}
-
-}  // namespace pencil_detail
 
 void report(const PencilResult& result) {
     report_exhaustion(result.jacobi);

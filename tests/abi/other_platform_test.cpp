@@ -55,14 +55,18 @@ class AnotherPlatform : public testing::Test {
 /// Each returns whether the call was interrupted.
 using Interruption = bool (*)(void (*call)(void*), void* data, long at);
 
-bool refused(void (*call)(void*), void* data, long at) {
-    platform()->allocations_before_refusal = at;
-    bool interrupted = false;
+bool left_by_exception(void (*call)(void*), void* data) {
     try {
         call(data);
+        return false;
     } catch (const Interrupted&) {
-        interrupted = true;
+        return true;
     }
+}
+
+bool refused(void (*call)(void*), void* data, long at) {
+    platform()->allocations_before_refusal = at;
+    const bool interrupted = left_by_exception(call, data);
     platform()->allocations_before_refusal = -1;
     return interrupted;
 }
@@ -71,12 +75,7 @@ bool reported_by_exception(void (*call)(void*), void* data, long at) {
     only_raised = false;
     reports_before_interruption = at;
     platform()->on_report = throw_when_due;
-    bool interrupted = false;
-    try {
-        call(data);
-    } catch (const Interrupted&) {
-        interrupted = true;
-    }
+    const bool interrupted = left_by_exception(call, data);
     platform()->on_report = nullptr;
     return interrupted;
 }
@@ -100,6 +99,7 @@ long interrupt_everywhere(Interruption interrupt, void (*call)(void*), void* dat
     for (long at = 0; at < bound; ++at) {
         const bool interrupted = interrupt(call, data, at);
         release_held();
+        release_curves();
         EXPECT_EQ(platform()->blocks_out, before) << "left at chance " << at;
         if (!interrupted) return at;
         if (testing::Test::HasFailure()) return at;

@@ -25,31 +25,30 @@ void set_wcs(const Matrix& matrix, const Vector& origin) {
     set_block_bytes(bytes);
 }
 
+/// What a query writes; it returns 0.
+template <std::size_t n>
+std::array<double, n> asked(int (*ask)(double*)) {
+    std::array<double, n> out{};
+    EXPECT_EQ(ask(out.data()), 0);
+    return out;
+}
+
 TEST(Wcs, IsReadInPieces) {
     const KeepBlock keep;
-    set_wcs({1, 2, 3, 4, 5, 6, 7, 8, 9}, {10, 11, 12});
+    const Matrix axes = {1, 2, 3, 4, 5, 6, 7, 8, 9};
+    const Vector origin = {10, 11, 12};
     const std::array<double, 12> csys = {10, 11, 12, 1, 2, 3, 4, 5, 6, 7, 8, 9};
-
-    std::array<double, 12> out{};
-    EXPECT_EQ(WCS_ask_coordinate_system(out.data()), 0);
-    EXPECT_EQ(out, csys);
-    Matrix matrix{};
-    EXPECT_EQ(WCS_ask_matrix(matrix.data()), 0);
-    EXPECT_EQ(matrix, (Matrix{1, 2, 3, 4, 5, 6, 7, 8, 9}));
-    Vector origin{};
-    EXPECT_EQ(WCS_ask_origin(origin.data()), 0);
-    EXPECT_EQ(origin, (Vector{10, 11, 12}));
-    Vector axis{};
-    EXPECT_EQ(WCS_ask_z_axis(axis.data()), 0);
-    EXPECT_EQ(axis, (Vector{7, 8, 9}));
-    std::array<double, 6> plane{};
-    EXPECT_EQ(WCS_ask_work_plane(plane.data()), 0);
-    EXPECT_EQ(plane, (std::array<double, 6>{10, 11, 12, 7, 8, 9}));
-    matrix = {};
-    origin = {};
-    v6051_(matrix.data(), origin.data());
-    EXPECT_EQ(matrix, (Matrix{1, 2, 3, 4, 5, 6, 7, 8, 9}));
-    EXPECT_EQ(origin, (Vector{10, 11, 12}));
+    set_wcs(axes, origin);
+    EXPECT_EQ(asked<12>(WCS_ask_coordinate_system), csys);
+    EXPECT_EQ(asked<9>(WCS_ask_matrix), axes);
+    EXPECT_EQ(asked<3>(WCS_ask_origin), origin);
+    EXPECT_EQ(asked<3>(WCS_ask_z_axis), (Vector{7, 8, 9}));
+    EXPECT_EQ(asked<6>(WCS_ask_work_plane), (std::array<double, 6>{10, 11, 12, 7, 8, 9}));
+    Matrix matrix;
+    Vector point;
+    v6051_(matrix.data(), point.data());
+    EXPECT_EQ(matrix, axes);
+    EXPECT_EQ(point, origin);
 
     EXPECT_EQ(WCS_ask_coordinate_system(acom_.wcs_matrix), 0);  // over itself
     for (std::size_t i = 0; i < 12; ++i)
@@ -58,11 +57,11 @@ TEST(Wcs, IsReadInPieces) {
 
 TEST(Wcs, MatrixIsTakenAsItStands) {
     const KeepBlock keep;
-    set_wcs({}, {10, 11, 12});
-    BlockBytes expected = block_bytes();
-    for (std::size_t i = 0; i < 9; ++i)
-        put_at(expected, 1440 + 8 * i, 1.0 - static_cast<double>(i));
     const Matrix values = {1, 0, -1, -2, -3, -4, -5, -6, -7};
+    const Vector origin = {10, 11, 12};
+    set_wcs(values, origin);
+    const BlockBytes expected = block_bytes();
+    set_wcs({}, origin);
     WCS__set_matrix_values(values.data());
     EXPECT_EQ(block_bytes(), expected);
 }
@@ -96,13 +95,8 @@ TEST(Wcs, MapsIntoItsFrameAndBack) {
                     {mappwa_, mappaw_, map12_}};
         for (const auto& row : rows) {
             const Vector there = mapped(row.map, p);
-            const Vector back = mapped(row.inverse, there);
-            for (std::size_t i = 0; i < 3; ++i)
-                ASSERT_NEAR(back[i], p[i], 1.0e-14);
+            ASSERT_LE(distance(mapped(row.inverse, there), p), 1.0e-14);
             EXPECT_EQ(mapped(row.same, p), there);
-            Vector in_place = p;
-            row.map(in_place.data(), in_place.data());
-            EXPECT_EQ(in_place, there);
         }
     }
 }

@@ -37,10 +37,25 @@ int chosen(double number, int bad, int good) {
     return number > 0 ? good : bad;
 }
 
+template <void (*set)(int), int (*ask)(), int bad, int good>
+double setting(In in, Out) {
+    set(chosen(*in[0], bad, good));
+    return ask();
+}
+
+double grid_counts(In in, Out out) {
+    const int set[2] = {chosen(in[0][0], -1, 4), chosen(in[0][1], -1, 5)};
+    int asked[2];
+    PX_set_default_face_grid_counts(set);
+    PX_ask_default_face_grid_counts(asked);
+    std::copy_n(asked, 2, out[0]);
+    return 0;
+}
+
 }  // namespace
 
 std::vector<Call> frame_calls() {
-    return {
+    std::vector<Call> calls = {
         {"sys22_", {1, 1, 1}, {1}, tolerances},
         {"mapvaw_", mapping, {3}, mapped<mapvaw_>},
         {"mapvwa_", mapping, {3}, mapped<mapvwa_>},
@@ -50,39 +65,20 @@ std::vector<Call> frame_calls() {
         {"map11_", mapping, {3}, mapped<map11_>},
         {"map12_", mapping, {3}, mapped<map12_>},
         {"map13_", mapping, {3}, mapped<map13_>},
-        {"WCS_set_wcs_display",
-         {1},
-         {},
-         [](In in, Out) -> double {
-             WCS_set_wcs_display(chosen(*in[0], 2, 1));
-             return WCS_ask_wcs_display();
-         }},
+        {"WCS_set_wcs_display", {1}, {}, setting<WCS_set_wcs_display, WCS_ask_wcs_display, 2, 1>},
         {"DISPLAY_set_system_color",
          {1},
          {},
-         [](In in, Out) -> double {
-             DISPLAY_set_system_color(chosen(*in[0], 0, 217));
-             return DISPLAY_ask_system_color();
-         }},
+         setting<DISPLAY_set_system_color, DISPLAY_ask_system_color, 0, 217>},
         {"DISPLAY_set_view_of_last_cursor",
          {1},
          {},
-         [](In in, Out) -> double {
-             DISPLAY_set_view_of_last_cursor(chosen(*in[0], 0, 3));
-             return DISPLAY_ask_view_of_last_cursor();
-         }},
-        {"PX_set_default_face_grid_counts",
-         {2},
-         {2},
-         [](In in, Out out) -> double {
-             const int set[2] = {chosen(in[0][0], -1, 4), chosen(in[0][1], -1, 5)};
-             int asked[2];
-             PX_set_default_face_grid_counts(set);
-             PX_ask_default_face_grid_counts(asked);
-             std::copy_n(asked, 2, out[0]);
-             return 0;
-         }},
+         setting<DISPLAY_set_view_of_last_cursor, DISPLAY_ask_view_of_last_cursor, 0, 3>},
+        {"PX_set_default_face_grid_counts", {2}, {2}, grid_counts},
     };
+    for (Call& call : calls)
+        call.writes_shared = true;
+    return calls;
 }
 
 }  // namespace ztmath_test

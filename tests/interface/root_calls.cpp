@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "interface/table.h"
+#include "interface/row.h"
 #include "syss/syss.h"
 #include "ztmath/banded.h"
 #include "ztmath/nr_functions.h"
@@ -103,18 +103,9 @@ double unique_found(In in, Out out) {
 
 std::vector<Call> root_calls() {
     return {
-        {"SOLVE_quadratic",
-         {3},
-         {2},
-         [](In in, Out out) -> double { return SOLVE_quadratic(in[0], out[0]); }},
-        {"SOLVE_cubic",
-         {4},
-         {3},
-         [](In in, Out out) -> double { return SOLVE_cubic(in[0], out[0]); }},
-        {"SOLVE_quartic",
-         {5},
-         {4},
-         [](In in, Out out) -> double { return SOLVE_quartic(in[0], out[0]); }},
+        row<SOLVE_quadratic>("SOLVE_quadratic", {3}, {2}),
+        row<SOLVE_cubic>("SOLVE_cubic", {4}, {3}),
+        row<SOLVE_quartic>("SOLVE_quartic", {5}, {4}),
         {"SOLVE_polynomial",
          {5},
          {4},
@@ -123,7 +114,7 @@ std::vector<Call> root_calls() {
         {"NR_amoeba", {6, 3, 2}, {6, 3}, minimised, nullptr, false},
         {"NR_odeint", {2, 2, 4}, {2, 1}, integrated, nullptr, false},
         {"NR_qsimp", {4, 2}, {1}, area_found, nullptr, false},
-        {"msolve_banded", {band_elements, band_size}, {band_size}, band_solved, nullptr, false},
+        {"msolve_banded", {band_elements, band_size}, {band_size}, band_solved, nullptr, false, true},
         {"get_unique_reals", {8}, {8}, unique_found, nullptr, false},
     };
 }

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "interface/table.h"
+#include "interface/row.h"
 #include "syss/syss.h"
 #include "ztmath/nr.h"
 #include "ztmath/solve.h"
@@ -84,18 +84,12 @@ double lu_solved(In in, Out out) {
 constexpr int svd_rows = 22;
 constexpr int svd_columns = 18;
 
+/// Of as many rows as are said to be there; fewer than columns is noted.
+template <int rows, int said>
 double svd_decomposed(In in, Out out) {
-    RowsOf<svd_rows> a(copied<svd_rows * svd_columns>(in, out, 0), svd_columns);
+    RowsOf<rows> a(copied<rows * svd_columns>(in, out, 0), svd_columns);
     RowsOf<svd_columns> v(out[2], svd_columns);
-    SOLVE_svd_decompose(a, svd_rows, svd_columns, out[1], v);
-    return 0;
-}
-
-/// Fewer rows than columns, which is noted.
-double svd_augmented(In in, Out out) {
-    RowsOf<svd_columns> a(copied<svd_columns * svd_columns>(in, out, 0), svd_columns);
-    RowsOf<svd_columns> v(out[2], svd_columns);
-    SOLVE_svd_decompose(a, svd_columns - 1, svd_columns, out[1], v);
+    SOLVE_svd_decompose(a, said, svd_columns, out[1], v);
     return 0;
 }
 
@@ -182,38 +176,51 @@ double made(In in, Out out) {
     return 0;
 }
 
-template <void (*fill)(double**, int)>
-double changed(In in, Out out) {
-    RowsOf<helper_size> rows(copied<helper_square>(in, out, 0), helper_size);
-    fill(rows, helper_size);
-    return 0;
+/// The matrix in the form that a function takes: row pointers, or flat.
+template <class Form>
+Form in_form(RowsOf<helper_size>& matrix) {
+    if constexpr (std::is_same_v<Form, double**>)
+        return matrix;
+    else
+        return matrix.pointers[0];
 }
 
-template <void (*fill)(double*, int)>
-double changed_flat(In in, Out out) {
-    fill(copied<helper_square>(in, out, 0), helper_size);
-    return 0;
+template <class Form, class... Sizes>
+void call_with(void (*function)(Form, Sizes...), RowsOf<helper_size>& matrix) {
+    function(in_form<Form>(matrix), static_cast<Sizes>(helper_size)...);
 }
 
-double multiplied(In in, Out out) {
-    double a[helper_square];
-    double b[helper_square];
-    std::copy_n(in[0], helper_square, a);
-    std::copy_n(in[1], helper_square, b);
-    RowsOf<helper_size> first(a, helper_size);
-    RowsOf<helper_size> second(b, helper_size);
-    RowsOf<helper_size> product(out[0], helper_size);
-    NR_2d_matrix_product_of_2(first, second, helper_size, helper_size, helper_size, product);
-    return 0;
+template <class Form>
+void call_with(void (*multiply)(Form, Form, int, int, int, Form), RowsOf<helper_size>& a,
+               RowsOf<helper_size>& b, RowsOf<helper_size>& product) {
+    multiply(in_form<Form>(a), in_form<Form>(b), helper_size, helper_size, helper_size,
+             in_form<Form>(product));
 }
 
-double multiplied_flat(In in, Out out) {
-    double a[helper_square];
-    double b[helper_square];
-    std::copy_n(in[0], helper_square, a);
-    std::copy_n(in[1], helper_square, b);
-    NR_matrix_2d_as_1d_product_of_2(a, b, helper_size, helper_size, helper_size, out[0]);
-    return 0;
+template <auto function>
+Call changing(const char* name) {
+    const auto run = [](In in, Out out) {
+        RowsOf<helper_size> rows(copied<helper_square>(in, out, 0), helper_size);
+        call_with(function, rows);
+        return 0.0;
+    };
+    return copying(name, {helper_square}, {helper_square}, run);
+}
+
+template <auto multiply>
+Call multiplying(const char* name) {
+    const auto run = [](In in, Out out) {
+        double a[helper_square];
+        double b[helper_square];
+        std::copy_n(in[0], helper_square, a);
+        std::copy_n(in[1], helper_square, b);
+        RowsOf<helper_size> first(a, helper_size);
+        RowsOf<helper_size> second(b, helper_size);
+        RowsOf<helper_size> product(out[0], helper_size);
+        call_with(multiply, first, second, product);
+        return 0.0;
+    };
+    return copying(name, {helper_square, helper_square}, {helper_square}, run);
 }
 
 double copied_1d_to_2d(In in, Out out) {
@@ -230,14 +237,6 @@ double copied_2d_to_1d(In in, Out out) {
     return 0;
 }
 
-void clear_rows(double** matrix, int n) {
-    NR_2d_matrix_init_zero(matrix, n, n);
-}
-
-void clear_flat(double* matrix, int n) {
-    NR_matrix_2d_as_1d_init_zero(matrix, n, n);
-}
-
 }  // namespace
 
 std::vector<Call> solve_calls() {
@@ -249,73 +248,32 @@ std::vector<Call> solve_calls() {
     constexpr std::size_t power_square = power_size * power_size;
     constexpr std::size_t factor_square = factor_size * factor_size;
     constexpr std::size_t square = helper_square;
+    const std::vector<std::size_t> lu_outputs = {lu_square, 1, lu_size};
+    const std::vector<std::size_t> jacobi_outputs = {jacobi_square, jacobi_size, jacobi_square};
     return {
-        {"SOLVE_solve_3equations",
-         {9, 3},
-         {3},
-         [](In in, Out out) -> double { return SOLVE_solve_3equations(in[0], in[1], out[0]); }},
-        {"ludcmp_a", {lu_square, lu_size}, {lu_square, 1, lu_size}, lu_decomposed, nullptr, false},
-        {"lubksb_a", {lu_square, lu_size}, {lu_square, 1, lu_size}, lu_decomposed, nullptr, false},
-        {"SOLVE_lu_solver",
-         {lu_square, 2 * lu_size},
-         {lu_square, 2 * lu_size},
-         lu_solved,
-         nullptr,
-         false},
-        {"SOLVE_svd_decompose",
-         {svd_elements},
-         {svd_elements, svd_columns, svd_square},
-         svd_decomposed,
-         nullptr,
-         false},
-        {"SOLVE_svd_decompose",
-         {svd_square},
-         {svd_square, svd_columns, svd_square},
-         svd_augmented,
-         nullptr,
-         false},
-        {"SOLVE_svd_solver",
-         {svd_elements, svd_rows},
-         {svd_elements, svd_columns},
-         svd_solved,
-         nullptr,
-         false},
-        {"SOLVE_svd_solver_r",
-         {svd_elements, svd_rows, 1},
-         {svd_elements, svd_columns},
-         svd_solved_with_threshold,
-         nullptr,
-         false},
-        {"NR_ask_eigenvalues_jacobi",
-         {jacobi_square},
-         {jacobi_square, jacobi_size, jacobi_square},
-         jacobi<60>,
-         prepare_symmetric<jacobi_size>,
-         false},
-        {"NR_ask_eigenvalues_jacobi",
-         {jacobi_square},
-         {jacobi_square, jacobi_size, jacobi_square},
-         jacobi<3>,  // not enough, which is reported
-         prepare_symmetric<jacobi_size>,
-         false},
-        {"NR_generalized_eigenvalues_symm",
-         {pencil_square, pencil_square},
-         {pencil_size, pencil_square},
-         pencil_solved,
-         prepare_pencil<pencil_size>,
-         false},
-        {"NR_ask_max_eigen_val_vec",
-         {power_square, power_size},
-         {1, power_size},
-         power_iterated,
-         prepare_definite<power_size, 0>,
-         false},
-        {"NR_cholesky_decomp",
-         {factor_square},
-         {factor_square, factor_size},
-         cholesky_decomposed,
-         prepare_definite<factor_size, 0>,
-         false},
+        row<SOLVE_solve_3equations>("SOLVE_solve_3equations", {9, 3}, {3}),
+        copying("ludcmp_a", {lu_square, lu_size}, lu_outputs, lu_decomposed),
+        copying("lubksb_a", {lu_square, lu_size}, lu_outputs, lu_decomposed),
+        copying("SOLVE_lu_solver", {lu_square, 2 * lu_size}, {lu_square, 2 * lu_size}, lu_solved),
+        copying("SOLVE_svd_decompose", {svd_elements}, {svd_elements, svd_columns, svd_square},
+                svd_decomposed<svd_rows, svd_rows>),
+        copying("SOLVE_svd_decompose", {svd_square}, {svd_square, svd_columns, svd_square},
+                svd_decomposed<svd_columns, svd_columns - 1>),
+        copying("SOLVE_svd_solver", {svd_elements, svd_rows}, {svd_elements, svd_columns},
+                svd_solved),
+        copying("SOLVE_svd_solver_r", {svd_elements, svd_rows, 1}, {svd_elements, svd_columns},
+                svd_solved_with_threshold),
+        copying("NR_ask_eigenvalues_jacobi", {jacobi_square}, jacobi_outputs, jacobi<60>,
+                prepare_symmetric<jacobi_size>),
+        // Not enough sweeps, which is reported.
+        copying("NR_ask_eigenvalues_jacobi", {jacobi_square}, jacobi_outputs, jacobi<3>,
+                prepare_symmetric<jacobi_size>),
+        copying("NR_generalized_eigenvalues_symm", {pencil_square, pencil_square},
+                {pencil_size, pencil_square}, pencil_solved, prepare_pencil<pencil_size>),
+        copying("NR_ask_max_eigen_val_vec", {power_square, power_size}, {1, power_size},
+                power_iterated, prepare_definite<power_size, 0>),
+        copying("NR_cholesky_decomp", {factor_square}, {factor_square, factor_size},
+                cholesky_decomposed, prepare_definite<factor_size, 0>),
         {"NR_cholesky_solver",
          {factor_square, factor_size, factor_size},
          {factor_size},
@@ -323,65 +281,21 @@ std::vector<Call> solve_calls() {
              return NR_cholesky_solver(in[0], factor_size, in[1], in[2], out[0]);
          },
          prepare_factor<factor_size>},
-        {"NR_cholesky_inverse",
-         {factor_square, factor_size},
-         {factor_square},
-         cholesky_inverted,
-         prepare_factor<factor_size>,
-         false},
-        {"NR_2d_matrix_allo", {square}, {square}, made, nullptr, false},
+        copying("NR_cholesky_inverse", {factor_square, factor_size}, {factor_square},
+                cholesky_inverted, prepare_factor<factor_size>),
+        copying("NR_2d_matrix_allo", {square}, {square}, made),
         {"NR_matrix_copy_1d_to_2d", {square}, {square}, copied_1d_to_2d},
-        {"NR_matrix_copy_2d_to_1d", {square}, {square}, copied_2d_to_1d, nullptr, false},
-        {"NR_2d_matrix_identity",
-         {square},
-         {square},
-         changed<NR_2d_matrix_identity>,
-         nullptr,
-         false},
-        {"NR_2d_matrix_init_zero", {square}, {square}, changed<clear_rows>, nullptr, false},
-        {"NR_2d_matrix_nxn_transp",
-         {square},
-         {square},
-         changed<NR_2d_matrix_nxn_transp>,
-         nullptr,
-         false},
-        {"NR_2d_matrix_product_of_2", {square, square}, {square}, multiplied, nullptr, false},
-        {"NR_matrix_2d_as_1d_identity",
-         {square},
-         {square},
-         changed_flat<NR_matrix_2d_as_1d_identity>,
-         nullptr,
-         false},
-        {"NR_matrix_2d_as_1d_init_zero",
-         {square},
-         {square},
-         changed_flat<clear_flat>,
-         nullptr,
-         false},
-        {"NR_matrix_2d_as_1d_init_zero_ut",
-         {square},
-         {square},
-         changed_flat<NR_matrix_2d_as_1d_init_zero_ut>,
-         nullptr,
-         false},
-        {"NR_matrix_2d_as_1d_init_zero_lt",
-         {square},
-         {square},
-         changed_flat<NR_matrix_2d_as_1d_init_zero_lt>,
-         nullptr,
-         false},
-        {"NR_matrix_2d_as_1d_nxn_transp",
-         {square},
-         {square},
-         changed_flat<NR_matrix_2d_as_1d_nxn_transp>,
-         nullptr,
-         false},
-        {"NR_matrix_2d_as_1d_product_of_2",
-         {square, square},
-         {square},
-         multiplied_flat,
-         nullptr,
-         false},
+        copying("NR_matrix_copy_2d_to_1d", {square}, {square}, copied_2d_to_1d),
+        changing<NR_2d_matrix_identity>("NR_2d_matrix_identity"),
+        changing<NR_2d_matrix_init_zero>("NR_2d_matrix_init_zero"),
+        changing<NR_2d_matrix_nxn_transp>("NR_2d_matrix_nxn_transp"),
+        multiplying<NR_2d_matrix_product_of_2>("NR_2d_matrix_product_of_2"),
+        changing<NR_matrix_2d_as_1d_identity>("NR_matrix_2d_as_1d_identity"),
+        changing<NR_matrix_2d_as_1d_init_zero>("NR_matrix_2d_as_1d_init_zero"),
+        changing<NR_matrix_2d_as_1d_init_zero_ut>("NR_matrix_2d_as_1d_init_zero_ut"),
+        changing<NR_matrix_2d_as_1d_init_zero_lt>("NR_matrix_2d_as_1d_init_zero_lt"),
+        changing<NR_matrix_2d_as_1d_nxn_transp>("NR_matrix_2d_as_1d_nxn_transp"),
+        multiplying<NR_matrix_2d_as_1d_product_of_2>("NR_matrix_2d_as_1d_product_of_2"),
     };
 }
 

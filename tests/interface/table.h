@@ -28,6 +28,8 @@ struct Call {
     void (*prepare)(Random& random, Arrays& inputs) = nullptr;
     /// Whether `run` passes the arrays on as they are, so that outputs may lie over inputs.
     bool passes_on = true;
+    /// Whether it writes what all calls share: then no other call may run beside it.
+    bool writes_shared = false;
 };
 
 std::vector<Call> frame_calls();
@@ -39,9 +41,13 @@ std::vector<Call> fit_calls();
 std::vector<Call> dgeom_calls();
 std::vector<Call> facet_calls();
 std::vector<Call> curve_edit_calls();
+std::vector<Call> curve_calls();
 
-/// Releases a record that a row works on; to be called wherever a call may have been left.
+std::vector<Call> polygon_calls();
+
+/// Release what a row works on; to be called wherever a call may have been left.
 void release_held();
+void release_curves();
 
 const std::vector<Call>& interface_table();
 

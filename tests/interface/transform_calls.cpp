@@ -1,9 +1,7 @@
 // The compact vector kit, 4x4 transforms, and predicates on planes, points, boxes and frames.
 #include <algorithm>
-#include <tuple>
-#include <type_traits>
 
-#include "interface/table.h"
+#include "interface/row.h"
 #include "support/rotation.h"
 #include "ztmath/box3.h"
 #include "ztmath/csys.h"
@@ -15,51 +13,6 @@
 namespace ztmath_test {
 
 namespace {
-
-/// The next argument of a call: an input array, a number in an array of its own, an output array.
-struct Arguments {
-    template <class Parameter>
-    Parameter next() {
-        if constexpr (std::is_same_v<Parameter, double*>)
-            return *out++;
-        else if constexpr (std::is_same_v<Parameter, const double*>)
-            return *in++;
-        else
-            return **in++;
-    }
-    In in;
-    Out out;
-};
-
-template <class Result, class... Parameters>
-double called(Result (*function)(Parameters...), In in, Out out) {
-    Arguments arguments{in, out};
-    const std::tuple<Parameters...> values{arguments.next<Parameters>()...};
-    if constexpr (std::is_void_v<Result>) {
-        std::apply(function, values);
-        return 0;
-    } else {
-        return std::apply(function, values);
-    }
-}
-
-/// The row of a function whose parameters say which of its arrays are written.
-template <auto function>
-Call row(const char* name, std::vector<std::size_t> inputs, std::vector<std::size_t> outputs = {},
-         void (*prepare)(Random&, Arrays&) = nullptr) {
-    return {name, std::move(inputs), std::move(outputs),
-            [](In in, Out out) { return called(function, in, out); }, prepare};
-}
-
-/// The row of a function that changes an array in place.
-template <auto function, std::size_t size>
-Call in_place(const char* name, void (*prepare)(Random&, Arrays&) = nullptr) {
-    const auto run = [](In in, Out out) {
-        std::copy_n(in[0], size, out[0]);
-        return called(function, in, out);
-    };
-    return {name, {size}, {size}, run, prepare, false};
-}
 
 /// Puts the axes of frames, and the blocks of transforms, in the place of numbers.
 void prepare_rotations(Random& random, Arrays& inputs) {
@@ -79,6 +32,17 @@ void prepare_axes(Random& random, Arrays& inputs) {
         std::copy_n(r.begin(), 3, inputs[frame + 1].begin());
         std::copy_n(r.begin() + 3, 3, inputs[frame + 2].begin());
     }
+}
+
+double closest_of_four(In in, Out out) {
+    PNT3_ask_closest_point(in[0], in[1], in[2], 4, out[0]);
+    return 0;
+}
+
+double expanded_box(In in, Out out) {
+    std::copy_n(in[1], 6, out[0]);
+    BOX3_expand_with_box(in[0], out[0]);
+    return 0;
 }
 
 }  // namespace
@@ -136,23 +100,8 @@ std::vector<Call> transform_calls() {
         row<PLN3_is_segment_intersecting>("PLN3_is_segment_intersecting", {6, 3, 3, 1}),
         row<PNT3_is_colinear>("PNT3_is_colinear", {3, 3, 3, 1}),
         row<PNT3_colinear_condition>("PNT3_colinear_condition", {3, 3, 3, 1}),
-        {"PNT3_ask_closest_point",
-         {3, 3, 12},
-         {3},
-         [](In in, Out out) -> double {
-             PNT3_ask_closest_point(in[0], in[1], in[2], 4, out[0]);
-             return 0;
-         }},
-        {"BOX3_expand_with_box",
-         {6, 6},
-         {6},
-         [](In in, Out out) -> double {
-             std::copy_n(in[1], 6, out[0]);
-             BOX3_expand_with_box(in[0], out[0]);
-             return 0;
-         },
-         nullptr,
-         false},
+        {"PNT3_ask_closest_point", {3, 3, 12}, {3}, closest_of_four},
+        copying("BOX3_expand_with_box", {6, 6}, {6}, expanded_box),
         row<CSYS_map_csys>("CSYS_map_csys", {12, 12}, {12}, prepare_rotations),
     };
 }

@@ -5,7 +5,6 @@
 
 #include <cmath>
 #include <cstdio>
-#include <limits>
 
 #include "support/random.h"
 #include "support/reports.h"
@@ -15,8 +14,6 @@
 namespace {
 
 using namespace ztmath_test;
-
-constexpr double nan_value = std::numeric_limits<double>::quiet_NaN();
 
 struct Fixed {
     bool done;
@@ -58,25 +55,23 @@ TEST(Mtx3Fixup, SnapsElementsOfXAndYWithinTheTolerance) {
 
 TEST(Mtx3Fixup, MakesAFrameAndReportsWhatItMoved) {
     Random random;
-    for (const int level : {0, 1}) {
-        const CheckingLevel checking(level);
-        for (int round = 0; round < rounds(1000); ++round) {
-            Matrix m = random_rotation(random);
-            const double drift = std::pow(10, random.uniform(-14, -2));
-            for (double& element : m)
-                element += drift * random.uniform(-1, 1);
-            const ReportRecorder recorder;
-            const auto [done, frame] = fixed(m);
-            ASSERT_TRUE(done);
-            ASSERT_LT(rotation_defect(frame), 2.0e-15);
-            ASSERT_LT(distance(frame, m), 1.0e-9 + 10 * drift);
-            Reports expected;
-            for (int i = 0; i < 6; ++i) {
-                const auto k = static_cast<std::size_t>(i);
-                if (std::fabs(frame[k] - m[k]) > 1.0e-10) append_moved(expected, i, m[k], frame[k]);
-            }
-            ASSERT_EQ(recorder.reports(), expected) << "made at every level";
+    for (int round = 0; round < rounds(1000); ++round) {
+        const CheckingLevel checking(round % 2);
+        Matrix m = random_rotation(random);
+        const double drift = std::pow(10, random.uniform(-14, -2));
+        for (double& element : m)
+            element += drift * random.uniform(-1, 1);
+        const ReportRecorder recorder;
+        const auto [done, frame] = fixed(m);
+        ASSERT_TRUE(done);
+        ASSERT_LT(rotation_defect(frame), 2.0e-15);
+        ASSERT_LT(distance(frame, m), 1.0e-9 + 10 * drift);
+        Reports expected;
+        for (int i = 0; i < 6; ++i) {
+            const auto k = static_cast<std::size_t>(i);
+            if (std::fabs(frame[k] - m[k]) > 1.0e-10) append_moved(expected, i, m[k], frame[k]);
         }
+        ASSERT_EQ(recorder.reports(), expected) << "made at every level";
     }
 }
 
@@ -108,7 +103,6 @@ TEST(Mtx3Fixup, SucceedsWithoutAFrameWhereXAndYAreParallel) {
     append_moved(expected, 1, 3, 1);
     append_moved(expected, 4, -2, 0);
     EXPECT_EQ(recorder.reports(), expected);
-    fixed({nan_value, 0, HUGE_VAL, 0, 1.0e200, 0, 0, 0, 1});
 }
 
 }  // namespace

@@ -117,7 +117,6 @@ TEST(Mtx4Builders, MakeMotionsThatDoWhatTheySay) {
         const Transform moving = motion(from, to);
         expect_motion(moving, 1);
         EXPECT_LT(distance(image(moving, from.at(p)), to.at(p)), 2.0e-14);
-        EXPECT_LT(distance(motion(from, from), still), 1.0e-14);
 
         const Vector factors = random.vector();
         const Vector scaled_up = image(scaling(point, factors), p);
@@ -125,9 +124,6 @@ TEST(Mtx4Builders, MakeMotionsThatDoWhatTheySay) {
             EXPECT_NEAR(scaled_up[k], point[k] + factors[k] * (p[k] - point[k]), 2.0e-14);
     }
     EXPECT_EQ(recorder.take(), Reports{});
-    EXPECT_EQ(image(mirror({0, 0, 1}, {0, 0, 2}), {0, 0, 3}), (Vector{0, 0, -1}));
-    EXPECT_EQ(image(scaling({1, 1, 1}, {2, 2, 2}), {2, 1, 1}), (Vector{3, 1, 1}));
-    EXPECT_EQ(image(scaling({1, 1, 1}, {0, -1, 1}), {2, 3, 5}), (Vector{1, -1, 5}));
 }
 
 TEST(Mtx4Builders, RefuseNullDirections) {
@@ -145,8 +141,6 @@ TEST(Mtx4Builders, RefuseNullDirections) {
         motion(good, bad, 1);
         motion(bad, good, 1);
     }
-    const Frame no_numbers(o, {NAN, NAN, NAN, 0, 1, 0});
-    motion(good, no_numbers, 1);
     // Directions that are not perpendicular stand for the absolute axes.
     const Frame skew({1, 0, 0}, {1, 1, 0, 1, 0, 0});
     const Frame turned({0, 5, 0}, {0, 1, 0, -1, 0, 0});
@@ -159,11 +153,9 @@ TEST(Mtx4Rotation, ReversesTheAxisAndTakesItsOwnDegree) {
     EXPECT_EQ(half[4], std::sin(180 * 0.01745329251994328)) << "not that of pi / 180";
     EXPECT_NE(half[4], std::sin(std::acos(-1.0)));
 
+    const CheckingLevel on(1);
     ReportRecorder recorder;
-    for (const int level : {0, 1}) {
-        const CheckingLevel checking(level);
-        rotation({0, 0, 0}, {0, 0, 1}, NAN);
-    }
+    rotation({0, 0, 0}, {0, 0, 1}, NAN);
     EXPECT_EQ(recorder.take(), Reports{assertion("mtx3", "MTX3_is_ortho_normal (r)")});
 }
 
@@ -206,7 +198,6 @@ Transform inverse_by_columns(Transform lu, int expected) {
 }
 
 TEST(Mtx4Invert, HasTheBitsOfTheDecomposition) {
-    const NoBlocksLeft no_blocks_left;
     const double special[] = {0, 0, -0.0, 1, -1, 0.5, 1.0e-300, 1.0e300, HUGE_VAL, -HUGE_VAL, NAN};
     const auto same = [](double x, double y) {
         return std::isnan(x) ? std::isnan(y) : x == y && std::signbit(x) == std::signbit(y);
@@ -235,7 +226,13 @@ TEST(Mtx4Invert, HasTheBitsOfTheDecomposition) {
     EXPECT_GT(std::fabs(inverse(equal_rows)[0]), 1.0e19) << "inverted, not refused";
 }
 
-TEST(Mtx4IsEqual, AsksForTheSameOrthonormality) {
+TEST(Mtx4IsEqual, ComparesElementsAndOrthonormality) {
+    for (std::size_t i = 0; i < 16; ++i) {
+        Transform a{}, b{};  // neither is orthonormal
+        b[i] = -0.5;
+        EXPECT_EQ(MTX4_is_equal(a.data(), b.data(), 0.5), 1);
+        EXPECT_EQ(MTX4_is_equal(a.data(), b.data(), std::nextafter(0.5, 0)), 0) << i;
+    }
     Transform m = still;
     m[0] = 1 + 1.0e-13;
     EXPECT_EQ(MTX4_is_ortho_normal(m.data()), 0);
@@ -249,8 +246,6 @@ TEST(Mtx4IsEqual, AsksForTheSameOrthonormality) {
     EXPECT_EQ(MTX4_is_equal_transform(m.data(), still.data(), 0, 5, 0.5), 1);
     EXPECT_EQ(MTX4_is_equal_transform(m.data(), still.data(), 0, 4.9, 0.5), 0);
     EXPECT_EQ(MTX4_is_equal_transform(m.data(), still.data(), 0, 5, 0.4), 0);
-    m[7] = NAN;
-    EXPECT_EQ(MTX4_is_equal(m.data(), m.data(), 1), 0);
 }
 
 TEST(Mtx4Repair, ChangesTheBlockOnly) {

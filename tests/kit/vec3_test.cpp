@@ -4,147 +4,123 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
+#include <numbers>
 
 #include "support/reports.h"
 #include "support/session.h"
+#include "support/vectors.h"
 
 namespace {
 
 using namespace ztmath_test;
 
-constexpr double pi = 3.14159265358979323846;
-constexpr double nan_value = std::numeric_limits<double>::quiet_NaN();
+constexpr double pi = std::numbers::pi;
 
-TEST(Vec3Unitize, FailsUpToTheToleranceAndWritesZeros) {
-    const double u[3] = {1.0e-10, 0.0, 0.0};
-    double magnitude = 7.0;
-    double unit[3] = {7.0, 7.0, 7.0};
-
-    EXPECT_EQ(VEC3_unitize(u, 1.0e-10, &magnitude, unit), 0);
-    EXPECT_EQ(magnitude, 0.0);
-    for (const double component : unit)
-        EXPECT_EQ(component, 0.0);
-
-    EXPECT_EQ(VEC3_unitize(u, 0.99e-10, &magnitude, unit), 1);
-    EXPECT_EQ(magnitude, 1.0e-10);
-    EXPECT_EQ(unit[0], 1.0e-10 * (1.0 / 1.0e-10));
-}
-
-TEST(Vec3Unitize, MultipliesByTheReciprocalOfTheLength) {
-    const double u[3] = {1.0, 2.0, 4.5};
-    double magnitude;
-    double unit[3];
-    ASSERT_EQ(VEC3_unitize(u, 0.0, &magnitude, unit), 1);
-    EXPECT_EQ(magnitude, std::sqrt(1.0 + 4.0 + 20.25));
-    for (int i = 0; i < 3; ++i)
-        EXPECT_EQ(unit[i], u[i] * (1.0 / magnitude));
-}
-
-TEST(Vec3Unitize, LetsNanThroughAndAssertsOnlyWhenChecking) {
-    for (const double bad : {nan_value, 1.0e19, -1.0e19, HUGE_VAL}) {
-        const double u[3] = {0.0, bad, 0.0};
-        double magnitude;
-        double unit[3];
-        ReportRecorder recorder;
-        {
-            const CheckingLevel off(0);
-            EXPECT_EQ(VEC3_unitize(u, 1.0, &magnitude, unit), 1);
-            EXPECT_EQ(recorder.take(), Reports{});
-        }
-        const CheckingLevel on(1);
-        EXPECT_EQ(VEC3_unitize(u, 1.0, &magnitude, unit), 1);
-        EXPECT_EQ(recorder.take(), Reports{assertion("vec3", "VEC3_is_finite (u)")});
+TEST(Vec3Unitize, ComparesTheLengthAndMultipliesByItsReciprocal) {
+    const struct {
+        Vector u;
+        double tolerance, magnitude;
+    } rows[] = {
+        {{1.0e-10, 0, 0}, 1.0e-10, 0},
+        {{1.0e-10, 0, 0}, 0.99e-10, 1.0e-10},
+        {{1, 2, 4.5}, 0, std::sqrt(25.25)},
+    };
+    for (const auto& row : rows) {
+        double magnitude = 7;
+        Vector unit = {7, 7, 7};
+        EXPECT_EQ(VEC3_unitize(row.u.data(), row.tolerance, &magnitude, unit.data()),
+                  row.magnitude > 0);
+        EXPECT_EQ(magnitude, row.magnitude);
+        for (std::size_t i = 0; i < 3; ++i)
+            EXPECT_EQ(unit[i], magnitude > 0 ? row.u[i] * (1.0 / magnitude) : 0.0);
     }
+}
+
+TEST(Vec3, AssertsThatInputsAreFinite) {
     const CheckingLevel on(1);
-    ReportRecorder recorder;
-    const double below[3] = {0.0, 0.0, std::nextafter(1.0e19, 0.0)};
+    const ReportRecorder recorder;
+    const Vector x = {2, 0, 0};
+    Vector unit;
     double magnitude;
-    double unit[3];
-    EXPECT_EQ(VEC3_unitize(below, 1.0, &magnitude, unit), 1);
-    EXPECT_EQ(recorder.take(), Reports{});
+    const double below = std::nextafter(1.0e19, 0.0);
+    Reports expected;
+    for (const double value : {below, -below, 1.0e19, -HUGE_VAL, double{NAN}}) {
+        const Vector v = {0, value, 0};
+        EXPECT_EQ(VEC3_unitize(v.data(), 1.0, &magnitude, unit.data()), 1);
+        if (std::fabs(value) == below) continue;
+        EXPECT_EQ(VEC3_is_parallel(v.data(), v.data(), 1.0), value == 1.0e19);
+        VEC3_is_perpendicular(x.data(), v.data(), 1.0);
+        expected.push_back(assertion("vec3", "VEC3_is_finite (u)"));
+        for (const char* text : {"( u )", "( v )", "( v )"})
+            expected.push_back(assertion("vec3", std::string("VEC3_is_finite") + text));
+    }
+    EXPECT_EQ(recorder.reports(), expected);
 }
 
 TEST(Vec3Direction, ToleranceIsASineOrCosineAndNullVectorsPass) {
-    const double x[3] = {2.0, 0.0, 0.0};
-    const double minus_x[3] = {-1.0, 0.0, 0.0};
-    const double null[3] = {0.0, 0.99e-10, 0.0};
+    const Vector x = {2, 0, 0};
+    const Vector minus_x = {-1, 0, 0};
+    const Vector null = {0, 0.99e-10, 0};
     const double angle = 0.01;
-    const double tilted[3] = {3.0 * std::cos(angle), 0.0, 3.0 * std::sin(angle)};
-    const double across[3] = {std::sin(angle), std::cos(angle), 0.0};
-
-    EXPECT_EQ(VEC3_is_parallel(x, minus_x, 0.0), 1);
-    EXPECT_EQ(VEC3_is_parallel(x, tilted, std::sin(angle) * 1.000001), 1);
-    EXPECT_EQ(VEC3_is_parallel(x, tilted, std::sin(angle) * 0.999999), 0);
-    EXPECT_EQ(VEC3_is_perpendicular(x, across, std::sin(angle) * 1.000001), 1);
-    EXPECT_EQ(VEC3_is_perpendicular(x, across, std::sin(angle) * 0.999999), 0);
-    for (const double* other : {x, minus_x, null}) {
-        EXPECT_EQ(VEC3_is_parallel(null, other, 0.0), 1);
-        EXPECT_EQ(VEC3_is_perpendicular(other, null, 0.0), 1);
+    const Vector tilted = {3 * std::cos(angle), 0, 3 * std::sin(angle)};
+    const Vector across = {std::sin(angle), std::cos(angle), 0};
+    for (const double factor : {1.000001, 0.999999}) {
+        const double tolerance = std::sin(angle) * factor;
+        EXPECT_EQ(VEC3_is_parallel(x.data(), tilted.data(), tolerance), factor > 1);
+        EXPECT_EQ(VEC3_is_perpendicular(x.data(), across.data(), tolerance), factor > 1);
     }
-
-    const CheckingLevel on(1);
-    ReportRecorder recorder;
-    const double bad[3] = {nan_value, 0.0, 0.0};
-    EXPECT_EQ(VEC3_is_parallel(bad, bad, 1.0), 0);
-    EXPECT_EQ(VEC3_is_perpendicular(x, bad, 1.0), 0);
-    EXPECT_EQ(recorder.take(), (Reports{assertion("vec3", "VEC3_is_finite( u )"),
-                                        assertion("vec3", "VEC3_is_finite( v )"),
-                                        assertion("vec3", "VEC3_is_finite( v )")}));
+    EXPECT_EQ(VEC3_is_parallel(x.data(), minus_x.data(), 0), 1);
+    for (const Vector& other : {x, minus_x, null}) {
+        EXPECT_EQ(VEC3_is_parallel(null.data(), other.data(), 0), 1);
+        EXPECT_EQ(VEC3_is_perpendicular(other.data(), null.data(), 0), 1);
+    }
 }
 
 TEST(Vec3AskPerpendicular, ZeroesTheLeastComponentWithItsTies) {
-    struct {
-        double u[3], expected[3];
-    } const rows[] = {
+    const Vector rows[][2] = {
         {{1, 2, 3}, {0, 3, -2}},  {{3, 2, 1}, {-2, 3, 0}},       {{2, 1, 3}, {3, 0, -2}},
         {{1, 1, 0}, {1, -1, 0}},  {{1, 1, 1}, {1, -1, 0}},       {{3, 1, 1}, {-1, 3, 0}},
         {{1, 3, 1}, {3, -1, 0}},  {{1, 1, 3}, {3, 0, -1}},       {{0, 2, 2}, {0, -2, 2}},
         {{2, 0, -2}, {2, 0, 2}},  {{-2, 3, -1}, {3, 2, 0}},      {{0, 0, 5}, {5, 0, 0}},
         {{0, -5, 0}, {-5, 0, 0}}, {{0.99e-10, 0, 0}, {0, 0, 0}},
     };
-    for (const auto& row : rows) {
-        double out[3];
-        const bool null = row.expected[0] == 0 && row.expected[1] == 0 && row.expected[2] == 0;
-        EXPECT_EQ(VEC3_ask_perpendicular(row.u, out), !null);
-        for (int i = 0; i < 3; ++i)
-            EXPECT_EQ(out[i], row.expected[i]) << "component " << i << " of (" << row.u[0] << ", "
-                                               << row.u[1] << ", " << row.u[2] << ")";
+    for (const auto& [u, expected] : rows) {
+        Vector out;
+        EXPECT_EQ(VEC3_ask_perpendicular(u.data(), out.data()), expected != Vector{});
+        EXPECT_EQ(out, expected) << testing::PrintToString(u);
     }
 }
 
 TEST(Vec3AngleBetween, RunsCounterClockwiseAboutTheReference) {
-    const double x[3] = {2, 0, 0};
-    const double y[3] = {0, 3, 0};
-    const double up[3] = {0, 0, 1.0e-3};
-    const double down[3] = {0, 0, -50};
-    const double minus_x[3] = {-1, 0, 0};
-    const double null[3] = {0, 0, 1.0e-10};
-
-    EXPECT_DOUBLE_EQ(VEC3_angle_between(x, y, up), pi / 2);
-    EXPECT_DOUBLE_EQ(VEC3_angle_between(x, y, down), 3 * pi / 2);
-    EXPECT_DOUBLE_EQ(VEC3_angle_between(x, minus_x, down), pi);
-    EXPECT_DOUBLE_EQ(VEC3_angle_between(x, y, x), pi / 2);
-    EXPECT_EQ(VEC3_angle_between(x, null, up), 0.0);
-    const double slightly_back[3] = {1, -0.9e-10, 0};
-    const double back[3] = {1, -1.1e-10, 0};
-    EXPECT_EQ(VEC3_angle_between(x, slightly_back, up), 0.0);
-    EXPECT_GT(VEC3_angle_between(x, back, up), 6.28);
+    const Vector x = {2, 0, 0};
+    const Vector up = {0, 0, 1.0e-3};
+    const Vector down = {0, 0, -50};
+    const struct {
+        Vector v, reference;
+        double angle;
+    } rows[] = {
+        {{0, 3, 0}, up, pi / 2},
+        {{0, 3, 0}, down, 3 * pi / 2},
+        {{-1, 0, 0}, down, pi},
+        {{0, 3, 0}, x, pi / 2},
+        {{0, 0, 1.0e-10}, up, 0},
+        {{1, -0.9e-10, 0}, up, 0},
+        {{1, -1.1e-10, 0}, up, 2 * pi - 1.1e-10},
+    };
+    for (const auto& row : rows)
+        EXPECT_DOUBLE_EQ(VEC3_angle_between(x.data(), row.v.data(), row.reference.data()),
+                         row.angle)
+            << "row " << &row - rows;
 }
 
-TEST(Vec3MakeTrihedral, SplitsAlongAndAcrossAlsoInPlace) {
-    double u[3] = {1, 2, 3};
-    double axis[3] = {0, 0, 1};
-    double third[3];
-    VEC3_make_trihedral(u, axis, u, third, axis);
-    const double expected_across[3] = {1, 2, 0};
-    const double expected_third[3] = {-2, 1, 0};
-    const double expected_along[3] = {0, 0, 3};
-    for (int i = 0; i < 3; ++i) {
-        EXPECT_EQ(u[i], expected_across[i]);
-        EXPECT_EQ(third[i], expected_third[i]);
-        EXPECT_EQ(axis[i], expected_along[i]);
-    }
+TEST(Vec3MakeTrihedral, SplitsAlongAndAcross) {
+    const Vector u = {1, 2, 3};
+    const Vector axis = {0, 0, 1};
+    Vector across, third, along;
+    VEC3_make_trihedral(u.data(), axis.data(), across.data(), third.data(), along.data());
+    EXPECT_EQ(across, (Vector{1, 2, 0}));
+    EXPECT_EQ(third, (Vector{-2, 1, 0}));
+    EXPECT_EQ(along, (Vector{0, 0, 3}));
 }
 
 }  // namespace

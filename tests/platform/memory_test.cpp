@@ -8,6 +8,7 @@
 #include <functional>
 #include <new>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "support/random.h"
@@ -48,22 +49,20 @@ bool all_bytes_are(const void* block, std::size_t length, unsigned char value) {
 TEST(Memory, BlocksKnowTheirLengthAndAreCounted) {
     const NoBlocksLeft watch;
     const std::size_t before = SYSS_block_count();
-    void* const blocks[] = {SM_alloc(7),
-                            SM_alloc(0),
-                            SM_calloc(3, 5),
-                            SM_calloc(0, SIZE_MAX),
-                            SM_calloc_persistent(SIZE_MAX, 0),
-                            SM_calloc_persistent(2, 8),
-                            SM_realloc(nullptr, 9)};
-    const std::size_t lengths[] = {7, 0, 15, 0, 0, 16, 9};
-    for (std::size_t i = 0; i < std::size(blocks); ++i) {
-        ASSERT_NE(blocks[i], nullptr);
-        EXPECT_EQ(SM_length(blocks[i]), lengths[i]);
-        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(blocks[i]) % alignof(std::max_align_t), 0U);
-    }
-    EXPECT_EQ(SYSS_block_count(), before + std::size(blocks));
-    for (void* block : blocks)
+    const std::pair<void*, std::size_t> made[] = {{SM_alloc(7), 7},
+                                                  {SM_alloc(0), 0},
+                                                  {SM_calloc(3, 5), 15},
+                                                  {SM_calloc(0, SIZE_MAX), 0},
+                                                  {SM_calloc_persistent(SIZE_MAX, 0), 0},
+                                                  {SM_calloc_persistent(2, 8), 16},
+                                                  {SM_realloc(nullptr, 9), 9}};
+    EXPECT_EQ(SYSS_block_count(), before + std::size(made));
+    for (const auto& [block, length] : made) {
+        ASSERT_NE(block, nullptr);
+        EXPECT_EQ(SM_length(block), length);
+        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(block) % alignof(std::max_align_t), 0U);
         SM_free(block);
+    }
     SM_free(nullptr);
     EXPECT_EQ(SM_length(nullptr), 0U);
 }
@@ -87,8 +86,8 @@ TEST(Memory, ResizingKeepsContentsUpToTheSmallerLength) {
     std::vector<unsigned char> mirror;
     void* block = SM_alloc(0);
     for (int round = 0; round < rounds(2000); ++round) {
-        const auto length = static_cast<std::size_t>(
-            random.integer(0, 3) == 0 ? random.integer(0, 20000) : random.integer(0, 300));
+        const auto length =
+            static_cast<std::size_t>(random.integer(0, random.integer(0, 3) == 0 ? 20000 : 300));
         mirror.resize(std::min(mirror.size(), length));
         block = SM_realloc(block, length);
         ASSERT_EQ(SM_length(block), length);

@@ -39,6 +39,11 @@ void report_one_of_each() {
 
 TEST(Reports, ReachTheHandlerWithAllTheySay) {
     ReportRecorder recorder;
+    {
+        const ReportRecorder inner;
+        ERROR_lprintf("inner");
+        EXPECT_EQ(inner.reports(), Reports{log_line("inner")});
+    }
     report_one_of_each();
     EXPECT_EQ(recorder.lines(), (std::vector<int>{1, 2, 3, 0}));
     EXPECT_EQ(recorder.take(), (Reports{raised("m", 17, "100% raised"), internal("m", "internal 5"),
@@ -51,44 +56,28 @@ TEST(Reports, ReachTheHandlerWithAllTheySay) {
               (Reports{raised("m", 1, long_text), note("m", std::string(1023, 'x'))}));
 }
 
-TEST(Reports, HandlersReplaceOneAnother) {
-    const ReportRecorder outer;
-    {
-        const ReportRecorder inner;
-        ERROR_lprintf("inner");
-        EXPECT_EQ(inner.reports(), Reports{log_line("inner")});
-    }
-    ERROR_lprintf("outer");
-    EXPECT_EQ(outer.reports(), Reports{log_line("outer")});
-}
-
 TEST(Reports, GoToStandardErrorWithoutAHandler) {
-    const std::string all_but_raised =
-        "internal error in m (2): internal 5\n"
-        "note from m (3): note of 0.12\n"
-        "log 7\n";
     EXPECT_EQ(standard_error_of(report_one_of_each),
-              "error 17 in m (1): 100% raised\n" + all_but_raised);
-    EXPECT_EQ(standard_error_of([] {
-                  guarded([] {
-                      ERROR_internal("m", 2, "internal 5");
-                      ERROR_raise("m", 1, 17, "goes to the guard");
-                  });
-              }),
-              "internal error in m (2): internal 5\n");
+              "error 17 in m (1): 100% raised\n"
+              "internal error in m (2): internal 5\n"
+              "note from m (3): note of 0.12\n"
+              "log 7\n");
+    const auto body = [] {
+        ERROR_internal("m", 2, "internal 5");
+        ERROR_raise("m", 1, 17, "goes to the guard");
+    };
+    EXPECT_EQ(standard_error_of([&] { guarded(body); }), "internal error in m (2): internal 5\n");
 }
 
 TEST(Guard, TurnsARaisedReportIntoAResult) {
     ReportRecorder recorder;
     SYSS_failure_t failure{};
     bool went_on = false;
-    EXPECT_EQ(guarded(
-                  [&] {
-                      report_one_of_each();
-                      went_on = true;
-                  },
-                  &failure),
-              SYSS_RAISED);
+    const auto body = [&] {
+        report_one_of_each();
+        went_on = true;
+    };
+    EXPECT_EQ(guarded(body, &failure), SYSS_RAISED);
     EXPECT_FALSE(went_on);
     EXPECT_EQ(failure.code, 17);
     EXPECT_EQ(failure.line, 1);
@@ -107,14 +96,12 @@ TEST(Guard, TurnsARaisedReportIntoAResult) {
 TEST(Guard, LetsOtherReportsAndCompletedCallsGoOn) {
     const ReportRecorder recorder;
     SYSS_failure_t failure{5, 6, "before", "before"};
-    EXPECT_EQ(guarded(
-                  [] {
-                      ERROR_internal("m", 1, "one");
-                      ERROR_note("m", 2, "two");
-                      ERROR_lprintf("three");
-                  },
-                  &failure),
-              SYSS_COMPLETED);
+    const auto body = [] {
+        ERROR_internal("m", 1, "one");
+        ERROR_note("m", 2, "two");
+        ERROR_lprintf("three");
+    };
+    EXPECT_EQ(guarded(body, &failure), SYSS_COMPLETED);
     EXPECT_EQ(recorder.reports(),
               (Reports{internal("m", "one"), note("m", "two"), log_line("three")}));
     EXPECT_EQ(failure.code, 5);
@@ -125,14 +112,11 @@ TEST(Guard, NestsAndEndsWithItsCall) {
     const ReportRecorder recorder;
     SYSS_failure_t inner{};
     SYSS_failure_t outer{};
-    EXPECT_EQ(guarded(
-                  [&] {
-                      EXPECT_EQ(guarded([] { ERROR_raise("m", 1, 1, "inner"); }, &inner),
-                                SYSS_RAISED);
-                      ERROR_raise("m", 2, 2, "outer");
-                  },
-                  &outer),
-              SYSS_RAISED);
+    const auto nesting = [&] {
+        EXPECT_EQ(guarded([] { ERROR_raise("m", 1, 1, "inner"); }, &inner), SYSS_RAISED);
+        ERROR_raise("m", 2, 2, "outer");
+    };
+    EXPECT_EQ(guarded(nesting, &outer), SYSS_RAISED);
     EXPECT_STREQ(inner.message, "inner");
     EXPECT_STREQ(outer.message, "outer");
 

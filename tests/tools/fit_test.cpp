@@ -22,74 +22,42 @@ Points points_of(int dimension, std::vector<double> coordinates) {
     return points;
 }
 
-/// Points of z = a x + b y + c, or of y = a x + c, over a square.
-struct Flat {
-    double a, b, c;
-    Points space, plane;
-};
-
-Flat flat_points(Random& random, double size) {
-    Flat flat{random.normal(), random.normal(), size * random.normal(), {3, {}, {}}, {2, {}, {}}};
-    std::vector<double> space, plane;
-    for (int i = 0; i < 60; ++i) {
-        const double x = random.uniform(0.0, size), y = random.uniform(0.0, size);
-        space.insert(space.end(), {x, y, flat.a * x + flat.b * y + flat.c});
-        plane.insert(plane.end(), {x, flat.a * x + flat.c});
-    }
-    flat.space = points_of(3, space);
-    flat.plane = points_of(2, plane);
-    return flat;
-}
-
-/// A line in space.
-Points thin_points(Random& random, double size) {
-    const auto direction = random.vector();
-    std::vector<double> coordinates;
-    for (int i = 0; i < 60; ++i) {
-        const double t = random.uniform(0.0, size);
-        for (const double d : direction)
-            coordinates.push_back(7.0 * size + t * d);
-    }
-    return points_of(3, coordinates);
-}
-
 // In millimetres alone, rounding makes the library miss about half of these.
 TEST(Fit, FindsFlatAndStraightPointsOfEverySize) {
     Random random;
     for (int round = 0; round < rounds(100); ++round)
         for (const double size : {0.1, 30.0, 2e3, 1e7, 1e12}) {
-            const Flat flat = flat_points(random, size);
-            const double rounding = 1e-13 * size * (1.0 + std::fabs(flat.c / size));
-            const PlaneFit plane = fit_plane(flat.space, millimetres);
-            const Line2Fit line = fit_line_2d(flat.plane, millimetres);
-            const Line3Fit space_line = fit_line_3d(thin_points(random, size), millimetres);
+            const double a = random.normal(), b = random.normal(), c = size * random.normal();
+            const auto direction = random.vector();
+            std::vector<double> flat, straight, thin;  // the last a line in space
+            for (int i = 0; i < 60; ++i) {
+                const double x = random.uniform(0.0, size), y = random.uniform(0.0, size);
+                flat.insert(flat.end(), {x, y, a * x + b * y + c});
+                straight.insert(straight.end(), {x, a * x + c});
+                for (const double d : direction)
+                    thin.push_back(7.0 * size + y * d);
+            }
+            const double rounding = 1e-13 * size * (1.0 + std::fabs(c / size));
+            const PlaneFit plane = fit_plane(points_of(3, flat), millimetres);
+            const Line2Fit line = fit_line_2d(points_of(2, straight), millimetres);
+            const Line3Fit space_line = fit_line_3d(points_of(3, thin), millimetres);
             ASSERT_LT(plane.distances.max, 20.0 * rounding) << size;
             ASSERT_LT(line.distances.max, 20.0 * rounding) << size;
             ASSERT_LT(space_line.distances.max, 40.0 * rounding + 1e-12 * size) << size;
-            ASSERT_NEAR(line.normal[0] + line.normal[1] * flat.a, 0.0, 1e-10);
-            ASSERT_NEAR(plane.normal[0] + plane.normal[2] * flat.a, 0.0, 1e-10);
+            ASSERT_NEAR(line.normal[0] + line.normal[1] * a, 0.0, 1e-10);
+            ASSERT_NEAR(plane.normal[0] + plane.normal[2] * a, 0.0, 1e-10);
         }
 }
 
-TEST(Fit, OfScatteredPointsIsTheLibrarys) {
+TEST(Fit, OfALineThroughScatteredPointsIsTheLibrarys) {
     Random random;
     std::vector<double> coordinates;
     for (int i = 0; i < 50; ++i)
         coordinates.insert(coordinates.end(),
                            {random.uniform(0, 90), random.uniform(0, 50), random.normal()});
     const Points points = points_of(3, coordinates);
-    double point[3], normal[3], statistics[3], direction[3], frame[12];
-    int collinear, coincident;
-    LSFIT_plane_to_points(coordinates.data(), 50, point, normal, &collinear, statistics);
-    const PlaneFit plane = fit_plane(points, millimetres);
-    EXPECT_EQ(plane.point, load<3>(point));
-    EXPECT_EQ(plane.normal, load<3>(normal));
-    EXPECT_NEAR(plane.distances.max, statistics[0], 1e-12);
-    EXPECT_NEAR(plane.distances.rms, statistics[1], 1e-12);
-    EXPECT_NEAR(plane.distances.mean, statistics[2], 1e-12);
-
-    double none[3] = {};
-    collinear = 0;
+    double none[3] = {}, point[3], statistics[3], direction[3], frame[12];
+    int collinear = 0, coincident;
     LSFIT_line_to_points_3d(coordinates.data(), 50, none, &collinear, &coincident, point, direction,
                             statistics, frame);
     const Line3Fit line = fit_line_3d(points, millimetres);
@@ -99,6 +67,44 @@ TEST(Fit, OfScatteredPointsIsTheLibrarys) {
     for (int k = 0; k < 3; ++k)  // the point is the centroid but for rounding
         EXPECT_NEAR(line.point[static_cast<std::size_t>(k)], frame[k], 1e-12);
     EXPECT_GE(line.distances.max, line.plane_distances.max);
+}
+
+// In millimetres alone, the library gives few points, or none, of the smallest and the largest.
+TEST(Fit, FindsCirclesAndSpheresOfEverySize) {
+    Random random;
+    for (const double size : {0.005, 0.1, 30.0, 1e7, 1e12})
+        for (const Unit& unit : {millimetres, unit_named("m")}) {
+            SCOPED_TRACE(size);
+            std::vector<double> arc, ring, ball;
+            for (int i = 0; i < 80; ++i) {
+                const double a = random.uniform(0.5, 3.5), b = random.uniform(-1, 1);
+                const double r = size * (1 + 1e-4 * random.normal());
+                const double x = 3 * size + r * std::cos(a), y = r * std::sin(a);
+                arc.insert(arc.end(), {x, y});
+                ring.insert(ring.end(), {0.8 * x, y, 0.6 * x});
+                ball.insert(ball.end(), {3 * size + r * std::cos(a) * std::cos(b),
+                                         r * std::sin(a) * std::cos(b), r * std::sin(b)});
+            }
+            const CircleFit circle = fit_circle(points_of(2, arc), unit);
+            const Circle3Fit circle3 = fit_circle_3d(points_of(3, ring), unit);
+            const SphereFit sphere = fit_sphere(points_of(3, ball), unit);
+            ASSERT_EQ(circle.shape, Shape::regular);
+            ASSERT_EQ(circle3.shape, Shape::regular);
+            ASSERT_EQ(sphere.shape, Shape::regular);
+            EXPECT_NEAR(circle.radius, size, 2e-4 * size);
+            EXPECT_NEAR(circle.centre[0], 3 * size, 2e-4 * size);
+            EXPECT_NEAR(circle.distances.rms, 1e-4 * size, 2e-5 * size);
+            EXPECT_NEAR(circle.start, 0.5 * 180 / M_PI, 15);
+            EXPECT_NEAR(circle.covered, 3 * 180 / M_PI, 25);
+            EXPECT_NEAR(sphere.radius, size, 2e-4 * size);
+            EXPECT_NEAR(sphere.distances.rms, 1e-4 * size, 2e-5 * size);
+            const Vec3 off3 = circle3.centre - Vec3{2.4 * size, 0, 1.8 * size};
+            const Vec3 off_ball = sphere.centre - Vec3{3 * size, 0, 0};
+            EXPECT_LE(length(off3), 4e-4 * size);
+            EXPECT_LE(length(off_ball), 4e-4 * size);
+            EXPECT_NEAR(circle3.circle.distances.rms, circle.distances.rms, 1e-6 * size);
+            EXPECT_NEAR(circle3.circle.covered, circle.covered, 0.1);
+        }
 }
 
 // The library's own point for (0,3), (1,3), (2,3) is (1,1), and its distances are 2.
@@ -144,23 +150,42 @@ TEST(Fit, OfAPartIsTheSameInEveryUnit) {
 
 TEST(Fit, SaysWhatHasNoAnswer) {
     const Unit& metres = unit_named("m");
-    const auto plane = [](std::vector<double> p, const Unit& unit) {
-        return fit_plane(points_of(3, std::move(p)), unit).shape;
+    const struct {
+        std::vector<double> points;
+        Shape plane, line;
+        const Unit& unit = millimetres;
+    } rows[] = {
+        {{}, Shape::too_few, Shape::too_few},
+        {{1, 1, 1, 1, 1, 1}, Shape::too_few, Shape::coincident},
+        {{1, 1, 1, 1, 1, 2}, Shape::too_few, Shape::regular},
+        {{5, 5, 5, 5, 5, 5, 5, 5, 5.0009}, Shape::coincident, Shape::coincident},
+        {{5, 5, 5, 5, 5, 5, 5, 5, 5.0009}, Shape::collinear, Shape::regular, metres},
+        {{0, 0, 0, 1, 2, 3, 5, 10, 15}, Shape::collinear, Shape::regular},
+        {{0, 0, 0, 1, 2, 3, 5, 10, 15.1}, Shape::regular, Shape::regular},
+        {{0, 0, 0, 1e9, 2e9, 3e9, 1e9 / 3, 2e9 / 3, 1e9}, Shape::collinear, Shape::regular},
     };
-    EXPECT_EQ(plane({}, millimetres), Shape::too_few);
-    EXPECT_EQ(plane({0, 0, 0, 1, 0, 0}, millimetres), Shape::too_few);
-    EXPECT_EQ(plane({5, 5, 5, 5, 5, 5, 5, 5, 5}, millimetres), Shape::coincident);
-    EXPECT_EQ(plane({5, 5, 5, 5, 5, 5, 5, 5, 5.0009}, millimetres), Shape::coincident);
-    EXPECT_EQ(plane({5, 5, 5, 5, 5, 5, 5, 5, 5.0009}, metres), Shape::collinear);
-    EXPECT_EQ(plane({0, 0, 0, 1, 2, 3, 5, 10, 15}, millimetres), Shape::collinear);
-    EXPECT_EQ(plane({0, 0, 0, 1, 2, 3, 5, 10, 15.1}, millimetres), Shape::regular);
-    EXPECT_EQ(plane({0, 0, 0, 1e9, 2e9, 3e9, 1e9 / 3, 2e9 / 3, 1e9}, millimetres),
-              Shape::collinear);
+    for (const auto& row : rows) {
+        const Points points = points_of(3, row.points);
+        EXPECT_EQ(fit_plane(points, row.unit).shape, row.plane) << &row - rows;
+        EXPECT_EQ(fit_line_3d(points, row.unit).shape, row.line) << &row - rows;
+    }
+    const auto circle = [](std::vector<double> p) {
+        return fit_circle(points_of(2, std::move(p)), millimetres).shape;
+    };
+    const auto sphere = [](std::vector<double> p) {
+        return fit_sphere(points_of(3, std::move(p)), millimetres).shape;
+    };
+    EXPECT_EQ(circle({0, 0, 1, 1}), Shape::too_few);
+    EXPECT_EQ(circle({1, 2, 1, 2, 1, 2.0009}), Shape::coincident);
+    EXPECT_EQ(circle({1, 2, 2, 4, 3e9, 6e9, -7, -14}), Shape::collinear);
+    EXPECT_EQ(circle({0, 0, 10, 0, 3, 7}), Shape::regular);
+    EXPECT_EQ(sphere({0, 0, 0, 1, 0, 0, 0, 1, 0}), Shape::too_few);
+    EXPECT_EQ(sphere({0, 0, 0, 1, 2, 3, 5, 10, 15, 2, 4, 6}), Shape::collinear);
+    EXPECT_EQ(sphere({0, 0, 3, 5, 0, 3, 0, 5, 3, 9, 9, 3, 2, 1, 3}), Shape::coplanar);
+    EXPECT_EQ(sphere({0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1}), Shape::regular);
     EXPECT_EQ(fit_line_2d(points_of(2, {1, 1}), millimetres).shape, Shape::too_few);
     EXPECT_EQ(fit_line_2d(points_of(2, {1, 1, 1, 1}), millimetres).shape, Shape::coincident);
     EXPECT_EQ(fit_line_2d(points_of(2, {1, 1, 1, 2}), millimetres).shape, Shape::regular);
-    EXPECT_EQ(fit_line_3d(points_of(3, {1, 1, 1, 1, 1, 1}), millimetres).shape, Shape::coincident);
-    EXPECT_EQ(fit_line_3d(points_of(3, {1, 1, 1, 1, 1, 2}), millimetres).shape, Shape::regular);
 }
 
 }  // namespace

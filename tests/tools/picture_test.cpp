@@ -5,8 +5,11 @@
 #include <cmath>
 #include <numeric>
 
+#include "circle_picture.h"
 #include "line_picture.h"
 #include "plane_picture.h"
+#include "run_tool.h"
+#include "sphere_picture.h"
 #include "support/random.h"
 #include "svg_document.h"
 
@@ -27,6 +30,12 @@ Points scattered(int dimension, int count, double noise) {
         points.lines.push_back(static_cast<std::uint32_t>(i + 1));
     }
     return points;
+}
+
+SvgDocument plane_svg(const Points& points, const std::string& name = "p.txt") {
+    SvgDocument svg(plane_picture(points, fit_plane(points, millimetres), millimetres, name));
+    EXPECT_TRUE(svg.well_formed()) << name;
+    return svg;
 }
 
 /// The distances in the order in which points are drawn: the farthest last.
@@ -60,11 +69,9 @@ TEST(PlanePicture, ShowsEveryPointAtItsDistance) {
     for (const int count : {4, 40, 400, 1500}) {
         SCOPED_TRACE(count);
         const Points points = scattered(3, count, 0.1);
-        const PlaneFit fit = fit_plane(points, millimetres);
-        const SvgDocument svg(plane_picture(points, fit, millimetres, "p.txt"));
-        ASSERT_TRUE(svg.well_formed());
+        const SvgDocument svg = plane_svg(points);
         const auto dots = svg.find("distances", "dot");
-        expect_heights(dots, drawn_distances(fit.distances.of_point));
+        expect_heights(dots, drawn_distances(fit_plane(points, millimetres).distances.of_point));
         expect_ring_around(svg, "distances", dots.back());
         expect_ring_around(svg, "plan", svg.find("plan", "dot").back());
         EXPECT_EQ(svg.find("distances", "residual").size(), count <= 400 ? count : 0U);
@@ -76,8 +83,7 @@ TEST(PlanePicture, ShowsEveryPointAtItsDistance) {
 
 TEST(PlanePicture, CountsEveryPointInTheHistogram) {
     const Points points = scattered(3, 900, 0.1);
-    const PlaneFit fit = fit_plane(points, millimetres);
-    const SvgDocument svg(plane_picture(points, fit, millimetres, "p.txt"));
+    const SvgDocument svg = plane_svg(points);
     double area = 0.0, least = 1e9;
     for (const SvgElement& bar : svg.find("histogram", "bar")) {
         area += bar.number("height");
@@ -91,27 +97,22 @@ TEST(PlanePicture, CountsEveryPointInTheHistogram) {
 TEST(PlanePicture, ThinsOutButKeepsTheFarthest) {
     Points points = scattered(3, 50000, 0.1);
     points.coordinates[3 * 33333 + 2] += 9.0;
-    const PlaneFit fit = fit_plane(points, millimetres);
-    const SvgDocument svg(plane_picture(points, fit, millimetres, "p.txt"));
-    ASSERT_TRUE(svg.well_formed());
+    const SvgDocument svg = plane_svg(points);
     const auto dots = svg.find("distances", "dot");
     EXPECT_LT(dots.size(), 3600U);
     EXPECT_LT(svg.find("plan", "dot").size(), 3100U);
     expect_ring_around(svg, "distances", dots.back());
-    EXPECT_NE(svg.words("distances").find("line 33334"), std::string::npos);
-    EXPECT_NE(svg.words("heading").find("50 000 points"), std::string::npos);
-    EXPECT_NE(svg.words("heading").find("about 3 000 of them drawn"), std::string::npos);
+    expect_parts(svg.words("distances"), {"line 33334"});
+    expect_parts(svg.words("heading"), {"50 000 points", "about 3 000 of them drawn"});
 }
 
 TEST(PlanePicture, OfExactPointsClaimsNoDistances) {
     const Points points{3, {0, 0, 0, 10, 0, 0.1, 0, 7, 0.2}, {1, 2, 3}};
-    const PlaneFit fit = fit_plane(points, millimetres);
-    const SvgDocument svg(plane_picture(points, fit, millimetres, "p.txt"));
-    ASSERT_TRUE(svg.well_formed());
+    const SvgDocument svg = plane_svg(points);
     EXPECT_TRUE(svg.find("distances", "ring").empty());
     EXPECT_TRUE(svg.find("distances", "band").empty());
     EXPECT_EQ(svg.find("distances", "dot").size(), 3U);
-    EXPECT_NE(svg.words("heading").find("but for rounding"), std::string::npos);
+    expect_parts(svg.words("heading"), {"but for rounding"});
 }
 
 TEST(LinePicture, IsInTrueProportion) {
@@ -153,24 +154,88 @@ TEST(LinePicture, OfALineInSpaceShowsItFromTheSideAndEndOn) {
                 fit.distances.max * per_unit, 0.05);
 }
 
+/// Points about (3, 5) or (3, 5, 7): an arc of radius 40, or a cap.
+Points around(int dimension, int count, double widest) {
+    Random random;
+    Points points{dimension, {}, {}};
+    for (int i = 0; i < count; ++i) {
+        const double a = random.uniform(0, widest), r = 40 + 0.1 * random.normal();
+        const double b = dimension == 3 ? random.uniform(0, 6) : 0;
+        points.coordinates.push_back(3 + r * std::cos(a));
+        points.coordinates.push_back(5 + r * std::sin(a) * std::cos(b));
+        if (dimension == 3) points.coordinates.push_back(7 + r * std::sin(a) * std::sin(b));
+        points.lines.push_back(static_cast<std::uint32_t>(i + 1));
+    }
+    return points;
+}
+
+/// Fails unless the dots are as far from the drawn circle as the points from the true one.
+void expect_dots_about(const SvgElement& circle, const std::vector<SvgElement>& dots,
+                       const std::vector<double>& distances, double radius) {
+    ASSERT_EQ(dots.size(), distances.size());
+    const double scale = circle.number("r") / radius;
+    for (std::size_t i = 0; i < dots.size(); ++i)
+        EXPECT_NEAR(std::hypot(dots[i].number("cx") - circle.number("cx"),
+                               dots[i].number("cy") - circle.number("cy")),
+                    circle.number("r") + scale * distances[i], 0.03);
+}
+
+TEST(CirclePicture, IsInTrueProportionAndShowsTheDistances) {
+    for (const double arc : {0.3, 2.0, 6.2}) {
+        const Points points = around(2, 90, arc);
+        const CircleFit fit = fit_circle(points, millimetres);
+        const SvgDocument svg(circle_picture(points, fit, millimetres, "p.txt"));
+        ASSERT_TRUE(svg.well_formed());
+        const auto distances = drawn_distances(fit.distances.of_point);
+        expect_heights(svg.find("distances", "dot"), distances);
+        expect_dots_about(svg.find("points", "fit")[0], svg.find("points", "dot"), distances,
+                          fit.radius);
+        expect_ring_around(svg, "points", svg.find("points", "dot").back());
+        EXPECT_EQ(svg.find("points", "residual").size(), 90U);
+    }
+    const Points ring = around(3, 90, 0.0);  // all at one place but for the radius: a line
+    EXPECT_EQ(fit_circle_3d(ring, millimetres).shape, Shape::collinear);
+    Points in_space{3, {}, {}};
+    const Points flat = around(2, 90, 2.0);
+    for (int i = 0; i < 90; ++i)
+        in_space.coordinates.insert(in_space.coordinates.end(),
+                                    {flat.at(i)[0], 0.8 * flat.at(i)[1], 0.6 * flat.at(i)[1]});
+    in_space.lines = flat.lines;
+    const Circle3Fit fit = fit_circle_3d(in_space, millimetres);
+    const SvgDocument svg(circle_picture(in_space, fit, millimetres, "p.txt"));
+    ASSERT_TRUE(svg.well_formed());
+    expect_dots_about(svg.find("points", "fit")[0], svg.find("points", "dot"),
+                      drawn_distances(fit.circle.distances.of_point), fit.circle.radius);
+}
+
+TEST(SpherePicture, ShowsEveryPointWithinTheOutline) {
+    for (const double widest : {0.5, 3.1}) {
+        const Points points = around(3, 300, widest);
+        const SphereFit fit = fit_sphere(points, millimetres);
+        const SvgDocument svg(sphere_picture(points, fit, millimetres, "p.txt"));
+        ASSERT_TRUE(svg.well_formed());
+        expect_heights(svg.find("distances", "dot"), drawn_distances(fit.distances.of_point));
+        const SvgElement outline = svg.find("plan", "fit")[0];
+        const auto dots = svg.find("plan", "dot");
+        EXPECT_EQ(dots.size(), 300U);
+        for (const SvgElement& dot : dots)
+            EXPECT_LT(std::hypot(dot.number("cx") - outline.number("cx"),
+                                 dot.number("cy") - outline.number("cy")),
+                      1.01 * outline.number("r"));
+    }
+}
+
 TEST(Picture, StaysWellFormedWhateverTheFileIsCalled) {
     const Points points = scattered(3, 9, 0.1);
-    const PlaneFit fit = fit_plane(points, millimetres);
     for (const char* name : {"a&b<c>\"d\".txt", "\xff\xfe\x01\x1b.txt", "\u00e9\u4e2d\U0001f600",
-                             "\xc0\x80 \xed\xa0\x80 \xf4\x90\x80\x80 \xe4\xb8", ""}) {
-        const SvgDocument svg(plane_picture(points, fit, millimetres, name));
-        EXPECT_TRUE(svg.well_formed()) << name;
-    }
-    const std::string long_name =
-        std::string(16, 'a') + "\u4e2d" + std::string(60, 'b') + "\u4e2d" + std::string(15, 'c');
-    EXPECT_NE(SvgDocument(plane_picture(points, fit, millimetres, long_name))
-                  .words("heading")
-                  .find("through " + std::string(16, 'a') + "\u2026" + std::string(15, 'c') + "\n"),
-              std::string::npos);
-    EXPECT_NE(SvgDocument(plane_picture(points, fit, millimetres, "d/a&\u00e9\xff"))
-                  .words("heading")
-                  .find("Plane through a&\u00e9?"),
-              std::string::npos);
+                             "\xc0\x80 \xed\xa0\x80 \xf4\x90\x80\x80 \xe4\xb8", ""})
+        plane_svg(points, name);
+    const auto heading = [&](const std::string& name) {
+        return plane_svg(points, name).words("heading");
+    };
+    const std::string a(16, 'a'), b(60, 'b'), c(15, 'c');
+    expect_parts(heading(a + "\u4e2d" + b + "\u4e2d" + c), {"through " + a + "\u2026" + c + "\n"});
+    expect_parts(heading("d/a&\u00e9\xff"), {"Plane through a&\u00e9?"});
 }
 
 }  // namespace

@@ -2,7 +2,10 @@
 #include <gtest/gtest.h>
 #include <ztmath/ztmath.h>
 
+#include <array>
 #include <nlohmann/json.hpp>
+#include <utility>
+#include <vector>
 
 #include "run_tool.h"
 #include "support/random.h"
@@ -19,42 +22,33 @@ TEST(Program, ExitCodesTellWhatHappened) {
     const Workshop w;
     w.file("square", square);
     w.file("line", "0 0 0\n1 1 1\n2 2 2\n");
+    w.file("flat", "0 0 0\n1 0 0\n0 1 0\n2 2 0\n");
     w.file("broken", "0 0 0\n1 1\n");
-    const struct {
-        const char* arguments;
-        int code;
-        const char* error;  // how the standard error begins
-    } cases[]{
-        {"fit plane square", 0, ""},
-        {"fit line square", 0, ""},
-        {"fit plane line", 1, "ztmath: line: collinear: the points lie on one line"},
-        {"fit plane line --json --svg x.svg", 1, "ztmath: line: collinear: "},
-        {"fit plane -", 1, "ztmath: standard input: too few points: a plane needs 3"},
-        {"fit line --2d /dev/null", 1, "ztmath: /dev/null: too few points: a line needs 2"},
-        {"", 2, "A subcommand is required"},
-        {"fit", 2, ""},
-        {"fit plane", 2, "FILE is required"},
-        {"fit plane square square", 2, ""},
-        {"fit plane square --unit ell", 2, "--unit: ell not in {mm,inch,m,um,deg,none}"},
-        {"fit circle square", 2, ""},
-        {"fit plane missing", 3, "ztmath: cannot read missing: No such file or directory\n"},
-        {"fit plane .", 3, "ztmath: cannot read .: Is a directory\n"},
-        {"fit plane broken", 3, "ztmath: broken:2: 3 numbers expected (x y z), found 2\n"},
-        {"fit line --2d square", 3, "ztmath: square:1: 2 numbers expected (x y), found 3\n"},
-        {"fit plane square --svg no/x.svg", 4,
-         "ztmath: cannot write no/x.svg: No such file or directory\n"},
-        {"fit plane square --svg /dev/full", 4,
-         "ztmath: cannot write /dev/full: No space left on device\n"},
-        {"fit plane square >/dev/full", 4,
-         "ztmath: cannot write the standard output: No space left on device\n"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.arguments);
-        const auto outcome = w.run(c.arguments);
-        EXPECT_EQ(outcome.code, c.code);
-        EXPECT_EQ(outcome.error.substr(0, std::string(c.error).size()), c.error);
-        EXPECT_EQ(outcome.error.empty(), c.code == 0);
-    }
+    expect_endings(
+        w, {
+               {"fit plane square", 0, ""},
+               {"fit line square", 0, ""},
+               {"fit plane line", 1, "ztmath: line: collinear: the points lie on one line"},
+               {"fit plane line --json --svg x.svg", 1, "ztmath: line: collinear: "},
+               {"fit plane -", 1, "ztmath: standard input: too few points: a plane needs 3"},
+               {"fit line --2d /dev/null", 1, "ztmath: /dev/null: too few points: a line needs 2"},
+               {"", 2, "A subcommand is required"},
+               {"fit", 2, ""},
+               {"fit plane", 2, "FILE is required"},
+               {"fit plane square square", 2, ""},
+               {"fit plane square --unit ell", 2, "--unit: ell not in {mm,inch,m,um,deg,none}"},
+               {"fit circle square", 2, ""},
+               {"fit plane missing", 3, "ztmath: cannot read missing: No such file or directory\n"},
+               {"fit plane .", 3, "ztmath: cannot read .: Is a directory\n"},
+               {"fit plane broken", 3, "ztmath: broken:2: 3 numbers expected (x y z), found 2\n"},
+               {"fit line --2d square", 3, "ztmath: square:1: 2 numbers expected (x y), found 3\n"},
+               {"fit plane square --svg no/x.svg", 4,
+                "ztmath: cannot write no/x.svg: No such file or directory\n"},
+               {"fit plane square --svg /dev/full", 4,
+                "ztmath: cannot write /dev/full: No space left on device\n"},
+               {"fit plane square >/dev/full", 4,
+                "ztmath: cannot write the standard output: No space left on device\n"},
+           });
     EXPECT_FALSE(std::filesystem::exists(w.path("x.svg")));
 }
 
@@ -62,13 +56,13 @@ TEST(Program, HelpTeaches) {
     const Workshop w;
     EXPECT_EQ(w.run("--version").code, 0);
     EXPECT_EQ(w.run("--version").out.substr(0, 7), "ztmath ");
-    EXPECT_NE(w.run("--help").out.find("ztmath fit plane --svg"), std::string::npos);
-    for (const char* command : {"fit plane --help", "fit line --help"}) {
+    expect_parts(w.run("--help").out, {"ztmath fit plane --svg"});
+    for (const char* command :
+         {"fit plane --help", "fit line --help", "fit circle --help", "fit sphere --help"}) {
         const auto outcome = w.run(command);
         EXPECT_EQ(outcome.code, 0);
-        for (const char* part :
-             {"Examples:", "File format:", "Units:", "Exit codes:", "--unit", "--json", "--svg"})
-            EXPECT_NE(outcome.out.find(part), std::string::npos) << part;
+        expect_parts(outcome.out, {"Examples:", "File format:", "Units:", "Exit codes:", "--unit",
+                                   "--json", "--svg"});
     }
 }
 
@@ -77,55 +71,46 @@ TEST(Program, PrintsATable) {
     w.file("square.csv", "x;y;z\n0;0;0.1\n10;0;-0.1\n10;10;0.1\n0;10;-0.1\n");
     const auto outcome = w.run("fit plane square.csv --unit inch");
     EXPECT_EQ(outcome.code, 0);
-    for (const char* line :
-         {"Least-squares plane through square.csv\n", "  points            4\n",
-          "neither coincident nor collinear\n",
-          "  point (centroid)   5.000000   5.000000   0.000000  in\n",
-          "  distance             0.1000     0.1000     0.1000  in\n", "  farthest point    line "})
-        EXPECT_NE(outcome.out.find(line), std::string::npos) << line << outcome.out;
-    EXPECT_NE(w.run("fit plane -", "1 1 1\n2 2 2\n3 3 3\n").out.find("shape   collinear: "),
-              std::string::npos);
+    expect_parts(outcome.out, {"Least-squares plane through square.csv\n",
+                               "  points            4\n", "neither coincident nor collinear\n",
+                               "  point (centroid)   5.000000   5.000000   0.000000  in\n",
+                               "  distance             0.1000     0.1000     0.1000  in\n",
+                               "  farthest point    line "});
+    expect_parts(w.run("fit plane -", "1 1 1\n2 2 2\n3 3 3\n").out, {"shape   collinear: "});
 }
 
 TEST(Program, JsonHoldsTheLibrarysNumbers) {
     Random random;
     std::vector<double> points;
-    json lines = json::array();
     std::string text;
     for (int i = 0; i < 300; ++i)
         for (const double x : {random.uniform(0, 1e3), random.uniform(0, 300), random.normal()}) {
             points.push_back(x);
             text += json(x).dump() + (points.size() % 3 == 0 ? "\n" : " ");
         }
-    double point[3], normal[3], statistics[3];
+    std::array<double, 3> point, normal, statistics;
     int collinear;
-    LSFIT_plane_to_points(points.data(), 300, point, normal, &collinear, statistics);
+    LSFIT_plane_to_points(points.data(), 300, point.data(), normal.data(), &collinear,
+                          statistics.data());
 
     const Workshop w;
     w.file("p.txt", text);
-    const json result = json::parse(w.run("fit plane --json p.txt").out);
-    EXPECT_EQ(result["fit"], "plane");
-    EXPECT_EQ(result["count"], 300);
-    EXPECT_EQ(result["unit"], "mm");
-    EXPECT_EQ(result["shape"], "regular");
-    EXPECT_EQ(result["collinear"], false);
-    for (std::size_t k = 0; k < 3; ++k) {
-        EXPECT_EQ(result["point"][k].get<double>(), point[k]);
-        EXPECT_EQ(result["normal"][k].get<double>(), normal[k]);
-    }
+    json result = json::parse(w.run("fit plane --json p.txt").out);
+    const json expected = {{"fit", "plane"},     {"count", 300},       {"unit", "mm"},
+                           {"shape", "regular"}, {"collinear", false}, {"point", point},
+                           {"normal", normal}};
+    for (const auto& [key, value] : expected.items())
+        EXPECT_EQ(result[key], value) << key;
     const json& distances = result["distances"];
-    EXPECT_NEAR(distances["max"].get<double>(), statistics[0], 1e-12);
-    EXPECT_NEAR(distances["rms"].get<double>(), statistics[1], 1e-12);
-    EXPECT_NEAR(distances["mean"].get<double>(), statistics[2], 1e-12);
-    const std::size_t farthest = distances["farthest"]["line"].get<std::size_t>() - 1;
+    const char* const names[] = {"max", "rms", "mean"};
     for (std::size_t k = 0; k < 3; ++k)
-        EXPECT_EQ(distances["farthest"]["point"][k].get<double>(), points[3 * farthest + k]);
+        EXPECT_NEAR(distances[names[k]].get<double>(), statistics[k], 1e-12);
+    const auto farthest = 3 * (distances["farthest"]["line"].get<std::ptrdiff_t>() - 1);
+    EXPECT_EQ(distances["farthest"]["point"],
+              json(std::vector(points.begin() + farthest, points.begin() + farthest + 3)));
 
-    const auto piped = w.run("fit plane --json -", text);
-    json from_stdin = json::parse(piped.out);
-    EXPECT_EQ(from_stdin["source"], "standard input");
-    from_stdin["source"] = "p.txt";
-    EXPECT_EQ(from_stdin, result);
+    EXPECT_EQ(std::exchange(result["source"], "standard input"), "p.txt");
+    EXPECT_EQ(json::parse(w.run("fit plane --json -", text).out), result);
 }
 
 TEST(Program, JsonOfLines) {
@@ -143,6 +128,27 @@ TEST(Program, JsonOfLines) {
     EXPECT_FALSE(none.contains("direction"));
     w.file("\xff\xfe", square);
     EXPECT_EQ(json::parse(w.run("fit plane --json '\xff\xfe'").out)["count"], 4);
+}
+
+TEST(Program, TablesAndJsonOfCirclesAndSpheres) {
+    const Workshop w;
+    const char* const ring = "6 5\n5 6\n4 5\n5 4\n";
+    const json circle = json::parse(w.run("fit circle --json --unit inch -", ring).out);
+    EXPECT_EQ(circle["centre"], json::parse("[5.0, 5.0]"));
+    EXPECT_EQ(circle["radius"], 1);
+    EXPECT_EQ(circle["arc_degrees"], 270);
+    EXPECT_EQ(circle["distances"]["max"], 0);
+    EXPECT_NE(w.run("fit circle --unit inch -", ring).out.find("  radius       1.00000000  in\n"),
+              std::string::npos);
+    const json space = json::parse(w.run("fit circle --3d --json -", "6 5 1\n5 6 1\n4 5 1\n").out);
+    EXPECT_NEAR(space["radius"].get<double>(), 1, 1e-12);
+    EXPECT_NEAR(space["centre"][2].get<double>(), 1, 1e-12);
+    EXPECT_EQ(std::fabs(space["normal"][2].get<double>()), 1);
+    EXPECT_TRUE(space.contains("plane_distances"));
+    const json sphere =
+        json::parse(w.run("fit sphere --json -", "1 0 0\n0 1 0\n-1 0 0\n0 0 1\n").out);
+    EXPECT_NEAR(sphere["radius"].get<double>(), 1, 1e-12);
+    EXPECT_EQ(json::parse(w.run("fit sphere --json -", "0 0 0\n").out)["shape"], "too few points");
 }
 
 TEST(Program, DrawsIntoAFile) {

@@ -9,6 +9,7 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <vector>
 
 namespace ztmath_test {
 
@@ -57,5 +58,28 @@ class Workshop {
   private:
     std::filesystem::path directory_;
 };
+
+/// Arguments, the exit code that they lead to, and how the standard error then begins.
+struct Ending {
+    std::string arguments;
+    int code;
+    std::string error;
+};
+
+/// Errors say something, and only errors do.
+inline void expect_endings(const Workshop& w, const std::vector<Ending>& endings) {
+    for (const Ending& ending : endings) {
+        SCOPED_TRACE(ending.arguments);
+        const auto outcome = w.run(ending.arguments);
+        EXPECT_EQ(outcome.code, ending.code);
+        EXPECT_EQ(outcome.error.substr(0, ending.error.size()), ending.error);
+        EXPECT_EQ(outcome.error.empty(), ending.code == 0);
+    }
+}
+
+inline void expect_parts(const std::string& text, const std::vector<std::string>& parts) {
+    for (const std::string& part : parts)
+        EXPECT_NE(text.find(part), std::string::npos) << part << " in " << text;
+}
 
 }  // namespace ztmath_test

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <nlohmann/json.hpp>
+#include <vector>
 
 #include "points_file.h"
 #include "run_tool.h"
@@ -23,6 +24,14 @@ Matrix matrix_of(void (*build)(double* m)) {
     Matrix m;
     build(m.data());
     return m;
+}
+
+std::vector<double> flat(const json& rows) {
+    std::vector<double> numbers;
+    for (const json& row : rows)
+        for (const json& number : row)
+            numbers.push_back(number.get<double>());
+    return numbers;
 }
 
 TEST(Transform, AppliesTheLibrarysMatrixToTheBit) {
@@ -62,19 +71,14 @@ TEST(Transform, AppliesTheLibrarysMatrixToTheBit) {
         json only = json::parse(w.run(command + " --json --matrix").out);
         EXPECT_EQ(only["matrix"], result["matrix"]);
         EXPECT_FALSE(only.contains("points"));
-        for (std::size_t i = 0; i < 16; ++i)
-            EXPECT_EQ(result["matrix"][i / 4][i % 4].get<double>(), c.expected[i]);
+        EXPECT_EQ(flat(result["matrix"]), std::vector(c.expected.begin(), c.expected.end()));
 
         const tool::Points moved = tool::parse_points(w.run(command + " p").out, "moved", 3);
-        ASSERT_EQ(moved.count(), 3);
-        for (int i = 0; i < 3; ++i) {
-            double image[3];
-            MC_apply_transform_to_point(c.expected.data(), points + 3 * i, image);
-            for (std::size_t k = 0; k < 3; ++k) {
-                EXPECT_EQ(moved.at(i)[k], image[k]);
-                EXPECT_EQ(result["points"][static_cast<std::size_t>(i)][k].get<double>(), image[k]);
-            }
-        }
+        std::vector<double> images(9);
+        for (int i = 0; i < 9; i += 3)
+            MC_apply_transform_to_point(c.expected.data(), points + i, &images[i]);
+        EXPECT_EQ(moved.coordinates, images);
+        EXPECT_EQ(flat(result["points"]), images);
     }
     EXPECT_EQ(w.run("transform scale --factors -1 --matrix").out,
               "-1 0 0 0\n0 -1 0 0\n0 0 -1 0\n0 0 0 1\n");
@@ -82,11 +86,9 @@ TEST(Transform, AppliesTheLibrarysMatrixToTheBit) {
 }
 
 TEST(Transform, RefusesWhatMakesNoTransform) {
-    const struct {
-        const char* arguments;
-        int code;
-        const char* error;
-    } cases[] = {
+    const Workshop w;
+    w.file("p", points_text);
+    std::vector<Ending> endings = {
         {"", 2, "A subcommand is required"},
         {"rotate --axis 0,0,1 p", 2, "--angle is required"},
         {"rotate --axis 0,0 --angle 3 p", 2, "--axis: three numbers X,Y,Z expected, not 0,0\n"},
@@ -102,18 +104,12 @@ TEST(Transform, RefusesWhatMakesNoTransform) {
         {"scale --factors 2 missing", 3, "ztmath: cannot read missing: "},
         {"scale --factors 2 p >/dev/full", 4, "ztmath: cannot write the standard output: "},
     };
-    const Workshop w;
-    w.file("p", points_text);
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.arguments);
-        const auto outcome = w.run(std::string("transform ") + c.arguments);
-        EXPECT_EQ(outcome.code, c.code);
-        EXPECT_EQ(outcome.error.substr(0, std::string(c.error).size()), c.error);
-    }
+    for (Ending& ending : endings)
+        ending.arguments = "transform " + ending.arguments;
+    expect_endings(w, endings);
     for (const char* command : {"scale", "rotate", "mirror", "motion"})
-        for (const char* part : {"Examples:", "File format:", "Units:", "Output:", "Exit codes:"})
-            EXPECT_NE(w.run("transform " + std::string(command) + " --help").out.find(part),
-                      std::string::npos);
+        expect_parts(w.run("transform " + std::string(command) + " --help").out,
+                     {"Examples:", "File format:", "Units:", "Output:", "Exit codes:"});
 }
 
 }  // namespace

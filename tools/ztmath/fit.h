@@ -13,7 +13,7 @@
 namespace tool {
 
 /// What the points allow.
-enum class Shape { regular, too_few, coincident, collinear };
+enum class Shape { regular, too_few, coincident, collinear, coplanar };
 
 /// The distances of the points from what was fitted. All of them are computed here, from the true
 /// line or plane, and not taken from the library: LSFIT_line_to_points_2d measures from a point
@@ -63,6 +63,36 @@ struct Line3Fit {
     Deviations plane_distances;  // from the plane
 };
 
+struct CircleFit {
+    Shape shape = Shape::regular;
+    Vec2 centre{};
+    double radius = 0.0;
+    double start = 0.0;    // the direction, in degrees, in which the points begin after their
+                           // largest gap
+    double covered = 0.0;  // degrees, from there to the last of them
+    Deviations distances;  // positive outside
+
+    /// How far around from the start a point lies, in degrees.
+    double angle_of(const Vec2& p) const;
+};
+
+struct Circle3Fit {
+    Shape shape = Shape::regular;
+    Vec3 centre{};
+    Vec3 axes[2]{};              // of the plane
+    Vec3 normal{};               // of the plane
+    Points in_plane{2, {}, {}};  // the points in the axes, about the centre
+    CircleFit circle;            // of them
+    Deviations plane_distances;
+};
+
+struct SphereFit {
+    Shape shape = Shape::regular;
+    Vec3 centre{};
+    double radius = 0.0;
+    Deviations distances;  // positive outside
+};
+
 /// Each fit is made twice, in millimetres and with the points brought to a spread of their own: in
 /// millimetres, rounding may turn the smallest eigenvalue of flat points negative, and the library
 /// then passes it over for the next. The first is kept unless the second is clearly closer.
@@ -70,5 +100,11 @@ struct Line3Fit {
 PlaneFit fit_plane(const Points& points, const Unit& unit);
 Line2Fit fit_line_2d(const Points& points, const Unit& unit);
 Line3Fit fit_line_3d(const Points& points, const Unit& unit);
+
+/// Of circles and spheres the shape tells whether the library found one, too: those through points
+/// almost on a line or in a plane may have no size that it could give.
+CircleFit fit_circle(const Points& points, const Unit& unit);
+Circle3Fit fit_circle_3d(const Points& points, const Unit& unit);
+SphereFit fit_sphere(const Points& points, const Unit& unit);
 
 }  // namespace tool

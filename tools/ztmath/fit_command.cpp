@@ -28,6 +28,8 @@ Json json_shape(Shape shape) {
             return "coincident";
         case Shape::collinear:
             return "collinear";
+        case Shape::coplanar:
+            return "coplanar";
         default:
             return "regular";
     }
@@ -36,10 +38,13 @@ Json json_shape(Shape shape) {
 }  // namespace
 
 void add_fit_commands(CLI::App& program, Commands& commands) {
-    CLI::App* fit = program.add_subcommand("fit", "Fit a plane or a line to points");
+    CLI::App* fit =
+        program.add_subcommand("fit", "Fit a plane, a line, a circle or a sphere to points");
     fit->require_subcommand(1);
     add_fit_plane_command(*fit, commands);
     add_fit_line_command(*fit, commands);
+    add_fit_circle_command(*fit, commands);
+    add_fit_sphere_command(*fit, commands);
 }
 
 void add_fit_options(CLI::App& command, FitOptions& options) {
@@ -63,8 +68,8 @@ points within 0.001 mm count as coincident. deg and none count one as one millim
 
 Distances: from each point, square to the fit; rms is the root of their mean square.
 
-Exit codes: 0 success; 1 no fit: too few points, or coincident, or collinear for a plane;
-2 wrong usage; 3 FILE cannot be read or is malformed; 4 the result cannot be written;
+Exit codes: 0 success; 1 no fit: too few points, or coincident, or collinear for a plane or
+a circle, or coplanar for a sphere; 2 wrong usage; 3 FILE cannot be read or is malformed; 4 the result cannot be written;
 5 the library reported a failure, or memory ran out.)";
 }
 
@@ -84,9 +89,11 @@ std::string FitReport::shape_words() const {
         case Shape::coincident:
             return "coincident: all points are one and the same";
         case Shape::collinear:
-            return "collinear: the points lie on one line, every plane through it fits them";
+            return "collinear: the points lie on one line" + std::string(kind.collinear);
+        case Shape::coplanar:
+            return "coplanar: the points lie in one plane";
         default:
-            return kind.points_needed == 3 ? "neither coincident nor collinear" : "not coincident";
+            return kind.regular;
     }
 }
 

@@ -14,6 +14,8 @@ void add_fit_commands(CLI::App& program, Commands& commands);
 
 void add_fit_plane_command(CLI::App& fit, Commands& commands);
 void add_fit_line_command(CLI::App& fit, Commands& commands);
+void add_fit_circle_command(CLI::App& fit, Commands& commands);
+void add_fit_sphere_command(CLI::App& fit, Commands& commands);
 
 struct FitOptions {
     std::string file;
@@ -32,10 +34,12 @@ std::string fit_help(const std::string& examples);
 
 using Json = nlohmann::ordered_json;
 
-/// What was fitted, for messages: a name and how many points it needs.
+/// What was fitted, for messages.
 struct FitKind {
     const char* name;  // "plane"
     int points_needed;
+    const char* regular;    // the words for points that have a fit
+    const char* collinear;  // what collinear points mean to it
 };
 
 /// The parts of a result that every fit has.

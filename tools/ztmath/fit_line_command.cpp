@@ -10,7 +10,7 @@ namespace tool {
 
 namespace {
 
-constexpr FitKind line_kind{"line", 2};
+constexpr FitKind line_kind{"line", 2, "not coincident", ""};
 
 struct LineOptions : FitOptions {
     bool plane_points = false;  // --2d

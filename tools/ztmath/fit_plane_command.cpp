@@ -10,7 +10,8 @@ namespace tool {
 
 namespace {
 
-constexpr FitKind plane_kind{"plane", 3};
+constexpr FitKind plane_kind{"plane", 3, "neither coincident nor collinear",
+                             ", every plane through it fits them"};
 
 Table plane_table(const FitReport& report, const PlaneFit& fit) {
     const char* symbol = report.options.unit().symbol;

@@ -8,6 +8,7 @@
 #include "output.h"
 #include "roots_command.h"
 #include "transform_command.h"
+#include "triangulate_command.h"
 
 namespace tool {
 
@@ -18,6 +19,7 @@ Examples:
   ztmath fit plane --svg flatness.svg points.txt
   ztmath roots 6 -5 1
   ztmath transform rotate --axis 0,0,1 --angle 30 points.txt
+  ztmath triangulate --svg plate.svg plate.txt
 
 ztmath COMMAND --help tells more about a command, its files, units and exit codes.)";
 
@@ -37,6 +39,7 @@ ExitCode parse_and_run(int argc, const char* const* argv) {
     add_fit_commands(program, commands);
     add_transform_commands(program, commands);
     add_roots_command(program, commands);
+    add_triangulate_command(program, commands);
     try {
         program.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -29,6 +29,9 @@ text { font-family: "Liberation Sans", Arial, Helvetica, sans-serif; fill: #5260
 .residual { stroke: #8794a1; stroke-width: 0.9; }
 .dot { stroke: #3b4754; stroke-width: 0.5; stroke-opacity: 0.6; }
 .ring { fill: none; stroke: #1d2733; stroke-width: 1.6; }
+.face { fill: #dfe9f2; stroke: none; }
+.side { stroke: #7f9db9; stroke-width: 0.6; }
+.outline { fill: none; stroke: #1d2733; stroke-width: 1.2; stroke-linejoin: round; }
 .bar { stroke: #6b7785; stroke-width: 0.6; }
 </style>
 )";
@@ -140,6 +143,13 @@ void Svg::circle(Pixel centre, double radius, const char* look, const std::strin
     element("circle",
             attribute("cx", centre.x) + attribute("cy", centre.y) + attribute("r", radius), look,
             fill);
+}
+
+void Svg::polygon(const std::vector<Pixel>& corners, const char* look) {
+    std::string points;
+    for (const Pixel& corner : corners)
+        points += (points.empty() ? "" : " ") + pixel(corner.x) + ',' + pixel(corner.y);
+    element("polygon", " points=\"" + points + '"', look, {});
 }
 
 void Svg::rectangle(const Box& box, const char* look, const std::string& fill) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace tool {
 
@@ -34,6 +35,7 @@ class Svg {
 
     void line(Pixel from, Pixel to, const char* look);
     void circle(Pixel centre, double radius, const char* look, const std::string& fill = {});
+    void polygon(const std::vector<Pixel>& corners, const char* look);
     void rectangle(const Box& box, const char* look, const std::string& fill = {});
     void text(Pixel at, const std::string& words, const char* look);
     /// Text that reads upwards.

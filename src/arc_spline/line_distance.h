@@ -1,0 +1,19 @@
+// Points against lines.
+#pragma once
+
+#include "arc_spline/segment.h"
+
+namespace ztmath {
+
+/// side: 0 on the line, 1 to the right of its direction, -1 to the left.
+struct LineFoot {
+    Vec2 foot;
+    double parm;
+    int side;
+    double distance;
+};
+
+/// The direction is a unit vector. A foot within the tolerance of the line's point is that point.
+LineFoot foot_on_line(Vec2 point, const Line& line, double tol);
+
+}  // namespace ztmath

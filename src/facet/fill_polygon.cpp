@@ -1,0 +1,234 @@
+// The triangle fill: a polygon is split by the triangle on its base edge, the edge from its last
+// vertex to its first, and the two parts beside that triangle are filled in the same way.
+//
+// A part is a run of consecutive vertices, its base edge a diagonal of the whole. A part of m
+// vertices takes m - 2 triangles, so the places of all its triangles are known when it is cut off,
+// and the parts can be filled in any order: the smaller one first, so that few are ever waiting.
+#include "facet/fill_predicates.h"
+#include "facet/poly_tri_fill.h"
+
+namespace ztmath {
+
+namespace {
+
+/// A part of the polygon that is still to be filled.
+struct Part {
+    int first, last;  // its vertices
+    int triangle;     // the place of its first triangle
+    int parent;       // the triangle on the other side of its base edge, or -1
+
+    int size() const { return last - first + 1; }
+};
+
+/// Parts that wait. Each is at least as large as all that come after it together, so that as many
+/// as a number has bits is enough.
+class WaitingParts {
+  public:
+    bool empty() const { return count_ == 0; }
+    void push(const Part& part) { parts_[count_++] = part; }
+    Part pop() { return parts_[--count_]; }
+
+  private:
+    Part parts_[40];
+    int count_ = 0;
+};
+
+/// The polygon's vertices, in boxes.
+class Outline {
+  public:
+    Outline(int n, const double* points)
+        : points_(points),
+          boxes_(
+              n, [this](int i) { return point(i); }, true) {
+        for (int i = 0; i < n; ++i)
+            all_finite_ &= is_finite(point(i));
+        const Box2& box = boxes_.whole();
+        reach_ = length(span(box, {0.0, 0.0}));
+    }
+
+    Vec2 point(int i) const { return load2(points_ + 2 * static_cast<std::ptrdiff_t>(i)); }
+    RunBoxes& boxes() { return boxes_; }
+
+    /// Whether all coordinates count as finite.
+    bool all_finite() const { return all_finite_; }
+
+    /// No point is farther from the origin.
+    double reach() const { return reach_; }
+
+  private:
+    const double* points_;
+    RunBoxes boxes_;
+    bool all_finite_ = true;
+    double reach_;
+};
+
+/// Searches a part for the apex of the triangle on its base edge.
+class ApexSearch {
+  public:
+    ApexSearch(Outline& outline, int first, int last)
+        : outline_(outline),
+          first_(first),
+          last_(last),
+          base_(outline.point(last), outline.point(first)) {}
+
+    /// The apex, or -1. The first vertex that makes a triangle gives way to the first one behind it
+    /// that lies inside its circle and can be joined to the base edge, that one to the next, and so
+    /// on. It is not itself asked whether it can be joined.
+    ///
+    /// The vertices it gives way to can be many, so after a few the search looks for the last of
+    /// them and makes sure that it is reached.
+    int apex() {
+        int k = first_triangle();
+        if (k < 0) return -1;
+        Candidate candidate = candidate_at(k);
+        while (!advance(candidate, patience))
+            candidate = candidate_at(reached_from(candidate.vertex, best(candidate)));
+        return candidate.vertex;
+    }
+
+  private:
+    Vec2 point(int i) const { return outline_.point(i); }
+
+    static constexpr int patience = 3;
+
+    /// A vertex and its circle.
+    struct Candidate {
+        int vertex;
+        Circle circle;
+    };
+
+    Candidate candidate_at(int k) const { return {k, base_.circle_through(point(k))}; }
+
+    bool can_replace(const Candidate& candidate, int j) {
+        return is_inside(candidate.circle, point(j)) && !base_.rejects(point(j)) &&
+               can_be_joined(j);
+    }
+
+    bool cannot_replace(const Candidate& candidate, const Box2& box) const {
+        return is_outside(candidate.circle, box) || base_.rejects_all(box);
+    }
+
+    /// Lets the candidate give way up to `times` times; whether it has been found to be the last.
+    bool advance(Candidate& candidate, int times) {
+        return outline_.boxes().first_of(
+                   candidate.vertex + 1, last_ - 1,
+                   [&](const Box2& box) { return cannot_replace(candidate, box); },
+                   [&](int j) {
+                       if (!can_replace(candidate, j)) return false;
+                       candidate = candidate_at(j);
+                       return --times == 0;
+                   }) < 0;
+    }
+
+    /// A vertex behind the candidate that gives way to few, if to any.
+    int best(Candidate candidate) {
+        outline_.boxes().visit_in_order(
+            candidate.vertex + 1, last_ - 1,
+            [&](const Box2& box) { return base_.least_height(box); },
+            [&](const Box2& box) { return cannot_replace(candidate, box); },
+            [&](int j) {
+                if (can_replace(candidate, j)) candidate = candidate_at(j);
+            });
+        return candidate.vertex;
+    }
+
+    /// Starting from a candidate, a vertex that is surely reached: the target, if every vertex
+    /// before it would give way to it. If one would not, that one is the target.
+    int reached_from(int from, int target) {
+        for (;;) {
+            const Candidate goal = candidate_at(target);
+            const auto holds = [&](int w) {
+                return !base_.rejects(point(w)) &&
+                       !is_inside(base_.circle_through(point(w)), point(target)) &&
+                       (w == from || can_be_joined(w));
+            };
+            const int w = outline_.boxes().first_of(
+                from, target - 1,
+                [&](const Box2& box) {
+                    return base_.rejects_all(box) ||
+                           base_.surely_beaten(box, point(target), goal.circle, outline_.reach());
+                },
+                holds);
+            if (w < 0) return target;
+            target = w;
+        }
+    }
+
+    int first_triangle() {
+        const auto makes_triangle = [&](int k) { return !base_.rejects(point(k)); };
+        if (makes_triangle(first_ + 1)) return first_ + 1;
+        const bool skips =
+            outline_.all_finite();  // a triangle that is not a number is none to skip
+        return outline_.boxes().first_of(
+            first_ + 2, last_ - 1, [&](const Box2& box) { return skips && base_.rejects_all(box); },
+            makes_triangle);
+    }
+
+    bool can_be_joined(int j) {
+        return !is_crossed(j, last_, blocks_last_) && !is_crossed(j, first_, blocks_first_);
+    }
+
+    /// Whether an edge of the part crosses the diagonal from j to an end of the base edge. The edge
+    /// found last is tried first: what hides one vertex tends to hide the next.
+    bool is_crossed(int j, int end, int& blocking) {
+        const Diagonal diagonal(point(j), point(end));
+        const auto crosses = [&](int k) {
+            return k != j && k + 1 != j && k != end && k + 1 != end &&
+                   diagonal.is_crossed_by(point(k), point(k + 1));
+        };
+        if (blocking >= 0 && crosses(blocking)) return true;
+        const int k = outline_.boxes().first_of(
+            first_, last_ - 1, [&](const Box2& box) { return diagonal.is_clear_of(box); }, crosses);
+        if (k >= 0) blocking = k;
+        return k >= 0;
+    }
+
+    Outline& outline_;
+    int first_, last_;
+    BaseEdge base_;
+    int blocks_first_ = -1;  // the edge that last hid a vertex from the first vertex
+    int blocks_last_ = -1;
+};
+
+/// The part that a triangle with the apex leaves on one side, if it leaves one.
+bool is_part(int first, int last) {
+    return last - first > 1;
+}
+
+bool three_make_triangle(const Outline& outline, int first) {
+    return !BaseEdge(outline.point(first), outline.point(first + 1))
+                .rejects(outline.point(first + 2));
+}
+
+}  // namespace
+
+bool fill_polygon(int n, const double* points, PTF_triangle_t* triangles) {
+    Outline outline(n, points);
+    WaitingParts waiting;
+    waiting.push({0, n - 1, 0, -1});
+    while (!waiting.empty()) {
+        const Part part = waiting.pop();
+        const auto [first, last, t, parent] = part;
+        ZTMATH_ASSERT(ptf_module, "(*itri) < num_tris", t < n - 2);
+        int k = first + 1;
+        if (part.size() == 3) {
+            if (!three_make_triangle(outline, first)) return false;
+        } else {
+            k = ApexSearch(outline, first, last).apex();
+            if (k < 0) return false;
+        }
+        const Part left{first, k, t + 1, t};
+        const Part right{k, last, t + k - first, t};
+        const bool has_left = is_part(first, k);
+        const bool has_right = is_part(k, last);
+        triangles[t] = {
+            last, first, k, has_left ? left.triangle : -1, has_right ? right.triangle : -1, parent};
+        const bool left_waits = left.size() > right.size();
+        if (left_waits && has_left) waiting.push(left);
+        if (has_right) waiting.push(right);
+        if (!left_waits && has_left) waiting.push(left);
+    }
+    return true;
+}
+
+}  // namespace ztmath

@@ -1,0 +1,137 @@
+// The questions that a triangle fill asks of points, edges and diagonals, each with its answer for
+// all points of a box at once.
+#pragma once
+
+#include "facet/run_boxes.h"
+#include "kit/unitize.h"
+
+namespace ztmath {
+
+/// Twice an area, a squared length, or a length: whichever is compared, this counts as 0.
+inline constexpr double fill_eps = 1.0e-10;
+
+struct Circle {
+    Vec2 centre;
+    double squared_radius;
+};
+
+/// A directed edge and what lies to its left.
+class BaseEdge {
+  public:
+    BaseEdge(Vec2 a, Vec2 b) : a_(a), way_(b - a) {}
+
+    /// Twice the signed area of the triangle with p.
+    double cross_with(Vec2 p) const { return cross(way_, p - a_); }
+
+    /// Whether the triangle with p is degenerate or clockwise.
+    bool rejects(Vec2 p) const { return rejected(cross_with(p)); }
+
+    /// Whether every point of the box is rejected.
+    bool rejects_all(const Box2& box) const { return rejects(leftmost(box, way_)); }
+
+    /// Through both ends and p.
+    Circle circle_through(Vec2 p) const {
+        const Vec2 to_p = p - a_;
+        const double c = cross(way_, to_p);
+        const double to_b_squared = length_squared(way_);
+        const double to_p_squared = length_squared(to_p);
+        const Vec2 centre{(to_b_squared * to_p.y - to_p_squared * way_.y) / (2.0 * c),
+                          (to_p_squared * way_.x - to_b_squared * to_p.x) / (2.0 * c)};
+        return {a_ + centre, length_squared(centre)};
+    }
+
+    /// A lower bound, but for rounding and a factor, of how far to the left of the edge the centre
+    /// of the circle through both ends and a point of the box is.
+    double least_height(const Box2& box) const {
+        const double power =
+            length_squared(gap(box, a_ + way_ * 0.5)) - 0.25 * length_squared(way_);
+        if (power > 0.0) return power / cross_with(leftmost(box, way_));
+        const double nearest = cross_with(rightmost(box, way_));
+        return nearest > 0.0 ? power / nearest : -HUGE_VAL;
+    }
+
+    /// Whether p lies inside the circle through both ends and any point of the box that is not
+    /// rejected, rounding and all, where `circle` is the one through p.
+    ///
+    /// The power of p in the circle of w is minus the power of w in the circle of p, times the
+    /// ratio of the distances of p and w from the edge. The rounding of a circle through w is at
+    /// most 60 units of the last place of (d / sine) (d / sine + reach), where d is the largest
+    /// distance from a and the sine that of the angle between the edge and w.
+    bool surely_beaten(const Box2& box, Vec2 p, const Circle& circle, double reach) const {
+        const double nearest = cross_with(rightmost(box, way_));
+        if (!(nearest > fill_eps)) return false;
+        const double farthest = cross_with(leftmost(box, way_));
+        const double edge = length(way_);
+        const double w = length(span(box, a_));
+        const double to_p = length(p - a_);
+        const double d = std::fmax(w, std::fmax(edge, to_p));
+        const auto rounding = [&](double scaled) { return 1.0e-14 * scaled * (scaled + reach); };
+        const double cross_p = cross_with(p);
+        const double power = length_squared(gap(box, circle.centre)) - circle.squared_radius -
+                             rounding(d * edge * to_p / cross_p);
+        return cross_p * power > farthest * (2.0 * fill_eps + rounding(d * edge * w / nearest));
+    }
+
+  private:
+    // A triangle that is not a number passes.
+    static bool rejected(double c) { return std::fabs(c) <= fill_eps || c < fill_eps; }
+
+    Vec2 a_, way_;
+};
+
+inline bool is_inside(const Circle& circle, Vec2 p) {
+    return length_squared(p - circle.centre) < circle.squared_radius - fill_eps;
+}
+
+inline bool is_outside(const Circle& circle, const Box2& box) {
+    return !(length_squared(gap(box, circle.centre)) < circle.squared_radius - fill_eps);
+}
+
+/// A frame along a diagonal, from which edges are seen: s along it, t to its left.
+class Diagonal {
+  public:
+    Diagonal(Vec2 from, Vec2 to) : origin_(from) {
+        const auto way = unitize_unchecked(to - from, null_length);
+        way_ = way.unit;
+        length_ = way.magnitude;
+    }
+
+    /// Whether the edge crosses the diagonal.
+    bool is_crossed_by(Vec2 e0, Vec2 e1) const {
+        const double s0 = along(e0);
+        const double s1 = along(e1);
+        // Kept as it stands: the two ends are held to different margins, before as well as beyond
+        // the diagonal's end and to its right as well as to its left. Fills depend on which edges
+        // that merely touch a diagonal count.
+        if (s0 < fill_eps && s1 < fill_eps) return false;
+        if (s0 > length_ - fill_eps && s1 > length_ + fill_eps) return false;
+        const double t0 = across(e0);
+        const double t1 = across(e1);
+        if (t0 < fill_eps && t1 < fill_eps) return false;
+        if (t0 > -fill_eps && t1 > fill_eps) return false;
+        // Kept as it stands: an edge square to the diagonal has no slope and does not cross it.
+        if (s0 - s1 == 0.0) return false;
+        const double slope = (t0 - t1) / (s0 - s1);
+        const double s = -(t0 - slope * s0) / slope;
+        return fill_eps < s && s <= length_ - fill_eps;
+    }
+
+    /// Whether no edge within the box crosses the diagonal.
+    bool is_clear_of(const Box2& box) const {
+        const bool right = way_.x >= 0.0;
+        const bool up = way_.y >= 0.0;
+        const Vec2 ahead{right ? box.high.x : box.low.x, up ? box.high.y : box.low.y};
+        const Vec2 behind{right ? box.low.x : box.high.x, up ? box.low.y : box.high.y};
+        return along(ahead) < fill_eps || along(behind) > length_ + fill_eps ||
+               across(leftmost(box, way_)) < fill_eps || across(rightmost(box, way_)) > fill_eps;
+    }
+
+  private:
+    double along(Vec2 p) const { return dot(p - origin_, way_); }
+    double across(Vec2 p) const { return cross(way_, p - origin_); }
+
+    Vec2 origin_, way_;
+    double length_;
+};
+
+}  // namespace ztmath

@@ -1,0 +1,107 @@
+// Ear clipping against the plain rule, which tests every corner anew.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <list>
+#include <vector>
+
+#include "support/polygons.h"
+#include "support/random.h"
+#include "support/reports.h"
+#include "support/session.h"
+#include "support/vectors.h"
+#include "ztmath/facet.h"
+#include "ztmath/vec3.h"
+
+namespace {
+
+using namespace ztmath_test;
+
+using Vectors = std::vector<Vector>;
+
+Vector difference(const Vector& a, const Vector& b) {
+    return {a[0] - b[0], a[1] - b[1], a[2] - b[2]};
+}
+
+bool is_left(const Vector& a, const Vector& b, const Vector& p, const Vector& normal) {
+    const Vector u = difference(b, a), v = difference(p, a);
+    return (u[1] * v[2] - u[2] * v[1]) * normal[0] + (u[2] * v[0] - u[0] * v[2]) * normal[1] +
+               (u[0] * v[1] - u[1] * v[0]) * normal[2] >
+           0.0;
+}
+
+/// The rule as it is stated, cubic.
+std::vector<int> plain_clipping(const Vectors& p, const Vector& normal) {
+    std::vector<std::size_t> left;
+    for (std::size_t i = 0; i < p.size(); ++i)
+        left.push_back(i);
+    if (left.size() == 3) return {0, 1, 2};
+    std::vector<int> triangles;
+    bool all_convex = false;
+    for (std::size_t at = 0; left.size() > 2; at %= left.size()) {
+        const std::size_t m = left.size();
+        const auto corner = [&](std::size_t i) -> const Vector& { return p[left[i % m]]; };
+        std::vector<bool> convex(m, true);
+        for (std::size_t i = 0; i < m && !all_convex; ++i)
+            convex[i] = VEC3_angle_between(difference(corner(i + m - 1), corner(i)).data(),
+                                           difference(corner(i + m - 1), corner(i + 1)).data(),
+                                           normal.data()) <= M_PI;
+        all_convex = all_convex || std::find(convex.begin(), convex.end(), false) == convex.end();
+        const auto is_ear = [&](std::size_t i) {
+            const Vector &a = corner(i + m - 1), &b = corner(i), &c = corner(i + 1);
+            for (std::size_t k = 2; k + 1 < m; ++k)
+                if (is_left(a, b, corner(i + k), normal) && is_left(b, c, corner(i + k), normal) &&
+                    is_left(c, a, corner(i + k), normal))
+                    return false;
+            return static_cast<bool>(convex[i % m]);
+        };
+        for (std::size_t seen = 0; seen + 1 < m && !all_convex && !is_ear(at % m); ++seen)
+            ++at;
+        at %= m;
+        for (const std::size_t i : {at + m - 1, at, at + 1})
+            triangles.push_back(static_cast<int>(left[i % m]));
+        left.erase(left.begin() + static_cast<std::ptrdiff_t>(at));
+    }
+    return triangles;
+}
+
+std::vector<int> clipping(const Vectors& p, const Vector& normal) {
+    std::vector<int> triangles(3 * (p.size() - 2), -7);
+    FACET_ask_triangles_of_polygon(static_cast<int>(p.size()), p[0].data(), normal.data(),
+                                   triangles.data());
+    return triangles;
+}
+
+/// The polygon in a plane of the frame.
+Vectors lifted(const Polygon& p, const Frame& frame) {
+    Vectors points;
+    for (std::size_t i = 0; i < p.size(); i += 2)
+        points.push_back(frame.at({p[i], p[i + 1], 0.0}));
+    return points;
+}
+
+TEST(EarClipping, IsThePlainRuleTriangleForTriangle) {
+    const NoBlocksLeft watch;
+    Random random;
+    const Frame flat({0, 0, 0}, identity);
+    for (int round = 0; round < rounds(100); ++round) {
+        const int n = round % 20 == 0 ? random.integer(100, 250) : random.integer(3, 70);
+        const auto seed = static_cast<std::uint64_t>(round + 1);
+        const double step = std::pow(2.0, random.integer(0, 8));
+        Polygon crossing;
+        for (int i = 0; i < 2 * n; ++i)
+            crossing.push_back(random.integer(-9, 9));
+        for (const Polygon& p :
+             {star_polygon(n, seed), monotone_polygon(n, seed), comb_polygon(n, 9),
+              spiral_polygon(n), convex_polygon(n), crossing})
+            for (const Polygon& q : {p, snapped(p, step), densified(p, 4 * n / 3), reversed(p)})
+                for (const Frame& frame : {flat, Frame(random)}) {
+                    const Vectors points = lifted(q, frame);
+                    const Vector normal = scaled(row(frame.axes, 2), random.uniform(0.1, 5));
+                    ASSERT_EQ(clipping(points, normal), plain_clipping(points, normal))
+                        << "round " << round;
+                }
+    }
+}
+
+}  // namespace

@@ -1,0 +1,281 @@
+// The triangle fill against the plain rule, which walks all vertices and edges.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <vector>
+
+#include "support/polygons.h"
+#include "support/random.h"
+#include "support/session.h"
+#include "ztmath/ptf.h"
+
+namespace {
+
+using namespace ztmath_test;
+
+constexpr double eps = 1e-10;
+using Triangle = std::vector<int>;  // corners, then neighbours
+using Triangles = std::vector<Triangle>;
+
+/// The rule as it is stated: quadratic to cubic, and recursive.
+class PlainFill {
+  public:
+    explicit PlainFill(const Polygon& polygon) : size_(vertex_count(polygon)), all_(polygon) {}
+
+    /// The triangles, or none.
+    Triangles run() {
+        int none = -1;
+        if (size_ < 3 || !fill(all_.data(), size_, 0, none)) return {};
+        return static_cast<int>(made_.size()) == size_ - 2 ? made_ : Triangles{};
+    }
+
+  private:
+    struct Circle {
+        double x, y, squared_radius;
+    };
+
+    static double cross(const double* a, const double* b, const double* p) {
+        return (b[0] - a[0]) * (p[1] - a[1]) - (p[0] - a[0]) * (b[1] - a[1]);
+    }
+    static bool rejected(const double* a, const double* b, const double* p) {
+        const double c = cross(a, b, p);
+        return std::fabs(c) <= eps || c < eps;
+    }
+    static Circle circle(const double* a, const double* b, const double* p) {
+        const double bx = b[0] - a[0], by = b[1] - a[1], px = p[0] - a[0], py = p[1] - a[1];
+        const double bb = bx * bx + by * by, pp = px * px + py * py, c = 2.0 * cross(a, b, p);
+        const double x = (bb * py - pp * by) / c, y = (pp * bx - bb * px) / c;
+        return {a[0] + x, a[1] + y, x * x + y * y};
+    }
+
+    static bool crosses(const double* p, int n, int i, int j) {
+        const double dx = p[2 * j] - p[2 * i], dy = p[2 * j + 1] - p[2 * i + 1];
+        const double length = std::sqrt(dx * dx + dy * dy);
+        const double scale = length > eps ? 1.0 / length : 0.0;
+        const double ux = dx * scale, uy = dy * scale;
+        for (int k = 0; k < n; ++k) {
+            const int l = (k + 1) % n;
+            if (k == i || k == j || l == i || l == j) continue;
+            const double x0 = p[2 * k] - p[2 * i], y0 = p[2 * k + 1] - p[2 * i + 1];
+            const double x1 = p[2 * l] - p[2 * i], y1 = p[2 * l + 1] - p[2 * i + 1];
+            const double s0 = x0 * ux + y0 * uy, s1 = x1 * ux + y1 * uy;
+            const double t0 = ux * y0 - uy * x0, t1 = ux * y1 - uy * x1;
+            if ((s0 < eps && s1 < eps) || (s0 > length - eps && s1 > length + eps)) continue;
+            if ((t0 < eps && t1 < eps) || (t0 > -eps && t1 > eps) || s0 - s1 == 0.0) continue;
+            const double slope = (t0 - t1) / (s0 - s1);
+            const double s = -(t0 - slope * s0) / slope;
+            if (eps < s && s <= length - eps) return true;
+        }
+        return false;
+    }
+
+    int apex(const double* p, int n) const {
+        const double *a = p + 2 * (n - 1), *b = p;
+        int k = 1;
+        while (k < n - 1 && rejected(a, b, p + 2 * k))
+            ++k;
+        for (int j = k + 1; j < n - 1; ++j) {
+            const Circle c = circle(a, b, p + 2 * k);
+            const double x = p[2 * j] - c.x, y = p[2 * j + 1] - c.y;
+            if (x * x + y * y < c.squared_radius - eps && !rejected(a, b, p + 2 * j) &&
+                !crosses(p, n, j, n - 1) && !crosses(p, n, j, 0))
+                k = j;
+        }
+        return k;
+    }
+
+    bool fill(const double* p, int n, int shift, int& slot) {
+        const int k = n > 3 ? apex(p, n) : 1;
+        if (n == 3 && rejected(p, p + 2, p + 4)) return false;
+        if (k == n - 1) return true;
+        const int t = static_cast<int>(made_.size());
+        made_.push_back({shift + n - 1, shift, shift + k, -1, -1, slot});
+        slot = t;
+        int across = t;
+        if (k > 1 && !fill(p, k + 1, shift, across)) return false;
+        if (k > 1) made_[t][3] = across;
+        across = t;
+        if (k < n - 2 && !fill(p + 2 * k, n - k, shift + k, across)) return false;
+        if (k < n - 2) made_[t][4] = across;
+        return true;
+    }
+
+    int size_;
+    const Polygon& all_;
+    Triangles made_;
+};
+
+/// What the library hands out, given back at the end.
+struct Fill {
+    explicit Fill(const Polygon& p, bool wants_lists = false) : size(vertex_count(p)) {
+        status = PTF_poly_tri_fill(size, p.data(), &count, &triangles, &edges,
+                                   wants_lists ? &lists : nullptr);
+    }
+    ~Fill() { PTF_free_output(size, triangles, lists, edges); }
+    Fill(const Fill&) = delete;
+    Fill& operator=(const Fill&) = delete;
+
+    Triangles list() const {
+        Triangles all;
+        for (int t = 0; t < count; ++t) {
+            const PTF_triangle_t& r = triangles[t];
+            all.push_back({r.a, r.b, r.c, r.across_bc, r.across_ca, r.across_ab});
+        }
+        return all;
+    }
+
+    int size;
+    int status, count = -1;
+    PTF_triangle_t* triangles = nullptr;
+    PTF_vertex_edge_t* edges = nullptr;
+    PTF_neighbor_list_t* lists = nullptr;
+};
+
+void expect_as_plain(const Polygon& p, int& filled) {
+    const Fill fill(p);
+    const Triangles plain = PlainFill(p).run();
+    ASSERT_EQ(fill.status, vertex_count(p) < 3 ? 2 : plain.empty() ? 1 : 0);
+    ASSERT_EQ(fill.list(), plain);
+    filled += fill.status == 0;
+}
+
+TEST(PolyTriFill, IsThePlainRuleTriangleForTriangle) {
+    const NoBlocksLeft watch;
+    Random random;
+    int filled = 0, all = 0;
+    for (int round = 0; round < rounds(250); ++round) {
+        const int n = round % 25 == 0 ? random.integer(100, 500) : random.integer(3, 80);
+        const auto seed = static_cast<std::uint64_t>(round + 1);
+        const double step = std::pow(2.0, random.integer(-3, 8));
+        for (const Polygon& p : {star_polygon(n, seed), monotone_polygon(n, seed),
+                                 spiral_polygon(n), comb_polygon(n, 2.0 + random.integer(0, 200)),
+                                 convex_polygon(n), convex_polygon(n, 1000.0)})
+            for (const double scale : {1.0, std::pow(10.0, random.uniform(-6, 4))})
+                for (Polygon q : {p, snapped(p, step), densified(snapped(p, step), n + n / 3)}) {
+                    // Any vertex may be the first, and the place of the origin changes the
+                    // rounding.
+                    std::rotate(q.begin(), q.begin() + 2 * random.integer(0, vertex_count(q) - 1),
+                                q.end());
+                    const double offset = round % 3 == 0 ? 1e5 : 0.0;
+                    for (double& x : q)
+                        x = scale * x + offset;
+                    SCOPED_TRACE(::testing::Message() << "round " << round << ", case " << all);
+                    expect_as_plain(q, filled);
+                    ++all;
+                    ASSERT_FALSE(HasFatalFailure());
+                }
+    }
+    EXPECT_GT(filled, all / 3);
+}
+
+const Polygon square = {0, 0, 1, 0, 1, 1, 0, 1};
+
+TEST(PolyTriFill, FillsASquare) {
+    const Fill fill(square, true);
+    ASSERT_EQ(fill.status, 0);
+    EXPECT_EQ(fill.list(), (Triangles{{3, 0, 1, -1, 1, -1}, {3, 1, 2, -1, -1, 0}}));
+    EXPECT_EQ(fill.lists[1].num_neighbors, 1);
+    EXPECT_EQ(fill.lists[1].neighbors[0], 3);
+    EXPECT_EQ(fill.lists[1].neighbors[3], -1);
+    EXPECT_EQ(fill.lists[3].neighbors[0], 1);
+    EXPECT_EQ(fill.lists[0].num_neighbors + fill.lists[2].num_neighbors, 0);
+    EXPECT_EQ(PTF_validate_boundary(4, square.data()), 1);
+}
+
+TEST(PolyTriFill, AnswersWithAStatusAndClearedOutputs) {
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const struct {
+        Polygon polygon;
+        int status;
+    } cases[]{
+        {{}, 2},
+        {{0, 0, 1, 0}, 2},
+        {{0, 0, 1, 0, 0, 1}, 0},
+        {{0, 0, 0, 1, 1, 0}, 1},  // clockwise
+        {{0, 0, 1, 0, 2, 0}, 1},  // collinear
+        {{0, 0, 1e-5, 0, 0, 0.9999e-5}, 1},
+        {{0, 0, 1e-5, 0, 0, 1.0001e-5}, 0},
+        {reversed(square), 1},
+        {{0, 0, 1, 0, 1, 0, 1, 1, 0, 1}, 1},              // a point twice
+        {{0, 0, 2, 0, 2, 1, 3, 1, 2, 1, 2, 2, 0, 2}, 1},  // a spike
+        {{0, 0, 1, 1, 1, 0, 0, 1}, 1},                    // crosses itself
+        {{0, 0, 1, 0, nan, nan, 0, 1}, 0},  // what is no number is no degenerate triangle
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(::testing::PrintToString(c.polygon));
+        const Fill fill(c.polygon, true);
+        EXPECT_EQ(fill.status, c.status);
+        EXPECT_EQ(fill.count, c.status == 0 ? fill.size - 2 : 0);
+        for (const void* block :
+             {static_cast<const void*>(fill.triangles), static_cast<const void*>(fill.edges),
+              static_cast<const void*>(fill.lists)})
+            EXPECT_EQ(block == nullptr, c.status != 0);
+        EXPECT_EQ(PTF_validate_boundary(fill.size, c.polygon.data()), c.status == 0);
+    }
+    PTF_free_output(3, nullptr, nullptr, nullptr);
+}
+
+/// Areas add up, neighbours know each other, and every edge of the polygon has its triangle.
+void expect_valid(const Polygon& p) {
+    const Fill fill(p);
+    ASSERT_EQ(fill.status, 0);
+    const auto n = static_cast<std::size_t>(fill.size);
+    long double area = 0;
+    const auto x = [&](int i) { return &p[2 * static_cast<std::size_t>(i)]; };
+    for (int t = 0; t < fill.count; ++t) {
+        const PTF_triangle_t& r = fill.triangles[t];
+        const double twice =
+            doubled_area({x(r.a)[0], x(r.a)[1], x(r.b)[0], x(r.b)[1], x(r.c)[0], x(r.c)[1]});
+        ASSERT_GT(twice, 0);
+        area += twice;
+        const int corners[] = {r.a, r.b, r.c}, across[] = {r.across_bc, r.across_ca, r.across_ab};
+        for (int k = 0; k < 3; ++k) {
+            const int from = corners[(k + 1) % 3], to = corners[(k + 2) % 3];
+            if (across[k] < 0) {
+                ASSERT_EQ(to, (from + 1) % fill.size);
+                ASSERT_EQ(fill.edges[from].triangle, t);
+                ASSERT_EQ(fill.edges[from].edge, k + 1);
+                continue;
+            }
+            const PTF_triangle_t& o = fill.triangles[across[k]];
+            ASSERT_EQ((o.across_bc == t) + (o.across_ca == t) + (o.across_ab == t), 1);
+            ASSERT_TRUE((from == o.a || from == o.b || from == o.c) &&
+                        (to == o.a || to == o.b || to == o.c));
+        }
+    }
+    EXPECT_EQ(fill.count, static_cast<int>(n) - 2);
+    const double whole = doubled_area(p);
+    EXPECT_NEAR(static_cast<double>(area) / whole, 1.0, 1e-9);
+}
+
+TEST(PolyTriFill, FillsLargePolygons) {
+    // A million vertices when asked: ZTMATH_TEST_ROUNDS=10.
+    const int n = rounds(100'000);
+    expect_valid(star_polygon(n, 3));
+    expect_valid(monotone_polygon(n, 3));
+    expect_valid(spiral_polygon(n));
+    expect_valid(comb_polygon(n / 50, 20.0));
+    expect_valid(densified(star_polygon(300, 4), n));
+}
+
+TEST(PolyTriFill, EndsSoonOnLargePolygonsThatAreNone) {
+    const int n = 100'000;
+    Random random;
+    Polygon tangle, twice_around;
+    for (int i = 0; i < n; ++i) {
+        tangle.insert(tangle.end(), {random.uniform(-1000, 1000), random.uniform(-1000, 1000)});
+        add_polar(twice_around, 1000.0 + random.uniform(0, 1), 4 * M_PI * i / n);
+    }
+    Polygon sprinkled = star_polygon(n, 5);
+    for (std::size_t i = 0; i < sprinkled.size(); i += 77)
+        sprinkled[i] = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_EQ(PTF_validate_boundary(n, tangle.data()), 0);
+    EXPECT_EQ(PTF_validate_boundary(n, Polygon(2 * n, 1.0).data()), 0);
+    EXPECT_EQ(PTF_validate_boundary(n, reversed(star_polygon(n, 6)).data()), 0);
+    PTF_validate_boundary(n, sprinkled.data());
+    PTF_validate_boundary(n, twice_around.data());
+}
+
+}  // namespace

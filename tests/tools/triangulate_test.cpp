@@ -1,0 +1,137 @@
+// ztmath triangulate, as a person or a script calls it.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "outline.h"
+#include "run_tool.h"
+#include "support/polygons.h"
+#include "svg_document.h"
+
+namespace {
+
+using namespace ztmath_test;
+using nlohmann::json;
+
+std::string file_text(const Polygon& p) {
+    std::ostringstream text;
+    text.precision(17);
+    for (std::size_t i = 0; i < p.size(); i += 2)
+        text << p[i] << ' ' << p[i + 1] << '\n';
+    return text.str();
+}
+
+TEST(Triangulate, ExitCodesAndWordsTellWhatHappened) {
+    const Workshop w;
+    const struct {
+        const char* points;
+        int code;
+        const char* error;
+    } cases[]{
+        {"0 0\n1 0\n1 1\n0 1\n", 0, ""},
+        {"0 0\n1 0\n1 1\n0 1\n0 0\n", 0,
+         "note: the last point repeats the first and is left out\n"},
+        {"0 1\n1 1\n1 0\n0 0\n", 0, "note: the outline is clockwise and is turned round\n"},
+        {"0 0\n1 0\n", 1, "too few points: an outline needs 3\n"},
+        {"# x y\n0 0\n1 0\n1 0\n0 1\n", 1,
+         "the points on lines 3 and 4 are one and the same at (1.000000, 0)\n"},
+        {"0 0\n2 0\n2 1\n3 1\n2 1\n0 2\n", 1,
+         "the outline turns back on itself at the point on line 4 at (3.000000, 1.000000)\n"},
+        {"0 0\n4 0\n4 8\n2 -1\n", 1,
+         "the outline meets itself: the edge from line 1 to line 2 and the edge from line 3 to "
+         "line "
+         "4 at (2.222222, 0)\n"},
+        {"0 0\n4 0\n4 4\n2 0\n0 4\n", 1,
+         "the outline meets itself: the edge from line 1 to line 2 and the edge from line 3 to "
+         "line "
+         "4 at (2.000000, 0)\n"},
+        {"0 0\n1 x\n", 3, "2: \"x\" is not a number\n"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.points);
+        const auto outcome = w.run("triangulate -", c.points);
+        EXPECT_EQ(outcome.code, c.code);
+        EXPECT_EQ(outcome.error.substr(outcome.error.size() - std::string(c.error).size()),
+                  c.error);
+        EXPECT_EQ(outcome.error.empty(), *c.error == '\0');
+        EXPECT_EQ(outcome.out.empty(), c.code != 0);
+    }
+    EXPECT_EQ(w.run("triangulate --json --obj -").code, 2);
+    EXPECT_NE(w.run("triangulate --help").out.find("Exit codes:"), std::string::npos);
+}
+
+/// The areas of the triangles, each of which must be positive.
+double area_of(const json& triangles, const Polygon& p) {
+    double sum = 0;
+    for (const json& t : triangles) {
+        Polygon corners;
+        for (const json& number : t) {
+            const auto i = 2 * (number.get<std::size_t>() - 1);
+            corners.insert(corners.end(), {p[i], p[i + 1]});
+        }
+        EXPECT_GT(doubled_area(corners), 0.0);
+        sum += 0.5 * doubled_area(corners);
+    }
+    return sum;
+}
+
+TEST(Triangulate, FormatsHoldTheSameTrianglesInEveryUnitAndDirection) {
+    const Workshop w;
+    for (const double unit : {1.0, 1e-9, 1e9}) {
+        Polygon p = star_polygon(300, 8);
+        for (double& x : p)
+            x *= unit;
+        const double area = 0.5 * doubled_area(p);
+        for (const bool clockwise : {false, true}) {
+            const Polygon given = clockwise ? reversed(p) : p;
+            w.file("star", file_text(given));
+            for (const char* method : {"", "--ears "}) {
+                const std::string command = "triangulate " + std::string(method) + "star ";
+                const json result = json::parse(w.run(command + "--json").out);
+                const json& triangles = result["triangles"];
+                EXPECT_EQ(triangles.size(), 298U);
+                EXPECT_EQ(result["clockwise"], clockwise);
+                EXPECT_NEAR(result["area"].get<double>() / area, 1, 1e-12);
+                EXPECT_NEAR(area_of(triangles, given) / area, 1, 1e-12);
+                std::ostringstream rows, faces;
+                for (const json& t : triangles) {
+                    rows << t[0] << ' ' << t[1] << ' ' << t[2] << '\n';
+                    faces << "f " << t[0] << ' ' << t[1] << ' ' << t[2] << '\n';
+                }
+                EXPECT_EQ(w.run(command).out, rows.str());
+                const std::string mesh = w.run(command + "--obj").out;
+                EXPECT_EQ(std::count(mesh.begin(), mesh.end(), 'v'), 300);
+                EXPECT_EQ(mesh.substr(mesh.find('f')), faces.str());
+            }
+        }
+    }
+}
+
+TEST(Triangulate, DrawsEachDiagonalOnce) {
+    const Workshop w;
+    w.file("spiral", file_text(spiral_polygon(90)));
+    EXPECT_EQ(w.run("triangulate spiral --svg out.svg").code, 0);
+    const SvgDocument picture(contents(w.path("out.svg")));
+    ASSERT_TRUE(picture.well_formed());
+    EXPECT_EQ(picture.find("triangles", "side").size(), 87U);
+    EXPECT_EQ(picture.find("triangles", "outline").size(), 1U);
+    EXPECT_NE(picture.words("heading").find("90 vertices, 88 triangles"), std::string::npos);
+}
+
+TEST(Triangulate, FaultsOfLargeOutlinesAreFoundOneByOne) {
+    Polygon p = densified(star_polygon(500, 2), 200'000);
+    const auto fault = [&p] {
+        return tool::fault_of(
+            tool::outline_of({2, p, std::vector<std::uint32_t>(p.size() / 2, 1)}));
+    };
+    EXPECT_FALSE(fault());
+    p[2 * 150'000] = 0.0;  // a vertex is pulled to the middle of the star, and beyond
+    p[2 * 150'000 + 1] = 900.0;
+    ASSERT_TRUE(fault());
+    EXPECT_EQ(fault()->kind, tool::Fault::meets);
+}
+
+}  // namespace

@@ -41,6 +41,7 @@ std::vector<Call> fit_calls();
 std::vector<Call> dgeom_calls();
 std::vector<Call> facet_calls();
 std::vector<Call> polygon_calls();
+std::vector<Call> arc_plane_calls();
 
 const std::vector<Call>& interface_table();
 

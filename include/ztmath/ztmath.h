@@ -14,6 +14,7 @@
 
 #include <ztmath/acom.h>
 #include <ztmath/arc_spline.h>
+#include <ztmath/arc_spline_planes.h>
 #include <ztmath/arc_spline_primitives.h>
 #include <ztmath/banded.h>
 #include <ztmath/bc_pole.h>

@@ -32,6 +32,7 @@ struct Call {
     bool writes_shared = false;
 };
 
+std::vector<Call> arc_plane_calls();
 std::vector<Call> arc_spline_calls();
 std::vector<Call> curve_calls();
 std::vector<Call> curve_edit_calls();
@@ -44,10 +45,6 @@ std::vector<Call> polygon_calls();
 std::vector<Call> root_calls();
 std::vector<Call> solve_calls();
 std::vector<Call> transform_calls();
-
-/// Release what a row works on; to be called wherever a call may have been left.
-void release_held();
-void release_curves();
 
 const std::vector<Call>& interface_table();
 

@@ -6,6 +6,7 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <csetjmp>
 #include <limits>
@@ -115,13 +116,10 @@ struct Prepared {
     Arrays outputs;
     std::vector<double*> out;
 
-    Prepared(const Call& of, const Arrays& inputs) : call(of) {
-        for (const auto& array : inputs)
-            in.push_back(array.data());
+    Prepared(const Call& of, const Arrays& inputs) : call(of), in(pointers_to(inputs)) {
         for (const std::size_t length : of.outputs)
             outputs.emplace_back(length);
-        for (auto& array : outputs)
-            out.push_back(array.data());
+        out = pointers_to(outputs);
     }
 
     static void run(void* data) {
@@ -137,8 +135,7 @@ std::vector<Arrays> inputs_of(const Call& call, Random& random) {
     for (const double value : {std::numeric_limits<double>::quiet_NaN(), HUGE_VAL, 0.0}) {
         all.push_back(draw_inputs(call, random, Draw::regular));
         for (auto& array : all.back())
-            for (double& number : array)
-                number = value;
+            std::fill(array.begin(), array.end(), value);
     }
     return all;
 }

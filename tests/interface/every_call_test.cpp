@@ -39,12 +39,8 @@ Outcome overlapped(const Call& call, const Arrays& inputs, std::size_t input, st
     const std::vector<double> before = shared;
 
     Outcome outcome{0.0, separate.outputs};
-    std::vector<const double*> in;
-    std::vector<double*> out;
-    for (const auto& array : inputs)
-        in.push_back(array.data());
-    for (auto& array : outcome.outputs)
-        out.push_back(array.data());
+    auto in = pointers_to(inputs);
+    auto out = pointers_to(outcome.outputs);
     in[input] = &*start;
     out[output] = &*start + shift;
     outcome.result = call.run(in.data(), out.data());

@@ -1,6 +1,5 @@
 // Vectors and rotation matrices.
 #include "interface/row.h"
-#include "support/rotation.h"
 #include "ztmath/mtx3.h"
 #include "ztmath/vec2.h"
 #include "ztmath/vec3.h"
@@ -8,15 +7,6 @@
 namespace ztmath_test {
 
 namespace {
-
-/// Makes every array of nine a rotation.
-void prepare_rotations(Random& random, Arrays& inputs) {
-    for (auto& array : inputs)
-        if (array.size() == 9) {
-            const Matrix r = random_rotation(random);
-            array.assign(r.begin(), r.end());
-        }
-}
 
 /// Makes arrays of three the axes of a rotation, stretched.
 void prepare_axes(Random& random, Arrays& inputs) {

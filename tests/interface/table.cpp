@@ -9,8 +9,8 @@ const std::vector<Call>& interface_table() {
     static const std::vector<Call> table = [] {
         std::vector<Call> all;
         for (const auto rows :
-             {frame_calls, kit_calls, transform_calls, solve_calls, root_calls, fit_calls,
-              dgeom_calls, facet_calls, polygon_calls, curve_edit_calls, curve_calls}) {
+             {arc_spline_calls, curve_calls, curve_edit_calls, dgeom_calls, facet_calls, fit_calls,
+              frame_calls, kit_calls, polygon_calls, root_calls, solve_calls, transform_calls}) {
             auto more = rows();
             all.insert(all.end(), more.begin(), more.end());
         }
@@ -42,15 +42,9 @@ Arrays draw_inputs(const Call& call, Random& random, Draw draw) {
 
 Outcome outcome_of(const Call& call, const Arrays& inputs, double fill) {
     Outcome outcome{0.0, {}};
-    std::vector<const double*> in;
-    std::vector<double*> out;
-    for (const auto& array : inputs)
-        in.push_back(array.data());
     for (const std::size_t length : call.outputs)
         outcome.outputs.emplace_back(length, fill);
-    for (auto& array : outcome.outputs)
-        out.push_back(array.data());
-    outcome.result = call.run(in.data(), out.data());
+    outcome.result = call.run(pointers_to(inputs).data(), pointers_to(outcome.outputs).data());
     return outcome;
 }
 

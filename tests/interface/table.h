@@ -32,18 +32,18 @@ struct Call {
     bool writes_shared = false;
 };
 
-std::vector<Call> frame_calls();
-std::vector<Call> kit_calls();
-std::vector<Call> transform_calls();
-std::vector<Call> solve_calls();
-std::vector<Call> root_calls();
-std::vector<Call> fit_calls();
+std::vector<Call> arc_spline_calls();
+std::vector<Call> curve_calls();
+std::vector<Call> curve_edit_calls();
 std::vector<Call> dgeom_calls();
 std::vector<Call> facet_calls();
-std::vector<Call> curve_edit_calls();
-std::vector<Call> curve_calls();
-
+std::vector<Call> fit_calls();
+std::vector<Call> frame_calls();
+std::vector<Call> kit_calls();
 std::vector<Call> polygon_calls();
+std::vector<Call> root_calls();
+std::vector<Call> solve_calls();
+std::vector<Call> transform_calls();
 
 /// Release what a row works on; to be called wherever a call may have been left.
 void release_held();
@@ -56,6 +56,15 @@ enum class Draw { regular, whole_numbers, any_size };
 inline constexpr Draw draws[] = {Draw::regular, Draw::whole_numbers, Draw::any_size};
 
 Arrays draw_inputs(const Call& call, Random& random, Draw draw);
+
+/// Pointers to arrays, as a call takes them.
+template <class AnyArrays>
+auto pointers_to(AnyArrays& arrays) {
+    std::vector<decltype(arrays[0].data())> pointers;
+    for (auto& array : arrays)
+        pointers.push_back(array.data());
+    return pointers;
+}
 
 /// What a call gave back.
 struct Outcome {

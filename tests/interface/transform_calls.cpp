@@ -2,7 +2,6 @@
 #include <algorithm>
 
 #include "interface/row.h"
-#include "support/rotation.h"
 #include "ztmath/box3.h"
 #include "ztmath/csys.h"
 #include "ztmath/mc.h"
@@ -13,17 +12,6 @@
 namespace ztmath_test {
 
 namespace {
-
-/// Puts the axes of frames, and the blocks of transforms, in the place of numbers.
-void prepare_rotations(Random& random, Arrays& inputs) {
-    for (auto& array : inputs) {
-        const Matrix r = random_rotation(random);
-        if (array.size() == 12) std::copy(r.begin(), r.end(), array.begin() + 3);
-        if (array.size() != 16) continue;
-        for (std::size_t i = 0; i < 9; ++i)
-            array[i + i / 3] = r[i] + (i % 2 == 0 ? 1.0e-12 : 0);
-    }
-}
 
 /// Makes the inputs of MTX4_csys_to_csys origins and axes.
 void prepare_axes(Random& random, Arrays& inputs) {

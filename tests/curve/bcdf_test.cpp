@@ -25,8 +25,8 @@ Values values_of(const PNTLST* list) {
 
 PNTLST* new_list(const Values& values, int dimension) {
     PNTLST* list = PNTLST_allocate_struct(dimension, static_cast<int>(values.size()) / dimension);
-    PNTLST_replace_points(list, list->points_allocated, 0, values.data());
     list->num_points = list->points_allocated;
+    PNTLST_replace_points(list, list->num_points, 0, values.data());
     return list;
 }
 

@@ -46,6 +46,10 @@ std::vector<Call> root_calls();
 std::vector<Call> solve_calls();
 std::vector<Call> transform_calls();
 
+/// Release what a row works on; to be called wherever a call may have been left.
+void release_held();
+void release_curves();
+
 const std::vector<Call>& interface_table();
 
 /// How the numbers of an input are drawn.

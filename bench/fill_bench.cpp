@@ -119,9 +119,11 @@ void add(const std::string& problem, const char* who, Runner runner, Maker maker
 }
 
 const bool added = [] {
-    const std::vector<int> sizes{10, 100, 1'000, 10'000, 100'000, 1'000'000};
+    const std::vector<int> all_sizes{10, 100, 1'000, 10'000, 100'000, 1'000'000};
     for (const auto& [kind, maker] : kinds) {
         const std::string name = kind;
+        // Teeth on one straight edge are the worst case: a hundred thousand take seconds.
+        const std::vector<int> sizes(all_sizes.begin(), all_sizes.end() - (name == "comb" ? 2 : 0));
         add("fill_" + name, "ztmath", fill_ztmath, maker, sizes);
         add("fill_" + name, "cgal", fill_cgal, maker, sizes);
         add("ears_" + name, "ztmath", clip_ztmath, maker, {10, 100, 1'000, 10'000, 100'000});

@@ -9,7 +9,8 @@
  * prefers the triangle whose circumcircle holds no other vertex that can be seen from the edge, so
  * that, but for ties, it is the constrained Delaunay triangulation (Lee and Lin, 1986) of the
  * polygon. On real outlines time grows little faster than n, and memory, but for the lists of
- * neighbours, with n.
+ * neighbours, with n. Thousands of teeth along one straight edge, as of a rack, take time that grows
+ * with n squared; so may outlines that are not simple.
  *
  * Triangles with twice an area of at most 1e-10 count as degenerate, and points are told apart to
  * about 1e-10: polygons far smaller than a millimetre, or far larger than a kilometre, should be

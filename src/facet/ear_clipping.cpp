@@ -150,10 +150,7 @@ class EarClipping {
     /// The first ear from a position on. The last position is taken unseen.
     int next_ear(int start) {
         const int last = corners_[start].previous;
-        for (int at = next_open(start); at != none; at = next_open(at)) {
-            const bool passed_last =
-                start <= last ? at < start || at >= last : at >= last && at < start;
-            if (passed_last) return last;
+        for (int at = next_open(start); at != none && at != last; at = next_open(at)) {
             const int witness = corner_inside(at);
             if (witness == none) return at;
             wait_for(at, witness);

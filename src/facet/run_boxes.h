@@ -149,7 +149,7 @@ class RunBoxes {
     const Box2& whole() { return boxes_[start_[levels_ - 1]]; }
 
   private:
-    static constexpr int leaf_shift = 3;  // eight points to a run of the lowest level
+    static constexpr int leaf_shift = 4;  // sixteen points to a run of the lowest level
     static constexpr int fan_shift = 2;   // and four runs to one of the next
     static constexpr int leaf = 1 << leaf_shift;
     static constexpr int fan = 1 << fan_shift;

@@ -1,8 +1,8 @@
 // Ear clipping against the plain rule, which tests every corner anew.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
-#include <list>
 #include <vector>
 
 #include "support/polygons.h"
@@ -84,8 +84,8 @@ TEST(EarClipping, IsThePlainRuleTriangleForTriangle) {
     const NoBlocksLeft watch;
     Random random;
     const Frame flat({0, 0, 0}, identity);
-    for (int round = 0; round < rounds(100); ++round) {
-        const int n = round % 20 == 0 ? random.integer(100, 250) : random.integer(3, 70);
+    for (int round = 0; round < rounds(30); ++round) {
+        const int n = round % 15 == 0 ? random.integer(100, 200) : random.integer(3, 50);
         const auto seed = static_cast<std::uint64_t>(round + 1);
         const double step = std::pow(2.0, random.integer(0, 8));
         Polygon crossing;
@@ -102,6 +102,43 @@ TEST(EarClipping, IsThePlainRuleTriangleForTriangle) {
                         << "round " << round;
                 }
     }
+}
+
+TEST(EarClipping, CountsAndFirstEars) {
+    const CheckingLevel checking(1);
+    ReportRecorder recorder;
+    const Frame flat({0, 0, 0}, identity);
+    EXPECT_EQ(clipping(lifted(convex_polygon(5), flat), {0, 0, 1}),
+              (std::vector<int>{4, 0, 1, 4, 1, 2, 4, 2, 3}));
+    // No corner is an ear: clockwise, the last position is clipped all the same.
+    EXPECT_EQ(clipping(lifted(reversed(convex_polygon(4)), flat), {0, 0, 1}),
+              (std::vector<int>{2, 3, 0, 1, 2, 0}));
+    const Vectors two(2);
+    FACET_ask_triangles_of_polygon(2, two[0].data(), two[0].data(), nullptr);
+    EXPECT_EQ(recorder.take(), Reports{});
+    FACET_ask_triangles_of_polygon(1, two[0].data(), two[0].data(), nullptr);
+    EXPECT_EQ(recorder.take(),
+              Reports{assertion("facet_util_math", "n_triangles == n_original_vertices - 2")});
+}
+
+TEST(EarClipping, EndsSoonOnLargePolygons) {
+    const int n = rounds(50'000);
+    const Frame flat({0, 0, 0}, identity);
+    for (const Polygon& p : {monotone_polygon(n, 2), densified(star_polygon(300, 2), n)}) {
+        const std::vector<int> triangles = clipping(lifted(p, flat), {0, 0, 1});
+        long double area = 0;
+        for (std::size_t t = 0; t < triangles.size(); t += 3) {
+            Polygon corners;
+            for (std::size_t k = t; k < t + 3; ++k) {
+                const auto i = 2 * static_cast<std::size_t>(triangles[k]);
+                corners.insert(corners.end(), {p[i], p[i + 1]});
+            }
+            area += doubled_area(corners);
+        }
+        EXPECT_NEAR(static_cast<double>(area) / doubled_area(p), 1, 1e-9);
+    }
+    Vectors nowhere(static_cast<std::size_t>(n), {NAN, 0, 0});
+    clipping(nowhere, {0, 0, 1});
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 
 #include "support/reports.h"
 #include "support/session.h"
@@ -14,168 +13,120 @@ namespace {
 
 using namespace ztmath_test;
 
-Vector at(const Vector& origin, double t, const Vector& direction) {
-    Vector p;
-    FACET_point_on_param_line(origin.data(), direction.data(), t, p.data());
-    return p;
-}
-
 Vector difference(const Vector& a, const Vector& b) {
     return moved(a, -1, b);
 }
 
-TEST(FacetLines, ClosestPointsAndDistancesOfSkewLines) {
+TEST(FacetLinesAndPlanes, MeetWhereTheyAreClosest) {
     Random random;
     for (int round = 0; round < rounds(100); ++round) {
         const Vector a = random.vector(), u = random.vector(), b = random.vector(),
-                     v = random.vector();
+                     v = random.vector(), n = random_unit(random), m = random_unit(random);
+        const double d = random.normal(), e = random.normal(), tolerance = 1e-10;
         double s, t;
+        Vector p, q, direction;
         FACET_line_line_closest_point(a.data(), u.data(), b.data(), v.data(), &s, &t);
-        const Vector gap = difference(at(b, t, v), at(a, s, u));
-        EXPECT_NEAR(dot(gap, u), 0, 1e-11);
-        EXPECT_NEAR(dot(gap, v), 0, 1e-11);
-        const double distance = FACET_line_line_dist(a.data(), u.data(), b.data(), v.data());
-        EXPECT_NEAR(std::fabs(distance), length(gap), 1e-11);
-        EXPECT_EQ(distance > 0, dot(difference(b, a), cross(u, v)) > 0);
+        FACET_point_on_param_line(a.data(), u.data(), s, p.data());
+        const Vector gap = difference(moved(b, t, v), p);
+        EXPECT_NEAR(dot(gap, u) + dot(gap, v), 0, tolerance);
+        const double distance_of_lines =
+            FACET_line_line_dist(a.data(), u.data(), b.data(), v.data());
+        EXPECT_NEAR(distance_of_lines, dot(gap, cross(u, v)) / length(cross(u, v)), tolerance);
 
-        Vector foot;
-        double r;
-        FACET_point_line_proj(b.data(), a.data(), u.data(), 0, foot.data(), &r);
-        EXPECT_EQ(foot, at(a, r, u));
-        EXPECT_NEAR(dot(difference(b, foot), u), 0, 1e-13);
-        EXPECT_NEAR(FACET_line_point_dist(a.data(), at(a, 1, u).data(), b.data()),
-                    length(difference(b, foot)), 1e-13);
+        FACET_point_line_proj(b.data(), a.data(), u.data(), 0, p.data(), &t);
+        EXPECT_LE(distance(p, moved(a, t, u)), 1e-14);
+        EXPECT_NEAR(dot(difference(b, p), u), 0, 1e-13);
+        EXPECT_NEAR(FACET_line_point_dist(a.data(), moved(a, 1, u).data(), b.data()),
+                    length(difference(b, p)), 1e-13);
         EXPECT_NEAR(std::cos(FACET_compute_undirected_angle(u.data(), v.data())),
                     dot(u, v) / length(u) / length(v), 1e-14);
+
+        ASSERT_EQ(FACET_line_int_plane(a.data(), b.data(), n.data(), d, p.data(), &t), 0);
+        EXPECT_LE(distance(p, moved(a, t, difference(b, a))), 1e-12 * (1 + std::fabs(t)));
+        EXPECT_NEAR(FACET_point_plane_dist(p.data(), n.data(), d), 0, 1e-12 * (1 + std::fabs(t)));
+        ASSERT_EQ(FACET_point_plane_proj(a.data(), n.data(), d, q.data()), 0);
+        EXPECT_LE(distance(q, moved(a, -dot(n, a) - d, n)), 1e-14);
+        FACET_ask_point_on_plane(scaled(n, 3).data(), d, q.data());
+        EXPECT_LE(distance(q, scaled(n, -d)), 1e-14);
+        ASSERT_EQ(FACET_plane_plane_int(n.data(), d, m.data(), e, p.data(), direction.data()), 2);
+        EXPECT_LE(distance(direction, cross(n, m)), 1e-15);
+        EXPECT_NEAR(dot(n, p) + d, 0, 1e-12 / dot(direction, direction));
+        EXPECT_NEAR(dot(m, p) + e, 0, 1e-12 / dot(direction, direction));
     }
 }
 
-TEST(FacetLines, ParallelAndNullDirections) {
-    const Vector a = {1, 0, 0}, b = {3, 1, 0}, none = {0, 0, 0};
-    const auto expect_closest = [&](const Vector& u, const Vector& v, double s, double t) {
-        double s_out, t_out;
-        FACET_line_line_closest_point(a.data(), u.data(), b.data(), v.data(), &s_out, &t_out);
-        EXPECT_DOUBLE_EQ(s_out, s);
-        EXPECT_DOUBLE_EQ(t_out, t);
-    };
-    expect_closest({1, 0, 0}, {1, 0, 0}, 0, -2);
-    expect_closest({1, 0, 0}, {2, 0, 0}, 0, -4.0 / 16);  // by the square of the squared length
-    expect_closest({2, 0, 0}, {9e-4, 0, 0}, 4.0 / 16, 0);
-    expect_closest({2, 0, 0}, {1.1e-3, 0, 0}, 0, -2 * 1.1e-3 / (1.21e-6 * 1.21e-6));
-    expect_closest({9e-4, 0, 0}, {9e-4, 0, 0}, 0, 0);
-    expect_closest({1, 0, 0}, {1, 9.9e-6, 0}, 0, -2.0000099 / std::pow(1 + 9.9e-6 * 9.9e-6, 2));
-    EXPECT_NEAR(
-        FACET_line_line_dist(a.data(), Vector{1, 0, 0}.data(), b.data(), Vector{-2, 0, 0}.data()),
-        1, 1e-15);
-    EXPECT_EQ(FACET_line_point_dist(a.data(), at(a, 0.99e-5, {1, 0, 0}).data(), b.data()),
+TEST(FacetLinesAndPlanes, ParallelOrWithoutDirection) {
+    const Vector a = {1, 0, 0}, b = {3, 1, 0}, none = {0, 0, 0}, z = {0, 0, 1};
+    const struct {
+        double u, v, s, t;
+    } parallels[] = {{1, 1, 0, -2},
+                     {1, 2, 0, -4.0 / 16},  // by the square of the squared length
+                     {2, 9e-4, 4.0 / 16, 0},
+                     {9e-4, 9e-4, 0, 0},
+                     {2, 1.1e-3, 0, -2.2e-3 / (1.21e-6 * 1.21e-6)}};
+    double s, t;
+    Vector p, direction;
+    for (const auto& c : parallels) {
+        FACET_line_line_closest_point(a.data(), Vector{c.u, 0, 0}.data(), b.data(),
+                                      Vector{c.v, 0, 0}.data(), &s, &t);
+        EXPECT_DOUBLE_EQ(s, c.s);
+        EXPECT_DOUBLE_EQ(t, c.t);
+    }
+    EXPECT_EQ(FACET_line_line_dist(a.data(), a.data(), b.data(), Vector{-2, 0, 0}.data()), 1);
+    EXPECT_EQ(FACET_line_point_dist(a.data(), Vector{1 + 9e-6, 0, 0}.data(), b.data()),
               std::sqrt(5.0));
-    EXPECT_EQ(FACET_compute_undirected_angle(a.data(), none.data()), 0);
-
-    Vector foot;
-    double t;
-    FACET_point_line_proj(b.data(), a.data(), none.data(), 0, foot.data(), &t);
-    EXPECT_EQ(foot, a);
-    FACET_point_line_proj(b.data(), a.data(), Vector{2, 0, 0}.data(), 1, foot.data(), &t);
+    FACET_point_line_proj(b.data(), a.data(), Vector{2, 0, 0}.data(), 1, p.data(), &t);
     EXPECT_EQ(t, 4);
-
     for (const auto& [unitize, length, expected] :
-         {std::array{1.0, 5.0, 1.0}, {2, 5, 5}, {0, 5, 5}, {1, 1e-6, 1e-6}}) {
-        std::array<double, 6> line;
+         {std::array{1.0, 5.0, 1.0}, {2, 5, 5}, {1, 1e-6, 1e-6}}) {
+        double line[6];
         FACET_points_to_param_line(none.data(), Vector{0, length, 0}.data(),
-                                   static_cast<int>(unitize), line.data());
-        EXPECT_EQ(line, (std::array{0.0, 0.0, 0.0, 0.0, expected, 0.0}));
+                                   static_cast<int>(unitize), line);
+        EXPECT_EQ(line[4], expected);
     }
-}
-
-TEST(FacetPlanes, WhatMeetsThemLiesInThem) {
-    Random random;
-    for (int round = 0; round < rounds(100); ++round) {
-        const Vector n1 = random_unit(random), n2 = random_unit(random), a = random.vector(),
-                     b = random.vector();
-        const double d1 = random.normal(), d2 = random.normal();
-        const auto height = [](const Vector& p, const Vector& n, double d) {
-            return FACET_point_plane_dist(p.data(), n.data(), d);
-        };
-        Vector p, direction;
-        double t;
-        ASSERT_EQ(FACET_line_int_plane(a.data(), b.data(), n1.data(), d1, p.data(), &t), 0);
-        EXPECT_NEAR(height(p, n1, d1), 0, 1e-12 * (1 + std::fabs(t)));
-        EXPECT_LE(distance(p, at(a, t, difference(b, a))), 1e-12 * (1 + std::fabs(t)));
-        ASSERT_EQ(FACET_point_plane_proj(a.data(), n1.data(), d1, p.data()), 0);
-        EXPECT_LE(distance(at(p, height(a, n1, d1), n1), a), 1e-14);
-        FACET_ask_point_on_plane(scaled(n1, 3).data(), d1, p.data());
-        EXPECT_LE(distance(p, scaled(n1, -d1)), 1e-14);
-        ASSERT_EQ(FACET_plane_plane_int(n1.data(), d1, n2.data(), d2, p.data(), direction.data()),
-                  2);
-        EXPECT_LE(distance(direction, cross(n1, n2)), 1e-15);
-        EXPECT_NEAR(height(p, n1, d1), 0, 1e-12 / dot(direction, direction));
-        EXPECT_NEAR(height(p, n2, d2), 0, 1e-12 / dot(direction, direction));
-    }
-}
-
-TEST(FacetPlanes, ParallelsAreToldApart) {
-    const Vector z = {0, 0, 1}, down = {0, 0, -1};
     const struct {
         Vector normal;
         double d;
         int relation;
-    } cases[] = {{z, 5, 0},    {down, -5, 0},           {z, 5 + 0.9e-10, 0},    {z, 5 + 1.1e-10, 1},
-                 {down, 5, 1}, {{0, 0.99e-5, 1}, 6, 1}, {{0, 1.01e-5, 1}, 6, 2}};
-    for (const auto& c : cases) {
-        Vector point = {7, 7, 7}, direction = {7, 7, 7};
-        EXPECT_EQ(FACET_plane_plane_int(z.data(), 5, c.normal.data(), c.d, point.data(),
-                                        direction.data()),
-                  c.relation);
-        EXPECT_EQ(point[0] == 7, c.relation != 2);
+    } planes[] = {{z, 5 + 0.9e-10, 0}, {z, 5 + 1.1e-10, 1},     {{0, 0, -1}, -5, 0},
+                  {{0, 0, -1}, 5, 1},  {{0, 0.99e-5, 1}, 6, 1}, {{0, 1.01e-5, 1}, 6, 2}};
+    for (const auto& c : planes) {
+        p = {7, 7, 7};
+        EXPECT_EQ(
+            FACET_plane_plane_int(z.data(), 5, c.normal.data(), c.d, p.data(), direction.data()),
+            c.relation);
+        EXPECT_EQ(p[0] == 7, c.relation != 2);
         EXPECT_EQ(direction[0], -c.normal[1]);
     }
-    Vector point = {7, 7, 7};
-    double t = 7;
-    for (const double rise : {0.0, 0.99e-10, 1.01e-10})
-        EXPECT_EQ(FACET_line_int_plane(Vector{0, 0, 0}.data(), Vector{1, 0, rise}.data(), z.data(),
-                                       0, point.data(), &t),
-                  rise < 1e-10);
-    EXPECT_EQ(t, 0);
-    EXPECT_EQ(FACET_point_plane_proj(z.data(), Vector{0, 0, 0.99e-5}.data(), 7, point.data()), 1);
-    EXPECT_EQ(point[2], 0);
-    FACET_ask_point_on_plane(Vector{0, 0, 1e-10}.data(), 7, point.data());
-    EXPECT_EQ(length(point), 0);
+    for (const double rise : {0.99e-10, 1.01e-10})
+        EXPECT_EQ(
+            FACET_line_int_plane(none.data(), Vector{1, 0, rise}.data(), z.data(), 1, p.data(), &t),
+            rise < 1e-10);
+    EXPECT_EQ(FACET_point_plane_proj(z.data(), Vector{0, 0, 0.99e-5}.data(), 7, p.data()), 1);
 }
 
 TEST(ShepardsWeights, FallWithThePowerOfTheDistance) {
-    Random random;
-    for (const double power : {1.0, 2.0, 0.5, -1.0}) {
-        std::array<double, 9> distances, weights;
-        long double sum = 0;
-        for (double& distance : distances) {
-            distance = random.uniform(0.1, 5);
-            sum += std::pow(static_cast<long double>(distance), -power);
-        }
-        FACET_shepards_weights(9, distances.data(), 0.01, power, weights.data());
-        for (std::size_t i = 0; i < 9; ++i)
-            EXPECT_NEAR(
-                weights[i],
-                static_cast<double>(std::pow(static_cast<long double>(distances[i]), -power) / sum),
-                1e-15);
-    }
+    const std::array distances = {2.0, 0.5, 1e-9, 3.0};
     std::array<double, 4> weights;
-    FACET_shepards_weights(4, std::array{1.0, 0.0, 1e-9, 2.0}.data(), 1e-9, 1, weights.data());
+    for (const double power : {1.0, 2.5}) {
+        FACET_shepards_weights(4, distances.data(), 0.9e-9, power, weights.data());
+        EXPECT_NEAR(weights[0] + weights[1] + weights[2] + weights[3], 1, 1e-15);
+        EXPECT_NEAR(weights[0] / weights[1], std::pow(0.25, power), 1e-15);
+        EXPECT_NEAR(weights[3] / weights[2], std::pow(1e-9 / 3, power), 1e-24);
+    }
+    FACET_shepards_weights(4, distances.data(), 2, 1, weights.data());  // the last within eps
     EXPECT_EQ(weights, (std::array{0.0, 0.0, 1.0, 0.0}));
 }
 
-/// A facet with the given corners whose first has the identifier 5.
-FACET_facet_t facet(const Vector& p, const Vector& q, const Vector& r) {
-    FACET_facet_t f{{}, {5, 6, 7}, {}};
-    const Vector across = cross(difference(q, p), difference(r, p));
-    std::copy_n(p.data(), 3, f.vertices[0]);
-    std::copy_n(q.data(), 3, f.vertices[1]);
-    std::copy_n(r.data(), 3, f.vertices[2]);
-    std::copy_n(scaled(across, 1 / length(across)).data(), 3, f.normal);
+/// A facet whose corner p has the identifier 5 and stands at a place of its own.
+FACET_facet_t facet(const Vector& p, const Vector& u, const Vector& v, int at = 0) {
+    FACET_facet_t f{{}, {6, 6, 6}, {}};
+    const Vector corners[] = {p, moved(p, 1, u), moved(p, 1, v)};
+    for (int i = 0; i < 3; ++i)
+        std::copy_n(corners[i].data(), 3, f.vertices[(at + i) % 3]);
+    f.ids[at] = 5;
+    std::copy_n(scaled(cross(u, v), 1 / std::fmax(length(cross(u, v)), 1e-9)).data(), 3, f.normal);
     return f;
-}
-
-double area(const FACET_facet_t& f) {
-    return FACET_ask_triangle_area(f.vertices[0], f.vertices[1], f.vertices[2]);
 }
 
 Vector vertex_normal(const std::vector<FACET_facet_t>& facets, int weight_type, double tolerance,
@@ -194,16 +145,16 @@ TEST(VertexNormal, IsWeightedByAreasOrOuterAngles) {
         std::vector<FACET_facet_t> facets;
         Vector by_area = {0, 0, 0}, by_angle = {0, 0, 0};
         for (int i = 0; i < count; ++i) {
-            const Vector p = random.vector(), u = random.vector(), v = random.vector();
-            facets.push_back(facet(p, moved(p, 1, u), moved(p, 1, v)));
-            std::rotate(facets[i].ids, facets[i].ids + i % 3, facets[i].ids + 3);
-            double* const corners = facets[i].vertices[0];
-            std::rotate(corners, corners + 3 * (i % 3), corners + 9);
-            EXPECT_NEAR(area(facets[i]), length(cross(u, v)) / 2, 1e-12);
-            const Vector normal = scaled(cross(u, v), 1 / length(cross(u, v)));
-            by_area = moved(by_area, length(cross(u, v)), normal);
-            const double inner = 180 / M_PI * std::acos(dot(u, v) / length(u) / length(v));
-            by_angle = moved(by_angle, std::fmax(360 - inner, 300), normal);
+            const Vector u = random.vector(), v = random.vector();
+            const FACET_facet_t f = facet(random.vector(), u, v, i % 3);
+            facets.push_back(f);
+            const double area =
+                FACET_ask_triangle_area(f.vertices[0], f.vertices[1], f.vertices[2]);
+            EXPECT_NEAR(area, length(cross(u, v)) / 2, 1e-12);
+            const double outer = 360 - 180 / M_PI * std::acos(dot(u, v) / length(u) / length(v));
+            by_area = moved(by_area, 1, cross(u, v));
+            by_angle =
+                moved(by_angle, std::fmax(outer, 300), {f.normal[0], f.normal[1], f.normal[2]});
         }
         EXPECT_LE(distance(vertex_normal(facets, 0, 1e-6), scaled(by_area, 1 / length(by_area))),
                   1e-11);
@@ -215,32 +166,40 @@ TEST(VertexNormal, IsWeightedByAreasOrOuterAngles) {
 
 TEST(VertexNormal, ReportsWhatItCannotWeigh) {
     const auto said = [](const char* text) { return internal("facet_util_math", text); };
-    ReportRecorder recorder;
-    const Vector z = {0, 0, 1};
-    const FACET_facet_t good = facet({0, 0, 0}, {1, 0, 0}, {0, 1, 0});
-    FACET_facet_t flat = facet({0, 0, 0}, {0, 2, 0}, {0, 0, 1});
-    std::copy_n(flat.vertices[1], 3, flat.vertices[2]);
-    EXPECT_EQ(area(flat), 0);
-    EXPECT_EQ(vertex_normal({flat, good}, 0, 1e-3), z);
-    EXPECT_EQ(vertex_normal({flat}, 0, 1e-3), (Vector{0, 0, 0}));
-    EXPECT_EQ(recorder.take(), Reports(2, said("Zero area facet occurred.")));
-    EXPECT_EQ(vertex_normal({good}, 0, 1.01), z);  // small: reported and weighed
-    EXPECT_EQ(recorder.take(), Reports{said("Zero area facet occurred.")});
-
+    const Report flat_said = said("Zero area facet occurred."),
+                 type_said = said("The requested type of weights is not recognizable.");
+    const Vector x = {1, 0, 0}, y = {0, 1, 0}, z = {0, 0, 1}, none = {0, 0, 0};
+    const FACET_facet_t good = facet(none, x, y), flat = facet(none, y, y),
+                        wide = facet(none, scaled(y, 4), scaled(z, 4));
     FACET_facet_t elsewhere = flat;
     elsewhere.ids[0] = 8;
-    EXPECT_EQ(vertex_normal({elsewhere, good}, 1, 1e-3, 0, 0), z);
-    EXPECT_EQ(recorder.take(), (Reports{said("The common vertex is not input as expected."),
-                                        said("The facet is not incident at the given vertex.")}));
-    EXPECT_EQ(vertex_normal({good, good}, 2, 1e-3), (Vector{0, 0, 0}));
-    EXPECT_EQ(recorder.take(),
-              Reports(2, said("The requested type of weights is not recognizable.")));
-
-    // Areas whose reciprocal is within half the squared tolerance decide alone, the last of them.
-    const FACET_facet_t large = facet({0, 0, 0}, {0, 4, 0}, {0, 0, 4});
-    EXPECT_EQ(vertex_normal({large, facet({0, 0, 0}, {3, 0, 0}, {0, 0, 2})}, 0, 0.6),
-              (Vector{1, 0, 0}));
-    EXPECT_EQ(recorder.take(), Reports{});
+    const struct {
+        std::vector<FACET_facet_t> facets;
+        int weight_type;
+        double tolerance;
+        int given;
+        Vector normal;
+        Reports reports;
+    } cases[] = {
+        {{flat, good}, 0, 1e-3, 1, z, {flat_said}},
+        {{flat}, 0, 1e-3, 1, none, {flat_said}},
+        {{good}, 0, 1.01, 1, z, {flat_said}},  // small: reported, and weighed
+        {{elsewhere, good},
+         1,
+         1e-3,
+         0,
+         z,
+         {said("The common vertex is not input as expected."),
+          said("The facet is not incident at the given vertex.")}},
+        {{good, good}, 2, 1e-3, 1, none, {type_said, type_said}},
+        // An area whose reciprocal is within half the squared tolerance decides alone.
+        {{wide, facet(none, scaled(x, 3), scaled(z, 2))}, 0, 0.6, 1, x, {}},
+    };
+    for (const auto& c : cases) {
+        ReportRecorder recorder;
+        EXPECT_EQ(vertex_normal(c.facets, c.weight_type, c.tolerance, 0, c.given), c.normal);
+        EXPECT_EQ(recorder.take(), c.reports);
+    }
 }
 
 }  // namespace

@@ -145,8 +145,8 @@ TEST(PolyTriFill, IsThePlainRuleTriangleForTriangle) {
     const NoBlocksLeft watch;
     Random random;
     int filled = 0, all = 0;
-    for (int round = 0; round < rounds(250); ++round) {
-        const int n = round % 25 == 0 ? random.integer(100, 500) : random.integer(3, 80);
+    for (int round = 0; round < rounds(120); ++round) {
+        const int n = round % 20 == 0 ? random.integer(100, 300) : random.integer(3, 80);
         const auto seed = static_cast<std::uint64_t>(round + 1);
         const double step = std::pow(2.0, random.integer(-3, 8));
         for (const Polygon& p : {star_polygon(n, seed), monotone_polygon(n, seed),

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "interface/table.h"
+#include "interface/row.h"
 #include "ztmath/lsfit.h"
 
 namespace ztmath_test {
@@ -10,19 +10,6 @@ namespace ztmath_test {
 namespace {
 
 constexpr int fitted = 20;
-
-template <int n>
-double plane(In in, Out out) {
-    int collinear = -1;
-    LSFIT_plane_to_points(in[0], n, out[0], out[1], &collinear, out[2]);
-    return collinear;
-}
-
-double plane_line(In in, Out out) {
-    int coincident = -1;
-    LSFIT_line_to_points_2d(in[0], fitted, out[0], out[1], &coincident, out[2]);
-    return coincident;
-}
 
 /// With a plane of the caller's or, for a null normal, one that is fitted.
 template <bool own_plane>
@@ -49,24 +36,10 @@ void prepare_round(Random& random, Arrays& inputs) {
 }
 
 template <int n>
-double plane_circle(In in, Out out) {
-    int failed = -1;
-    LSFIT_circle_to_points_2d(in[0], n, out[0], out[1], &failed, out[2]);
-    return failed;
-}
-
-template <int n>
 double space_circle(In in, Out out) {
     std::copy_n(in[1], 3, out[1]);
     int failed = -1;
     LSFIT_circle_to_points_3d(in[0], n, out[0], out[1], out[2], out[3], &failed, out[4], out[5]);
-    return failed;
-}
-
-template <int n>
-double sphere(In in, Out out) {
-    int failed = -1;
-    LSFIT_sphere_to_points_3d(in[0], n, out[0], out[1], &failed, out[2]);
     return failed;
 }
 
@@ -80,41 +53,21 @@ void prepare_no_normal(Random&, Arrays& inputs) {
 std::vector<Call> fit_calls() {
     constexpr int many = 300;  // more than work memory holds in place
     return {
-        {"LSFIT_plane_to_points", {3 * fitted}, {3, 3, 3}, plane<fitted>},
-        {"LSFIT_plane_to_points", {0}, {3, 3, 3}, plane<0>},
-        {"LSFIT_line_to_points_2d", {2 * fitted}, {2, 2, 3}, plane_line},
-        {"LSFIT_line_to_points_3d",
-         {3 * fitted, 3},
-         {3, 3, 3, 3, 12},
-         space_line<true>,
-         nullptr,
-         false},
-        {"LSFIT_line_to_points_3d",
-         {3 * fitted, 3},
-         {3, 3, 3, 3, 12},
-         space_line<false>,
-         nullptr,
-         false},
-        {"LSFIT_circle_to_points_2d",
-         {2 * fitted},
-         {2, 1, 3},
-         plane_circle<fitted>,
-         prepare_round<2>},
-        {"LSFIT_circle_to_points_2d", {2 * 3}, {2, 1, 3}, plane_circle<3>},
-        {"LSFIT_circle_to_points_3d",
-         {3 * fitted, 3},
-         {3, 3, 3, 1, 3, 12},
-         space_circle<fitted>,
-         prepare_round<3>,
-         false},
-        {"LSFIT_circle_to_points_3d",
-         {3 * many, 3},
-         {3, 3, 3, 1, 3, 12},
-         space_circle<many>,
-         prepare_no_normal,
-         false},
-        {"LSFIT_sphere_to_points_3d", {3 * fitted}, {3, 1, 3}, sphere<fitted>, prepare_round<3>},
-        {"LSFIT_sphere_to_points_3d", {3 * 4}, {3, 1, 3}, sphere<4>},
+        row<LSFIT_plane_to_points, fitted>("LSFIT_plane_to_points", {3 * fitted}, {3, 3, 3}),
+        row<LSFIT_plane_to_points, 0>("LSFIT_plane_to_points", {0}, {3, 3, 3}),
+        row<LSFIT_line_to_points_2d, fitted>("LSFIT_line_to_points_2d", {2 * fitted}, {2, 2, 3}),
+        copying("LSFIT_line_to_points_3d", {3 * fitted, 3}, {3, 3, 3, 3, 12}, space_line<true>),
+        copying("LSFIT_line_to_points_3d", {3 * fitted, 3}, {3, 3, 3, 3, 12}, space_line<false>),
+        row<LSFIT_circle_to_points_2d, fitted>("LSFIT_circle_to_points_2d", {2 * fitted}, {2, 1, 3},
+                                               prepare_round<2>),
+        row<LSFIT_circle_to_points_2d, 3>("LSFIT_circle_to_points_2d", {2 * 3}, {2, 1, 3}),
+        copying("LSFIT_circle_to_points_3d", {3 * fitted, 3}, {3, 3, 3, 1, 3, 12},
+                space_circle<fitted>, prepare_round<3>),
+        copying("LSFIT_circle_to_points_3d", {3 * many, 3}, {3, 3, 3, 1, 3, 12}, space_circle<many>,
+                prepare_no_normal),
+        row<LSFIT_sphere_to_points_3d, fitted>("LSFIT_sphere_to_points_3d", {3 * fitted}, {3, 1, 3},
+                                               prepare_round<3>),
+        row<LSFIT_sphere_to_points_3d, 4>("LSFIT_sphere_to_points_3d", {3 * 4}, {3, 1, 3}),
     };
 }
 

@@ -13,7 +13,8 @@
 
 namespace ztmath_test {
 
-/// The next argument of a call: an input array, a number in an array of its own, an output array.
+/// The next argument of a call: an input array, a number in an array of its own, an output array,
+/// an integer that the row gives, one that comes back.
 struct Arguments {
     template <class Parameter>
     Parameter next() {
@@ -21,31 +22,41 @@ struct Arguments {
             return *out++;
         else if constexpr (std::is_same_v<Parameter, const double*>)
             return *in++;
-        else
+        else if constexpr (std::is_same_v<Parameter, double>)
             return **in++;
+        else if constexpr (std::is_same_v<Parameter, int*>)
+            return &flag;
+        else
+            return *integers++;
     }
     In in;
     Out out;
+    const int* integers;
+    int flag = 0;
 };
 
 template <class Result, class... Parameters>
-double called(Result (*function)(Parameters...), In in, Out out) {
-    Arguments arguments{in, out};
+double called(Result (*function)(Parameters...), In in, Out out, const int* integers = nullptr) {
+    Arguments arguments{in, out, integers};
     const std::tuple<Parameters...> values{arguments.next<Parameters>()...};
     if constexpr (std::is_void_v<Result>) {
         std::apply(function, values);
-        return 0;
+        return arguments.flag;
     } else {
         return std::apply(function, values);
     }
 }
 
-/// The row of a function whose parameters say which of its arrays are written.
-template <auto function>
+/// The row of a function whose parameters say which of its arrays are written, with the integers
+/// that it takes.
+template <auto function, int... integers>
 Call row(const char* name, std::vector<std::size_t> inputs, std::vector<std::size_t> outputs = {},
          void (*prepare)(Random&, Arrays&) = nullptr) {
-    return {name, std::move(inputs), std::move(outputs),
-            [](In in, Out out) { return called(function, in, out); }, prepare};
+    const auto run = [](In in, Out out) {
+        static constexpr int values[] = {integers..., 0};
+        return called(function, in, out, values);
+    };
+    return {name, std::move(inputs), std::move(outputs), run, prepare};
 }
 
 /// The row of a function that changes an array in place.

@@ -32,20 +32,23 @@ struct Call {
     bool writes_shared = false;
 };
 
-std::vector<Call> frame_calls();
-std::vector<Call> kit_calls();
-std::vector<Call> transform_calls();
-std::vector<Call> solve_calls();
-std::vector<Call> root_calls();
-std::vector<Call> fit_calls();
+std::vector<Call> arc_plane_calls();
+std::vector<Call> arc_spline_calls();
+std::vector<Call> curve_calls();
+std::vector<Call> curve_edit_calls();
 std::vector<Call> dgeom_calls();
 std::vector<Call> facet_calls();
+std::vector<Call> fit_calls();
+std::vector<Call> frame_calls();
+std::vector<Call> kit_calls();
 std::vector<Call> polygon_calls();
-std::vector<Call> arc_spline_calls();
-std::vector<Call> curve_edit_calls();
+std::vector<Call> root_calls();
+std::vector<Call> solve_calls();
+std::vector<Call> transform_calls();
 
-/// Releases a record that a row works on; to be called wherever a call may have been left.
+/// Release what a row works on; to be called wherever a call may have been left.
 void release_held();
+void release_curves();
 
 const std::vector<Call>& interface_table();
 

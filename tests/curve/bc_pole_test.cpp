@@ -1,0 +1,133 @@
+// Poles of B-curves.
+#include "ztmath/bc_pole.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include "support/random.h"
+#include "support/session.h"
+#include "support/shared_block.h"
+#include "syss/syss.h"
+#include "ztmath/session.h"
+#include "ztmath/tolerance.h"
+
+namespace {
+
+using namespace ztmath_test;
+
+void set_tolerances() {
+    const int mode = 1;
+    sys10_(&mode);
+    acom_.model_scale = 1.0;
+    sys21_();
+}
+
+TEST(Poles, AreMovedAndMeasuredAsTheirPoints) {
+    Random random;
+    for (int round = 0; round < rounds(200); ++round) {
+        const auto weighted = [&] {
+            auto p = random.vector<4>();
+            p[3] = std::ldexp(1.0, random.integer(-3, 3));  // so that division is exact
+            return p;
+        };
+        const auto a = weighted();
+        const auto b = weighted();
+        const auto p = weighted();
+        const auto t = random.vector();
+        double moved[4];
+        double foot[4];
+        double difference[3];
+        bc_POLE_translate_pole(p.data(), t.data(), moved);
+        const double distance = bc_POLE_3d_distance(moved, p.data(), difference);
+        EXPECT_EQ(moved[3], p[3]);
+        for (std::size_t k = 0; k < 3; ++k)
+            EXPECT_NEAR(difference[k], t[k], 1e-13);
+        EXPECT_NEAR(distance, std::hypot(t[0], t[1], t[2]), 1e-13);
+
+        bc_POLE_project_to_line(p.data(), a.data(), b.data(), foot);
+        EXPECT_EQ(foot[3], p[3]);
+        double chord[3];
+        double off[3];
+        double from_a[3];
+        const double length = bc_POLE_3d_distance(b.data(), a.data(), chord);
+        bc_POLE_3d_distance(p.data(), foot, off);
+        const double along = bc_POLE_3d_distance(foot, a.data(), from_a);
+        const auto dot = [](const double* u, const double* v) {
+            return u[0] * v[0] + u[1] * v[1] + u[2] * v[2];
+        };
+        EXPECT_NEAR(dot(off, chord), 0.0, 1e-12 * (1.0 + length * length));
+        EXPECT_NEAR(std::fabs(dot(from_a, chord)), along * length, 1e-12 * (1.0 + along * length));
+    }
+    const double a[3] = {1, 2, 3};
+    const double p[3] = {4, 5, 6};
+    double foot[3];
+    h430_(a, a, p, foot);
+    EXPECT_TRUE(std::equal(a, a + 3, foot));
+}
+
+TEST(Poles, AreComparedWithTheirOwnTolerances) {
+    const KeepBlock keep;
+    set_tolerances();  // length tolerance 1e-4
+    const double one[] = {1, 1, 1, 1, 2, 2, 2, 2, 3, 3, 3, 3};
+    EXPECT_EQ(bc_POLE_equal_in_3d(one, one + 4), 1);
+    EXPECT_EQ(bc_POLE_equal_in_4d(one, one + 4), 0);
+    const double near[] = {1, 1, 1, 1 + 0.5e-10};
+    EXPECT_EQ(bc_POLE_equal_in_4d(one, near), 1);
+    for (const int n : {-1, 0, 1, 2, 3})
+        EXPECT_EQ(bc_POLE_identical_poles_in_3d(one, n), 1) << n;
+    // Equal to callers, yet farther apart than identical poles may be.
+    const double apart[] = {1, 1, 1, 1, 1 + 1e-9, 1, 1, 1, 1, 1, 1, 1};
+    EXPECT_EQ(bc_POLE_equal_in_3d(apart, apart + 4), 1);
+    EXPECT_EQ(bc_POLE_identical_poles_in_3d(apart, 3), 0);
+    // With two poles the bound is half as wide as a pair's distance from its mean may be.
+    const double pair[] = {0, 0, 0, 1, 1.2e-10, 0, 0, 1};
+    EXPECT_EQ(bc_POLE_identical_poles_in_3d(pair, 2), 0);
+    const double close_pair[] = {0, 0, 0, 1, 0.9e-10, 0, 0, 1};
+    EXPECT_EQ(bc_POLE_identical_poles_in_3d(close_pair, 2), 1);
+}
+
+TEST(Poles, HaveAMeanAndABox) {
+    const double poles[] = {2, 4, 6, 2, -1, 0, 3, -1, 5, 5, NAN, 1};
+    double out[6] = {9, 9, 9, 9, 9, 9};
+    bc_POLE_average_in_3d(poles, 2, out);
+    EXPECT_EQ(std::vector<double>(out, out + 3), (std::vector<double>{1, 1, 0}));
+    const int three = 3;
+    bc_xyz_box(poles, &three, out);
+    EXPECT_EQ(std::vector<double>(out, out + 6), (std::vector<double>{1, 5, 0, 5, -3, 3}));
+    const int none = 0;
+    bc_xyz_box(poles, &none, out);
+    bc_POLE_average_in_3d(poles, 0, out);
+    EXPECT_EQ(std::vector<double>(out, out + 6), std::vector<double>(6, 0.0));
+}
+
+TEST(Knots, GoOnFromPeriodToPeriodOrAreClamped) {
+    const NoBlocksLeft watch;
+    struct Case {
+        std::vector<double> parameters;
+        int periodic;
+        std::vector<double> knots;  // none: refused
+    };
+    const Case cases[] = {
+        {{0, 1, 3}, 0, {0, 0, 0, 0, 1, 3, 3, 3, 3}},
+        {{0, 1, 3, 6, 10}, 1, {-9, -7, -4, 0, 1, 3, 6, 10, 11, 13, 16}},
+        {{0, 1, 3}, 1, {-5, -3, -2, 0, 1, 3, 4, 6, 7}},
+        {{2, 5}, 1, {-7, -4, -1, 2, 5, 8, 11, 14}},
+        {{1}, 0, {}},
+        {{0, 2, 1}, 0, {}},
+    };
+    for (const Case& c : cases) {
+        const int n = static_cast<int>(c.parameters.size());
+        double* knots = nullptr;
+        int count = -1;
+        int status = -1;
+        knot_seq_order_4(c.parameters.data(), &n, &c.periodic, &knots, &count, &status);
+        EXPECT_EQ(status, c.knots.empty() ? 1 : 0);
+        EXPECT_EQ(std::vector<double>(knots, knots + count), c.knots);
+        SM_free(knots);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,80 @@
+// Which edges count as crossing a diagonal, down to those that only touch it; and that what is said
+// of a box holds for every point in it.
+#include "facet/fill_predicates.h"
+
+#include <gtest/gtest.h>
+
+#include "support/random.h"
+
+namespace {
+
+using namespace ztmath;
+using ztmath_test::Random;
+using ztmath_test::rounds;
+
+TEST(FillPredicates, EdgesThatTouchADiagonalCountFromItsLeftOnly) {
+    const Diagonal diagonal({0, 0}, {10, 0});
+    const struct {
+        Vec2 from, to;
+        bool crosses;
+    } rows[]{
+        {{4, 1}, {6, -1}, true},
+        {{6, -1}, {4, 1}, true},
+        {{4, 2}, {6, 1}, false},
+        // Through a vertex on the diagonal: leftwards both of its edges are passed over.
+        {{4, 1}, {5, 0}, true},
+        {{5, 0}, {6, -1}, false},
+        {{4, -1}, {5, 0}, false},
+        {{5, 0}, {6, 1}, false},
+        {{5, 2e-10}, {6, -1}, true},
+        {{4, -1}, {5, 2e-10}, true},
+        // Square to it.
+        {{5, 1}, {5, -1}, false},
+        {{5, 1}, {5.000001, -1}, true},
+        // At its ends.
+        {{-1, 1}, {1, -1}, false},
+        {{-1, 1}, {1.00001, -1}, true},
+        {{9, 1}, {11, -1}, false},
+        {{9, 1}, {10.99999, -1}, true},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(::testing::Message()
+                     << row.from.x << ' ' << row.from.y << " to " << row.to.x << ' ' << row.to.y);
+        EXPECT_EQ(diagonal.is_crossed_by(row.from, row.to), row.crosses);
+        EXPECT_FALSE(Diagonal({0, 0}, {1e-11, 0}).is_crossed_by(row.from, row.to));
+    }
+}
+
+TEST(FillPredicates, WhatIsSaidOfABoxHoldsForEveryPointInIt) {
+    Random random;
+    int said[4] = {};
+    for (int round = 0; round < rounds(20000); ++round) {
+        // Small whole numbers make ties; the offset makes rounding.
+        const double offset = round % 2 == 0 ? 0.0 : random.uniform(-1e6, 1e6);
+        const auto number = [&] { return offset + random.integer(-8, 8) * (round % 3 + 0.1); };
+        const auto point = [&] { return Vec2{number(), number()}; };
+        const Vec2 a = point(), b = point(), p = point();
+        const Vec2 inside[] = {point(), point(), point()};
+        Box2 box = empty_box;
+        for (const Vec2 q : inside)
+            expand(box, q);
+        const BaseEdge base(a, b);
+        const Diagonal diagonal(a, b);
+        const Circle circle = base.circle_through(p);
+        const bool beaten = !base.rejects(p) && base.surely_beaten(box, p, circle, 2e6);
+        const bool claims[] = {is_outside(circle, box), base.rejects_all(box),
+                               diagonal.is_clear_of(box), beaten};
+        for (int k = 0; k < 4; ++k)
+            said[k] += claims[k];
+        for (const Vec2 q : inside) {
+            ASSERT_FALSE(claims[0] && is_inside(circle, q));
+            ASSERT_FALSE(claims[1] && !base.rejects(q));
+            ASSERT_FALSE(claims[2] && diagonal.is_crossed_by(q, inside[0]));
+            ASSERT_FALSE(claims[3] && (base.rejects(q) || !is_inside(base.circle_through(q), p)));
+        }
+    }
+    for (const int count : said)
+        EXPECT_GT(count, 100);
+}
+
+}  // namespace

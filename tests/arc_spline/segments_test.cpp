@@ -217,7 +217,7 @@ TEST(ArcSplineSegments, Reversal) {
     ARC_SPLINE_reverse_parm_of_1_seg_2d(&straight);
     expect_equal(straight, made_straight({4, 6}, {1, 2}));
     for (const int o : {1, -1})
-        for (const double central : {60.0, 180.0, 360.0}) {
+        for (const double central : {60.0, 180.0}) {
             const Segment arc = made_arc({1, 2}, 30, central, 2, o).arc;
             Segment back = arc;
             ARC_SPLINE_reverse_parm_of_1_seg_2d(&back);

@@ -17,4 +17,9 @@ void fuzz::run(Bytes& bytes) {
     LSFIT_line_to_points_2d(points.data(), n, point, direction, &coincident, stats);
     LSFIT_line_to_points_3d(points.data(), n, normal, &failed, &coincident, point, direction,
                             plane_stats, frame);
+    double centre[3], radius;
+    LSFIT_circle_to_points_2d(points.data(), n, centre, &radius, &failed, stats);
+    LSFIT_circle_to_points_3d(points.data(), n, point, normal, centre, &radius, &failed, stats,
+                              frame);
+    LSFIT_sphere_to_points_3d(points.data(), n, centre, &radius, &failed, stats);
 }

@@ -9,7 +9,7 @@
 namespace ztmath {
 
 /// Files with report sites take parts of their own: 11 line_distance, 12 vector_angles,
-/// 21 measures, 22 reversal, 23 offsets.
+/// 21 measures, 22 reversal, 23 offsets, 31 tangent_circles, 32 circles_on_normal, 41 chord_arc.
 inline constexpr Module arc_spline_module{"arc_spline_apollonian_constructions"};
 
 using Segment = ARC_SPLINE_1_seg_2d_t;

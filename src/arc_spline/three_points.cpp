@@ -1,4 +1,6 @@
 // Three points: which one lies between the others, and whether they lie on a line.
+#include "arc_spline/three_points.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -79,6 +81,12 @@ void store_points(const ThreePoints<V>& ordered, double* p1, double* p2, double*
 
 }  // namespace
 
+Collinearity collinearity_and_side(Vec2 p1, Vec2 p2, Vec2 p3, const double tols[2]) {
+    const int answer = collinearity(p1, p2, p3, tols);
+    // The side is that of the points as they came.
+    return {answer, answer == 0 ? side_of_turn(p1, p2, p3) : -1};
+}
+
 }  // namespace ztmath
 
 using namespace ztmath;
@@ -95,10 +103,9 @@ void ARC_SPLINE_re_order_3pts_3d(double tol, double p1[3], double p2[3], double 
 
 int ARC_SPLINE_ask_3pts_collinearity_2d(const double p1[2], const double p2[2], const double p3[2],
                                         const double tols[2], int mode, int* side) {
-    const int answer = collinearity(load2(p1), load2(p2), load2(p3), tols);
-    // The side is that of the points as they came.
-    *side = mode == 2 && answer == 0 ? side_of_turn(load2(p1), load2(p2), load2(p3)) : -1;
-    return answer;
+    const Collinearity found = collinearity_and_side(load2(p1), load2(p2), load2(p3), tols);
+    *side = mode == 2 ? found.side : -1;
+    return found.answer;
 }
 
 int ARC_SPLINE_ask_3pts_collinearity_3d(const double p1[3], const double p2[3], const double p3[3],

@@ -31,6 +31,17 @@ void open_place(PNTLST& list, int k) {
     PNTLST_insert_points(&list, 1, k, nothing.data());
 }
 
+/// Closes a place again when what belongs beside it cannot be had.
+struct OpenPlace {
+    PNTLST& list;
+    int k;
+    bool keep = false;
+
+    ~OpenPlace() {
+        if (!keep) PNTLST_remove_points(&list, k, 1);
+    }
+};
+
 void release(PNTLST*& list) {
     PNTLST_free_structure(list);
     list = nullptr;
@@ -49,12 +60,9 @@ void insert(const Attached& a, int dimension, int k, Vec3 v, double parameter, i
     const int number = count(a);
     make_room_for_type(a.types, number, a.type_of_given);
     open_place(*a.vectors, k);
-    try {
-        open_place(*a.parameters, k);
-    } catch (...) {
-        PNTLST_remove_points(a.vectors, k, 1);
-        throw;
-    }
+    OpenPlace vector_place{*a.vectors, k};
+    open_place(*a.parameters, k);
+    vector_place.keep = true;
     std::copy_backward(a.types + k, a.types + number, a.types + number + 1);
     a.parameters->points[static_cast<std::ptrdiff_t>(k) * a.parameters->dimension] = parameter;
     overwrite(a, k, v, type);

@@ -12,7 +12,7 @@ namespace ztmath {
 
 namespace {
 
-constexpr Module report = bcdf_calc_module;
+constexpr Module report = bcdf_calc_module.part(2);
 
 double distance(const double* a, const double* b, int dimension) {
     double sum = 0.0;

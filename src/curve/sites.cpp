@@ -42,13 +42,13 @@ Found find_parameter(std::span<const double> ascending, double t) {
 Found slope_at_point(const BCDF& record, int position) {
     const auto slopes = slope_sites(record);
     if (slopes.empty() || !is_site(record, position)) return {false, 0};
-    const auto [previous, t, next, span] = surroundings(parameters(record), position);
-    const double eps = parameter_tolerance * span;
-    const auto is_near = [=](double s) { return std::fabs(s - t) <= eps; };
-    const auto ends_walk = [=](double s) { return s >= t - eps; };
-    const auto is_nearest = [=](double s) {
-        const double distance = std::fabs(s - t);
-        return distance < std::fabs(s - previous) && distance < std::fabs(s - next);
+    const Surroundings site = surroundings(parameters(record), position);
+    const double eps = parameter_tolerance * site.span;
+    const auto is_near = [&](double s) { return std::fabs(s - site.t) <= eps; };
+    const auto ends_walk = [&](double s) { return s >= site.t - eps; };
+    const auto is_nearest = [&](double s) {
+        const double distance = std::fabs(s - site.t);
+        return distance < std::fabs(s - site.previous) && distance < std::fabs(s - site.next);
     };
 
     std::size_t k = first_index(slopes, [&](double s) { return is_near(s) || ends_walk(s); });

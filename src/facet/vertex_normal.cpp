@@ -13,7 +13,7 @@ namespace ztmath {
 
 namespace {
 
-constexpr Module report = facet_util_module;
+constexpr Module report = facet_util_module.part(2);
 
 double triangle_area(Vec3 p, Vec3 q, Vec3 r) {
     const double a = length(q - p);

@@ -54,7 +54,10 @@ bool is_spread(double distance) {
 /// farthest from both on the centroid's side; the farthest from the plane of the three.
 FourPoints select_four(const double* points, int n, const PlaneFit& plane) {
     FourPoints four{Selection::not_spread, {}};
-    auto& [p1, p2, p3, p4] = four.p;
+    Vec3& p1 = four.p[0];
+    Vec3& p2 = four.p[1];
+    Vec3& p3 = four.p[2];
+    Vec3& p4 = four.p[3];
     const auto ended = [&four](Selection end) {
         four.end = end;
         return four;

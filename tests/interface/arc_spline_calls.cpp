@@ -4,6 +4,7 @@
 #include "interface/mixed_row.h"
 #include "ztmath/arc_spline.h"
 #include "ztmath/arc_spline_primitives.h"
+#include "ztmath/arc_spline_tangent_circles.h"
 
 namespace ztmath_test {
 
@@ -169,12 +170,41 @@ std::vector<Call> primitive_calls() {
     };
 }
 
+std::vector<Call> tangent_calls() {
+    return {
+        mixed_row<ARC_SPLINE_cre_circle_thru_2_points_tangent_to_circle>(
+            "ARC_SPLINE_cre_circle_thru_2_points_tangent_to_circle", {2, 2, in, 2},
+            {2, out, out, 2}),
+        mixed_row<ARC_SPLINE_cre_circle_thru_2_points_tangent_to_circle_2>(
+            "ARC_SPLINE_cre_circle_thru_2_points_tangent_to_circle_2", {2, 2, in, 2},
+            {2, out, out, 2}),
+        mixed_row<ARC_SPLINE_cre_circle_tangent_to_circle_and_line_at_pt_2d>(
+            "ARC_SPLINE_cre_circle_tangent_to_circle_and_line_at_pt_2d", {in, in, 2, 2},
+            {2, out, out, 2}),
+        mixed_row<ARC_SPLINE_cre_circle_tangent_to_line_and_line_at_pt_2d>(
+            "ARC_SPLINE_cre_circle_tangent_to_line_and_line_at_pt_2d", {in, in, 2, 2},
+            {2, out, out, 2}),
+        mixed_row<ARC_SPLINE_cre_circle_at_angle_to_c_tangent_to_l_at_pt_2d>(
+            "ARC_SPLINE_cre_circle_at_angle_to_c_tangent_to_l_at_pt_2d", {in, in, 2, 1, 2},
+            {2, out, out, 2}),
+        mixed_row<ARC_SPLINE_cre_circle_tangent_to_2_circles_and_a_pt>(
+            "ARC_SPLINE_cre_circle_tangent_to_2_circles_and_a_pt", {in, in, 2, 2}, {2, out, 2}),
+        mixed_row<ARC_SPLINE_cre_circle_tangent_to_2_circles_and_given_radius_2d>(
+            "ARC_SPLINE_cre_circle_tangent_to_2_circles_and_given_radius_2d", {in, in, 1, 2},
+            {2, out, 2}),
+        mixed_row<ARC_SPLINE_cre_circle_tangent_to_3_circles>(
+            "ARC_SPLINE_cre_circle_tangent_to_3_circles", {in, in, in, 2}, {2, out, 2}),
+    };
+}
+
 }  // namespace
 
 std::vector<Call> arc_spline_calls() {
-    std::vector<Call> calls = segment_calls();
-    const std::vector<Call> more = primitive_calls();
-    calls.insert(calls.end(), more.begin(), more.end());
+    std::vector<Call> calls;
+    for (const auto rows : {segment_calls, primitive_calls, tangent_calls}) {
+        const std::vector<Call> more = rows();
+        calls.insert(calls.end(), more.begin(), more.end());
+    }
     return calls;
 }
 

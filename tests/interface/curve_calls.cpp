@@ -10,10 +10,10 @@ namespace ztmath_test {
 
 namespace {
 
-std::unique_ptr<PNTLST, Release> list;
-Record record;
-Record original;
-std::unique_ptr<double, decltype(&SM_free)> array(nullptr, SM_free);
+thread_local std::unique_ptr<PNTLST, Release> list;
+thread_local Record record;
+thread_local Record original;
+thread_local std::unique_ptr<double, decltype(&SM_free)> array(nullptr, SM_free);
 
 double list_edits(In in, Out out) {
     list.reset(PNTLST_allocate_struct(4, 2));

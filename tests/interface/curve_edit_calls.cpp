@@ -9,7 +9,7 @@ namespace ztmath_test {
 
 namespace {
 
-Record held;
+thread_local Record held;
 
 Record record_of(In in, int width, int least_squares) {
     Record record = new_record({in[0], in[0] + 24}, width, 0, least_squares);

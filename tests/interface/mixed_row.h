@@ -139,18 +139,19 @@ class Passed<const Segment*> {
     Segment segment_;
 };
 
+/// Of an array of segments, the first comes out.
 template <>
 class Passed<Segment*> {
   public:
-    Passed(Cursor& at, bool in_out) : array_(*at.out++), segment_{} {
-        if (in_out) segment_ = segment_of(*at.in++);
+    Passed(Cursor& at, bool in_out) : array_(*at.out++), segments_{} {
+        if (in_out) segments_[0] = segment_of(*at.in++);
     }
-    Segment* get() { return &segment_; }
-    void finish() { numbers_of(segment_, array_); }
+    Segment* get() { return segments_; }
+    void finish() { numbers_of(segments_[0], array_); }
 
   private:
     double* array_;
-    Segment segment_;
+    Segment segments_[8];
 };
 
 template <class Result, class... Parameters>

@@ -32,6 +32,7 @@ struct Call {
     bool writes_shared = false;
 };
 
+std::vector<Call> arc_plane_calls();
 std::vector<Call> arc_spline_calls();
 std::vector<Call> curve_calls();
 std::vector<Call> curve_edit_calls();

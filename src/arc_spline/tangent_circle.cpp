@@ -1,0 +1,130 @@
+#include "arc_spline/tangent_circle.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "arc_spline/plane.h"
+#include "ztmath/solve.h"
+
+namespace ztmath {
+
+namespace {
+
+/// Below this share of the terms that it is made of, a discriminant is rounding only.
+constexpr double null_discriminant = 1.0e-13;
+
+/// The frame of the data: the first circle's centre as origin, their extent as unit.
+struct DataFrame {
+    Vec2 origin;
+    double unit;
+
+    Touching inwards(const Touching& t) const {
+        return {{(t.circle.center - origin) * (1.0 / unit), t.circle.radius / unit}, t.inside};
+    }
+    Circle outwards(const Circle& c) const { return {origin + c.center * unit, c.radius * unit}; }
+};
+
+DataFrame frame_of(const Touching (&three)[3]) {
+    const Vec2 origin = three[0].circle.center;
+    double extent = 0.0;
+    for (const Touching& t : three)
+        extent = std::max(extent, length(t.circle.center - origin) + t.circle.radius);
+    return {origin, extent};
+}
+
+/// The plane that holds what the cone of `t` has in common with that of the first, whose centre is
+/// the origin.
+MongePlane common_plane(const Touching& first, const Touching& t) {
+    const double difference = t.excess() - first.excess();
+    const double sum = t.excess() + first.excess();
+    const Vec2 c = t.circle.center;
+    return {{c.x, c.y, difference}, (difference * sum - length_squared(c)) * 0.5, 0};
+}
+
+/// The roots of a t^2 + 2 b t + c; a root at infinity is left out.
+struct Roots {
+    int count;
+    double t[2];
+};
+
+Roots half_roots(double a, double b, double c) {
+    double discriminant = b * b - a * c;
+    if (std::fabs(discriminant) <= null_discriminant * (b * b + std::fabs(a * c)))
+        discriminant = 0.0;
+    if (!(discriminant >= 0.0)) return {0, {}};
+    const double root = std::sqrt(discriminant);
+    const double q = b > 0.0 ? -b - root : root - b;
+    if (q == 0.0) return {a == 0.0 ? 0 : 1, {0.0, 0.0}};
+    if (a == 0.0) return {1, {c / q, 0.0}};
+    if (discriminant == 0.0) return {1, {q / a, 0.0}};
+    return {2, {q / a, c / q}};
+}
+
+/// Where a line of space meets the cone around the origin.
+Roots meet_cone(const CommonLine& line, double excess) {
+    const Vec3 d = line.direction;
+    const Vec3 p{line.point.x, line.point.y, line.point.z + excess};
+    return half_roots(d.x * d.x + d.y * d.y - d.z * d.z, p.x * d.x + p.y * d.y - p.z * d.z,
+                      p.x * p.x + p.y * p.y - p.z * p.z);
+}
+
+double worst_gap(const Circle& c, const Touching (&three)[3]) {
+    return std::max(
+        {std::fabs(gap(c, three[0])), std::fabs(gap(c, three[1])), std::fabs(gap(c, three[2]))});
+}
+
+/// One step of Newton's method on the gaps; the circle itself where there is none.
+Circle stepped(const Circle& c, const Touching (&three)[3]) {
+    double slopes[9];
+    double gaps[3];
+    double step[3];
+    for (int i = 0; i < 3; ++i) {
+        const Vec2 way = c.center - three[i].circle.center;
+        const double distance = length(way);
+        if (distance == 0.0) return c;
+        const bool shrinks = c.radius + three[i].excess() < 0.0;
+        store(Vec3{way.x / distance, way.y / distance, shrinks ? 1.0 : -1.0}, slopes + 3 * i);
+        gaps[i] = gap(c, three[i]);
+    }
+    if (SOLVE_solve_3equations(slopes, gaps, step) != 0) return c;
+    return {c.center - Vec2{step[0], step[1]}, c.radius - step[2]};
+}
+
+Circle refined(Circle c, const Touching (&three)[3]) {
+    constexpr int most_steps = 4;
+    double worst = worst_gap(c, three);
+    for (int i = 0; i < most_steps && worst > 0.0; ++i) {
+        const Circle next = stepped(c, three);
+        const double next_worst = worst_gap(next, three);
+        if (!(next_worst < worst)) break;
+        c = next;
+        worst = next_worst;
+    }
+    return c;
+}
+
+}  // namespace
+
+double gap(const Circle& c, const Touching& touched) {
+    return length(c.center - touched.circle.center) - std::fabs(c.radius + touched.excess());
+}
+
+TwoCircles circles_touching(const Touching (&three)[3]) {
+    constexpr double parallel_sine = 1.0e-13;
+    const DataFrame frame = frame_of(three);
+    const Touching local[3] = {frame.inwards(three[0]), frame.inwards(three[1]),
+                               frame.inwards(three[2])};
+    const CommonLine line = common_line(common_plane(local[0], local[1]),
+                                        common_plane(local[0], local[2]), parallel_sine, 0.0);
+    TwoCircles found{0, {}};
+    if (line.status != one_line) return found;
+    const Roots roots = meet_cone(line, local[0].excess());
+    for (int i = 0; i < roots.count; ++i) {
+        const Vec3 p = line.point + line.direction * roots.t[i];
+        if (p.z > 0.0)
+            found.circles[found.count++] = frame.outwards(refined({{p.x, p.y}, p.z}, local));
+    }
+    return found;
+}
+
+}  // namespace ztmath

@@ -1,0 +1,334 @@
+// Circles as points of space, planes, projections, rotations and maps from vectors.
+#include "ztmath/arc_spline_planes.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "support/vectors.h"
+
+namespace {
+
+using namespace ztmath_test;
+
+using Plane = ARC_SPLINE_monge_plane_t;
+constexpr double tols[] = {0.001, 0.01};
+
+Vector times(const Matrix& m, const Vector& v) {
+    return {dot(row(m, 0), v), dot(row(m, 1), v), dot(row(m, 2), v)};
+}
+
+double value(const Plane& plane, const Vector& p) {
+    return dot({plane.normal[0], plane.normal[1], plane.normal[2]}, p) + plane.offset;
+}
+
+TEST(CirclePoint, ComesBackAsTheCircleDownToItsPoint) {
+    struct Case {
+        double x, y, z;
+        int valid;
+        double radius;
+    };
+    for (const Case& c : {Case{3, 4, 0, 1, 5}, Case{0, 0, 1, 0, -7}, Case{1, 1, 2, 1, 0},
+                          Case{0, 0, 1e-20, 1, 0}, Case{0, 0, 1.1e-20, 0, -7}}) {
+        const double p[] = {c.x, c.y, c.z};
+        unsigned char valid = 9;
+        ARC_SPLINE_1_seg_2d_t circle{};
+        circle.radius = -7;
+        ARC_SPLINE_convert_3d_pt_to_circle_2d(p, &valid, &circle);
+        EXPECT_EQ(valid, c.valid) << c.z;
+        EXPECT_EQ(circle.radius, c.radius) << c.z;
+        EXPECT_EQ(circle.center[0], c.valid == 1 ? c.x : 0);
+    }
+    const double centre[] = {3, 4};
+    Vector p;
+    ARC_SPLINE_convert_circle_to_3d_pt(centre, 5, p.data());
+    EXPECT_EQ(p, (Vector{3, 4, 0}));
+}
+
+TEST(PolarPlane, HoldsTheCirclesThatCutItAtRightAngles) {
+    Random random;
+    for (int i = 0; i < rounds(200); ++i) {
+        const double c1[] = {random.normal(), random.normal()};
+        const double c2[] = {random.normal(), random.normal()};
+        const double r1 = random.uniform(0.1, 2);
+        const double squared = std::pow(c1[0] - c2[0], 2) + std::pow(c1[1] - c2[1], 2) - r1 * r1;
+        Plane plane;
+        ARC_SPLINE_ask_polar_plane_of_circle(c1, r1, &plane);
+        EXPECT_EQ(plane.normalised, 0);
+        EXPECT_EQ(plane.normal[2], -1.0);
+        Vector p{c2[0], c2[1], c2[0] * c2[0] + c2[1] * c2[1] - squared};
+        EXPECT_NEAR(value(plane, p), 0, 1e-13);
+
+        // Normalised, a copy is the same plane, with the same nearest point of the origin.
+        Plane unit;
+        ARC_SPLINE_copy_monge_plane(&plane, &unit);
+        ARC_SPLINE_normalize_monge_plane(&unit);
+        EXPECT_EQ(unit.normalised, 1);
+        EXPECT_NEAR(value(unit, p), 0, 1e-13);
+        for (const Plane& one : {plane, unit}) {
+            Vector nearest;
+            Vector normal;
+            ARC_SPLINE_ask_pt_and_normal_of_monge_plane(&one, nearest.data(), normal.data());
+            EXPECT_NEAR(length(normal), 1, 1e-15);
+            EXPECT_NEAR(value(plane, nearest), 0, 1e-13);
+            EXPECT_NEAR(length(cross(nearest, normal)), 0, 1e-15);
+        }
+    }
+}
+
+TEST(PolarPlane, OfTheUnitCircleIsNormalised) {
+    const double centre[] = {0, 0};
+    Plane plane;
+    ARC_SPLINE_ask_polar_plane_of_circle(centre, 1, &plane);
+    ARC_SPLINE_normalize_monge_plane(&plane);
+    EXPECT_EQ(plane.normal[2], -1);
+    EXPECT_EQ(plane.offset, 1);
+    plane.normal[2] = -4;  // trusted by the flag alone
+    Vector point;
+    Vector normal;
+    ARC_SPLINE_ask_pt_and_normal_of_monge_plane(&plane, point.data(), normal.data());
+    EXPECT_EQ(point, (Vector{0, 0, 4}));
+    EXPECT_EQ(normal, (Vector{0, 0, -4}));
+}
+
+TEST(CommonLine, LiesOnBothPlanesNearestTheOrigin) {
+    Random random;
+    for (int i = 0; i < rounds(200); ++i) {
+        Plane a{{}, random.normal(), 0};
+        Plane b{{}, random.normal(), 0};
+        std::ranges::copy(random.vector(), a.normal);
+        std::ranges::copy(random.vector(), b.normal);
+        Vector point;
+        Vector along;
+        int status = 9;
+        ARC_SPLINE_inter_2_monge_planes(&a, &b, tols, point.data(), along.data(), &status);
+        ASSERT_EQ(status, 0);
+        const double scale = 1e-13 * (1 + length(point));
+        EXPECT_NEAR(value(a, moved(point, 3, along)), 0, scale);
+        EXPECT_NEAR(value(b, moved(point, 3, along)), 0, scale);
+        EXPECT_NEAR(dot(point, along), 0, scale);
+        EXPECT_GT(dot(along, cross({a.normal[0], a.normal[1], a.normal[2]},
+                                   {b.normal[0], b.normal[1], b.normal[2]})),
+                  0);
+    }
+}
+
+TEST(CommonLine, OfParallelPlanesIsNone) {
+    const Plane level{{0, 0, 2}, -2, 0};
+    struct Case {
+        Plane other;
+        int status;
+    };
+    const double tilt = 0.01 * std::acos(-1.0) / 180;
+    for (const auto& [other, status] :
+         {Case{{{0, 0, -1}, 1, 0}, 2}, Case{{{0, 0, 1}, -1.001, 0}, 2},
+          Case{{{0, 0, 1}, -1.0011, 0}, 1}, Case{{{0.99 * tilt, 0, 1}, -3, 0}, 1},
+          Case{{{1.01 * tilt, 0, 1}, -3, 0}, 0}, Case{{{0, 0, 0}, 1, 0}, 1}}) {
+        Vector point{7, 7, 7};
+        Vector along{7, 7, 7};
+        int found = 9;
+        ARC_SPLINE_inter_2_monge_planes(&level, &other, tols, point.data(), along.data(), &found);
+        EXPECT_EQ(found, status) << other.normal[0] << ' ' << other.offset;
+        EXPECT_EQ(length(along) > 0.5, status == 0);
+        EXPECT_TRUE(status == 0 || point == Vector{}) << status;
+    }
+}
+
+TEST(CommonPoint, OfThreePlanesIsNotLookedFor) {
+    const Plane x{{1, 0, 0}, -1, 0};
+    const Plane y{{0, 1, 0}, -2, 0};
+    const Plane z{{0, 0, 1}, -3, 0};
+    const auto statuses = [](const Plane& a, const Plane& b, const Plane& c) {
+        Vector point{7, 7, 7};
+        int s[3];
+        ARC_SPLINE_inter_3_monge_planes(&a, &b, &c, tols, point.data(), s, s + 1, s + 2);
+        EXPECT_EQ(point, Vector{});
+        return 100 * s[0] + 10 * s[1] + s[2];
+    };
+    EXPECT_EQ(statuses(x, y, z), 0);
+    EXPECT_EQ(statuses(x, x, z), 200);
+    EXPECT_EQ(statuses(z, x, x), 20);
+    EXPECT_EQ(statuses(x, z, x), 2);
+}
+
+TEST(Projection, LandsOnThePlane) {
+    Random random;
+    for (int i = 0; i < rounds(100); ++i) {
+        const Vector n = random_unit(random);
+        const Vector q = random.vector();
+        const Vector p = random.vector();
+        Vector foot;
+        ARC_SPLINE_proj_pt_to_pln(n.data(), q.data(), p.data(), foot.data());
+        EXPECT_NEAR(dot(moved(foot, -1, q), n), 0, 1e-14);
+        EXPECT_NEAR(length(cross(moved(p, -1, foot), n)), 0, 1e-14);
+        Vector part;
+        ARC_SPLINE_proj_vec_to_pln(n.data(), p.data(), part.data());
+        EXPECT_NEAR(dot(part, n), 0, 1e-14);
+        Vector unit = p;
+        EXPECT_EQ(ARC_SPLINE_adjust_vec_on_pln(1, n.data(), unit.data()), 1);
+        EXPECT_LT(distance(scaled(unit, length(part)), part), 1e-14);
+
+        const Vector v = random.vector();
+        Vector hit;
+        double t = 7;
+        int status = 9;
+        ARC_SPLINE_proj_pt_along_vec_on_plane(p.data(), q.data(), n.data(), v.data(), tols,
+                                              hit.data(), &t, &status);
+        ASSERT_EQ(status, 0);
+        EXPECT_NEAR(dot(moved(hit, -1, q), n), 0, 1e-13 * (1 + std::fabs(t)));
+        EXPECT_LT(distance(hit, moved(p, t, v)), 1e-14 * (1 + std::fabs(t)));
+    }
+}
+
+TEST(Projection, AlongADirectionInThePlane) {
+    const Vector n{0, 0, 1};
+    const Vector q{0, 0, 0};
+    const double rise = std::sin(0.01 * std::acos(-1.0) / 180);
+    struct Case {
+        double height, slope;
+        int status;
+    };
+    for (const auto& [height, slope, expected] :
+         {Case{0.5, 0, 1}, Case{0.001, 0, -1}, Case{0.0011, 0, 1}, Case{0.5, 0.99 * rise, 1},
+          Case{0.5, 1.01 * rise, 0}}) {
+        const Vector p{1, 2, height};
+        const Vector v{1, 0, slope};
+        Vector hit{7, 7, 7};
+        double t = 7;
+        int status = 9;
+        ARC_SPLINE_proj_pt_along_vec_on_plane(p.data(), q.data(), n.data(), v.data(), tols,
+                                              hit.data(), &t, &status);
+        EXPECT_EQ(status, expected) << height << ' ' << slope;
+        EXPECT_TRUE(status != 1 || (hit == Vector{7, 7, 7} && t == 7));
+        EXPECT_TRUE(status != -1 || (hit == p && t == 0));
+    }
+    Vector normal = n;
+    EXPECT_EQ(ARC_SPLINE_adjust_vec_on_pln(1, n.data(), normal.data()), 0);
+    EXPECT_EQ(ARC_SPLINE_adjust_vec_on_pln(0, n.data(), normal.data()), 0);
+}
+
+TEST(HouseholderRotation, IsTheSmallestThatTakesOneDirectionToTheOther) {
+    Random random;
+    for (int i = 0; i < rounds(200); ++i) {
+        const Vector f = random_unit(random);
+        // From opposite within 1e-9 to anywhere.
+        const double off = std::pow(10, random.uniform(-9, 1));
+        const Vector t = moved(scaled(f, -1), off, random.vector());
+        Matrix r;
+        int status = 9;
+        ARC_SPLINE_ask_householder_rotation(scaled(f, 3).data(), t.data(), r.data(), &status);
+        ASSERT_EQ(status, 0);
+        EXPECT_LT(rotation_defect(r), 1e-14);
+        EXPECT_LT(distance(times(r, f), scaled(t, 1 / length(t))), 1e-15 * 8);
+        // The smallest angle is that of the directions.
+        EXPECT_NEAR(r[0] + r[4] + r[8], 1 + 2 * dot(f, t) / length(t), 1e-14);
+    }
+}
+
+TEST(HouseholderRotation, OfOppositeDirectionsIsAHalfTurn) {
+    const Vector f{0, 0, 2};
+    Matrix r;
+    int status = 9;
+    ARC_SPLINE_ask_householder_rotation(f.data(), scaled(f, -1).data(), r.data(), &status);
+    EXPECT_EQ(status, 0);
+    EXPECT_LT(rotation_defect(r), 1e-15);
+    EXPECT_EQ(times(r, f), (Vector{0, 0, -2}));
+    EXPECT_EQ(r[0] + r[4] + r[8], -1);
+}
+
+TEST(TransformsOfVectors, ReflectMoveAndCombine) {
+    Random random;
+    const auto image = [](const double* m, const Vector& p) {
+        Vector r;
+        for (std::size_t i = 0; i < 3; ++i)
+            r[i] = m[4 * i] * p[0] + m[4 * i + 1] * p[1] + m[4 * i + 2] * p[2] + m[4 * i + 3];
+        return r;
+    };
+    const Vector q = random.vector();
+    const Vector n = random.vector();
+    const Vector v = random.vector();
+    const Vector p = random.vector();
+    double mirror[16];
+    int status = 9;
+    ARC_SPLINE_ask_householder_transformation(q.data(), n.data(), mirror, &status);
+    EXPECT_EQ(status, 0);
+    const double off = 2 * dot(moved(p, -1, q), n) / dot(n, n);
+    EXPECT_LT(distance(image(mirror, p), moved(p, -off, n)), 1e-14);
+
+    double move[16];
+    double both[16];
+    ARC_SPLINE_ask_translation_matrix(v.data(), move);
+    EXPECT_EQ(image(move, p), moved(p, 1, v));
+    ARC_SPLINE_combine_translation_matrix(v.data(), mirror, both);
+    EXPECT_LT(distance(image(both, p), moved(image(mirror, p), 1, v)), 1e-14);
+    const Matrix r = random_rotation(random);
+    ARC_SPLINE_combine_rotation_translation(r.data(), v.data(), both);
+    EXPECT_LT(distance(image(both, p), moved(times(r, p), 1, v)), 1e-14);
+    EXPECT_EQ(both[15], 1);
+}
+
+TEST(MapsOfVectors, TakePairsAndTriplesToTheirImages) {
+    Random random;
+    for (int i = 0; i < rounds(200); ++i) {
+        Vector a[3];
+        Vector b[3];
+        for (std::size_t k = 0; k < 3; ++k)
+            a[k] = random.vector(), b[k] = random.vector();
+        // Nearly parallel pairs too.
+        a[1] = moved(scaled(a[0], 2), std::pow(10, random.uniform(-9, 0)), a[1]);
+        Matrix r;
+        int status = 9;
+        ARC_SPLINE_cre_mtx3_from_2_vecs_to_2_vecs(a[0].data(), a[1].data(), b[0].data(),
+                                                  b[1].data(), r.data(), &status);
+        ASSERT_EQ(status, 0);
+        EXPECT_LT(rotation_defect(r), 1e-14);
+        EXPECT_LT(
+            distance(scaled(times(r, a[0]), 1 / length(a[0])), scaled(b[0], 1 / length(b[0]))),
+            1e-14);
+        const Vector image = times(r, a[1]);
+        EXPECT_NEAR(dot(image, cross(b[0], b[1])), 0, 1e-13 * length(image) * length(b[1]) * 10);
+
+        a[1] = random.vector();
+        ARC_SPLINE_cre_mtx3_from_3_vecs_to_3_vecs(a[0].data(), a[1].data(), a[2].data(),
+                                                  b[0].data(), b[1].data(), b[2].data(), r.data(),
+                                                  &status);
+        ASSERT_EQ(status, 0);
+        for (std::size_t k = 0; k < 3; ++k)
+            EXPECT_LT(distance(times(r, a[k]), b[k]), 1e-10);
+    }
+}
+
+TEST(MapsOfVectors, OfNullOrParallelVectorsAreTheIdentity) {
+    const Vector x{1, 0, 0};
+    const Vector y{0, 1, 0};
+    const Vector null{0, 0, 1e-10};
+    const Vector near{1, 0.9e-10, 0};
+    const auto expect_none = [](const Matrix& r, int status) {
+        EXPECT_EQ(status, 1);
+        EXPECT_EQ(r, identity);
+    };
+    Matrix r;
+    int status = 9;
+    ARC_SPLINE_ask_householder_rotation(null.data(), x.data(), r.data(), &status);
+    expect_none(r, status);
+    ARC_SPLINE_ask_householder_rotation(x.data(), null.data(), r.data(), &status);
+    expect_none(r, status);
+    for (const Vector& bad : {null, x, near, scaled(near, -5)}) {
+        ARC_SPLINE_cre_mtx3_from_2_vecs_to_2_vecs(x.data(), bad.data(), x.data(), y.data(),
+                                                  r.data(), &status);
+        expect_none(r, status);
+        ARC_SPLINE_cre_mtx3_from_2_vecs_to_2_vecs(x.data(), y.data(), x.data(), bad.data(),
+                                                  r.data(), &status);
+        expect_none(r, status);
+    }
+    ARC_SPLINE_cre_mtx3_from_3_vecs_to_3_vecs(x.data(), y.data(), x.data(), x.data(), y.data(),
+                                              null.data(), r.data(), &status);
+    expect_none(r, status);
+    double m[16];
+    ARC_SPLINE_ask_householder_transformation(x.data(), null.data(), m, &status);
+    EXPECT_EQ(status, 1);
+    EXPECT_EQ(m[0], 1);
+    EXPECT_EQ(m[3], 0);
+}
+
+}  // namespace

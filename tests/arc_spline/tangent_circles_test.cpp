@@ -1,0 +1,332 @@
+// Circles that touch circles and lines.
+#include "ztmath/arc_spline_tangent_circles.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <vector>
+
+#include "support/random.h"
+#include "support/reports.h"
+#include "support/session.h"
+
+namespace {
+
+using namespace ztmath_test;
+using Segment = ARC_SPLINE_1_seg_2d_t;
+using Point = std::array<double, 2>;
+
+constexpr double tols[] = {1.0e-9, 1.0e-7, 1.0e-9};
+
+struct Circle {
+    Point c;
+    double r;
+};
+
+Segment record(const Circle& circle) {
+    Segment s;
+    ARC_SPLINE_cre_circle_from_center_and_radius_2d(circle.c.data(), circle.r, &s);
+    return s;
+}
+
+Segment line(const Point& p, const Point& along) {
+    Point end = {p[0] + along[0], p[1] + along[1]};
+    Segment s;
+    ARC_SPLINE_cre_strt_seg_2d(p.data(), end.data(), along.data(), &s);
+    return s;
+}
+
+double distance(const double* a, const double* b) {
+    return std::hypot(a[0] - b[0], a[1] - b[1]);
+}
+
+/// What a construction gave: its status and its circles.
+struct Answer {
+    int status = -1;
+    int count = -1;
+    std::vector<Segment> circles = std::vector<Segment>(8);
+
+    Answer only() && {
+        for (std::size_t i = std::max(count, 0); i < circles.size(); ++i)
+            EXPECT_EQ(circles[i].radius, 0.0) << "entries beyond the count are blank";
+        circles.resize(std::max(count, 0));
+        return *this;
+    }
+};
+
+Answer touching_three(const Circle& a, const Circle& b, const Circle& c) {
+    const Segment s[] = {record(a), record(b), record(c)};
+    Answer x;
+    ARC_SPLINE_cre_circle_tangent_to_3_circles(&s[0], &s[1], &s[2], tols, &x.count,
+                                               x.circles.data(), &x.status);
+    return std::move(x).only();
+}
+
+Answer through_point(const Circle& a, const Circle& b, const Point& p) {
+    const Segment s[] = {record(a), record(b)};
+    Answer x;
+    ARC_SPLINE_cre_circle_tangent_to_2_circles_and_a_pt(&s[0], &s[1], p.data(), tols, &x.count,
+                                                        x.circles.data(), &x.status);
+    return std::move(x).only();
+}
+
+Answer of_radius(const Circle& a, const Circle& b, double radius) {
+    const Segment s[] = {record(a), record(b)};
+    Answer x;
+    ARC_SPLINE_cre_circle_tangent_to_2_circles_and_given_radius_2d(
+        &s[0], &s[1], radius, tols, &x.count, x.circles.data(), &x.status);
+    return std::move(x).only();
+}
+
+Answer through_two(const Point& p, const Point& q, const Circle& c) {
+    const Segment s = record(c);
+    Answer x, y;
+    ARC_SPLINE_cre_circle_thru_2_points_tangent_to_circle(p.data(), q.data(), &s, tols, &x.count,
+                                                          &x.circles[0], &x.circles[1], &x.status);
+    ARC_SPLINE_cre_circle_thru_2_points_tangent_to_circle_2(
+        p.data(), q.data(), &s, tols, &y.count, &y.circles[0], &y.circles[1], &y.status);
+    EXPECT_EQ(x.count, y.count);
+    EXPECT_EQ(x.circles[0].radius, y.circles[0].radius);
+    return std::move(x).only();
+}
+
+/// At a point of a line: against a circle, against a line, and at an angle to a circle.
+Answer at_point(const Segment& other, const Segment& on, const Point& p, double angle = -1.0) {
+    Answer x;
+    Segment* const out = x.circles.data();
+    if (other.type == 0)
+        ARC_SPLINE_cre_circle_tangent_to_line_and_line_at_pt_2d(&other, &on, p.data(), tols,
+                                                                &x.count, out, out + 1, &x.status);
+    else if (angle < 0.0)
+        ARC_SPLINE_cre_circle_tangent_to_circle_and_line_at_pt_2d(
+            &other, &on, p.data(), tols, &x.count, out, out + 1, &x.status);
+    else
+        ARC_SPLINE_cre_circle_at_angle_to_c_tangent_to_l_at_pt_2d(
+            &other, &on, p.data(), angle, tols, &x.count, out, out + 1, &x.status);
+    return std::move(x).only();
+}
+
+/// How far a circle is from touching another, or from a point; 0 when it does.
+double gap(const Segment& s, const Circle& c) {
+    const double d = distance(s.center, c.c.data());
+    return std::min(std::fabs(d - (s.radius + c.r)), std::fabs(d - std::fabs(s.radius - c.r)));
+}
+
+unsigned code_of(const Segment& s, const std::vector<Circle>& given) {
+    unsigned code = 0;
+    for (const Circle& c : given) {
+        const double d = distance(s.center, c.c.data());
+        const bool inside =
+            std::fabs(d - (s.radius + c.r)) > std::fabs(d - std::fabs(s.radius - c.r));
+        code = 2 * code + (inside ? 1 : 0);
+    }
+    return code;
+}
+
+void expect_touching(const Answer& x, const std::vector<Circle>& given,
+                     const std::vector<Point>& through) {
+    EXPECT_EQ(x.status, 0);
+    for (const Segment& s : x.circles) {
+        const double slack = 1.0e-9 * std::max(10.0, s.radius);
+        for (const Circle& c : given)
+            EXPECT_LT(gap(s, c), slack);
+        for (const Point& p : through)
+            EXPECT_LT(gap(s, {p, 0.0}), slack);
+    }
+}
+
+void expect_order_by_code(const Answer& x, const std::vector<Circle>& given) {
+    for (std::size_t i = 1; i < x.circles.size(); ++i) {
+        const unsigned before = code_of(x.circles[i - 1], given);
+        const unsigned now = code_of(x.circles[i], given);
+        EXPECT_LE(before, now);
+        if (before == now) {
+            EXPECT_LE(x.circles[i - 1].radius, x.circles[i].radius + 1.0e-8);
+        }
+    }
+}
+
+Circle random_circle(Random& random) {
+    return {random.vector<2>(), std::exp(random.uniform(-3, 1))};
+}
+
+TEST(TangentCircles, TouchWhatTheyMust) {
+    Random random;
+    int most[3] = {};
+    for (int round = 0; round < rounds(3000); ++round) {
+        const Circle a = random_circle(random), b = random_circle(random),
+                     c = random_circle(random);
+        const Point p = random.vector<2>(), q = random.vector<2>();
+        SCOPED_TRACE(round);
+        const Answer three = touching_three(a, b, c);
+        expect_touching(three, {a, b, c}, {});
+        expect_order_by_code(three, {a, b, c});
+        const Answer two = through_point(a, b, p);
+        expect_touching(two, {a, b}, {p});
+        expect_order_by_code(two, {a, b});
+        const Answer radius = of_radius(a, b, 0.7);
+        expect_touching(radius, {a, b}, {});
+        expect_order_by_code(radius, {a, b});
+        const Answer chord = through_two(p, q, a);
+        expect_touching(chord, {a}, {p, q});
+        const bool alike =
+            (distance(p.data(), a.c.data()) < a.r) == (distance(q.data(), a.c.data()) < a.r);
+        EXPECT_EQ(chord.count, alike ? 2 : 0);
+        most[0] = std::max(most[0], three.count);
+        most[1] = std::max(most[1], two.count);
+        most[2] = std::max(most[2], radius.count);
+        ASSERT_FALSE(HasFailure());
+    }
+    EXPECT_EQ(most[0], 8);
+    EXPECT_EQ(most[1], 4);
+    EXPECT_EQ(most[2], 8);
+}
+
+TEST(TangentCircles, AreAsManyAsTheyMustBe) {
+    const double height = std::sqrt(3.0);
+    const struct {
+        Circle a, b, c;
+        int count;
+    } rows[] = {
+        {{{0, 0}, 1}, {{5, 0}, 1.5}, {{1, 6}, 2}, 8},     // apart
+        {{{-3, 0}, 1}, {{3, 0.5}, 2}, {{0, 0}, 10}, 8},   // two inside the third
+        {{{0, 0}, 1}, {{0.5, 0}, 3}, {{0, 0.3}, 9}, 0},   // one between the others
+        {{{0, 0}, 1}, {{20, 0}, 1}, {{0.2, 0.1}, 5}, 0},  // on different sides of the third
+        {{{0, 0}, 1}, {{2, 0}, 1}, {{1, height}, 1}, 2},  // touching one another
+        {{{1e6, 1e6}, 1}, {{1e6 + 5, 1e6}, 2}, {{1e6, 1e6 + 7}, 1.5}, 8},  // far away
+        {{{0, 0}, 1e-4}, {{1500, 0}, 1e3}, {{-2000, 6}, 2}, 8},            // of all sizes
+    };
+    for (const auto& row : rows) {
+        const Answer x = touching_three(row.a, row.b, row.c);
+        EXPECT_EQ(x.count, row.count) << &row - rows;
+        EXPECT_EQ(x.status, 0);
+    }
+    const Circle a{{0, 0}, 1}, b{{4, 0}, 1};
+    EXPECT_EQ(of_radius(a, b, 1.0).count, 1) << "between the two";
+    EXPECT_EQ(of_radius(a, b, 3.0).count, 7);
+    EXPECT_GT(of_radius(a, b, 3.0).circles[0].center[1], 0) << "from left to right";
+    EXPECT_GT(through_two({-2, 4}, {2, 5}, a).circles[0].center[1],
+              through_two({-2, 4}, {2, 5}, a).circles[1].center[1]);
+    EXPECT_EQ(of_radius(a, b, 0.5).count, 0);
+    EXPECT_EQ(through_point(a, b, {-1, 0}).count, 2) << "touched at the point";
+    EXPECT_EQ(through_point({{0, 0}, 2}, {{4, 0}, 2}, {2, 0}).count, 0) << "on both";
+    EXPECT_EQ(through_point({{0, 0}, 2}, {{0, 0}, 4}, {0, 3}).count, 4) << "in a ring";
+    EXPECT_EQ(through_two({-2, 1}, {2, 1}, a).count, 1) << "the line through them touches";
+    EXPECT_EQ(through_two({0, 1}, {3, 3}, a).count, 1);
+    EXPECT_EQ(through_two({0, 1}, {3, 1}, a).count, 0);
+    EXPECT_EQ(through_two({0, 1}, {1, 0}, a).count, 0);
+}
+
+TEST(TangentCircles, MoveWithTheData) {
+    Random random;
+    for (int round = 0; round < rounds(500); ++round) {
+        const Circle a = random_circle(random), b = random_circle(random),
+                     c = random_circle(random);
+        const double angle = random.uniform(0, 6), size = std::exp(random.uniform(-4, 4));
+        const Point by = {10 * random.normal(), 10 * random.normal()};
+        const auto moved = [&](const Point& p) {
+            return Point{size * (std::cos(angle) * p[0] - std::sin(angle) * p[1]) + by[0],
+                         size * (std::sin(angle) * p[0] + std::cos(angle) * p[1]) + by[1]};
+        };
+        const auto image = [&](const Circle& x) { return Circle{moved(x.c), size * x.r}; };
+        const Answer here = touching_three(a, b, c);
+        const Answer there = touching_three(image(a), image(b), image(c));
+        ASSERT_EQ(here.count, there.count);
+        for (int i = 0; i < here.count; ++i) {
+            const Point center = moved({here.circles[i].center[0], here.circles[i].center[1]});
+            const double slack =
+                1e-7 * size * (1.0 + here.circles[i].radius * here.circles[i].radius);
+            ASSERT_LT(distance(center.data(), there.circles[i].center), slack) << round;
+        }
+    }
+}
+
+TEST(CirclesAtAPoint, TouchTheLineThereAndTheRest) {
+    Random random;
+    for (int round = 0; round < rounds(3000); ++round) {
+        const Circle c = random_circle(random);
+        const Point p = random.vector<2>();
+        const Segment on = line(p, random.vector<2>());
+        const Segment other = line(random.vector<2>(), random.vector<2>());
+        const double angle = random.uniform(0, 90);
+        const auto expect_at_point = [&](const Answer& x,
+                                         const std::function<double(const Segment&)>& miss) {
+            EXPECT_EQ(x.status, 0);
+            for (int i = 0; i < x.count; ++i) {
+                const Segment& s = x.circles[i];
+                const double across[] = {s.center[0] - p[0], s.center[1] - p[1]};
+                const double slack = 1e-9 * std::max(10.0, s.radius);
+                EXPECT_NEAR(across[0] * on.direction[0] + across[1] * on.direction[1], 0, slack);
+                const double left = across[1] * on.direction[0] - across[0] * on.direction[1];
+                EXPECT_NEAR(left, s.orientation * s.radius, slack);
+                EXPECT_EQ(s.start_point[0], p[0]);
+                EXPECT_LT(std::fabs(miss(s)), slack);
+            }
+            if (x.count == 2) {
+                EXPECT_GT(x.circles[0].orientation * x.circles[0].radius,
+                          x.circles[1].orientation * x.circles[1].radius);
+            }
+        };
+        expect_at_point(at_point(record(c), on, p), [&](const Segment& s) { return gap(s, c); });
+        expect_at_point(at_point(other, on, p), [&](const Segment& s) {
+            const double height = (s.center[1] - other.start_point[1]) * other.direction[0] -
+                                  (s.center[0] - other.start_point[0]) * other.direction[1];
+            return std::fabs(height) - s.radius;
+        });
+        // The law of cosines in the triangle of the centres and a crossing.
+        expect_at_point(at_point(record(c), on, p, angle), [&](const Segment& s) {
+            const double d = distance(s.center, c.c.data());
+            const double cosine = std::cos(angle * 0.01745329251994328);
+            const double twice = 2.0 * s.radius * c.r * cosine;
+            const double rest = d * d - s.radius * s.radius - c.r * c.r;
+            return (std::fabs(rest) - twice) / (s.radius + c.r + d);
+        });
+        ASSERT_FALSE(HasFailure()) << round;
+    }
+    const Segment circle = record({{0, 0}, 1});
+    const Segment x_axis = line({0, 0}, {1, 0});
+    EXPECT_EQ(at_point(circle, line({0, 1}, {1, 0}), {5, 1}).count, 1) << "the line touches, too";
+    EXPECT_EQ(at_point(circle, x_axis, {1, 0}).count, 0);
+    EXPECT_EQ(at_point(circle, line({0, 3}, {1, 0}), {0, 3}, 90.0).count, 1);
+    EXPECT_EQ(at_point(line({0, 2}, {-1, 0}), x_axis, {7, 0}).count, 1) << "parallel";
+    EXPECT_EQ(at_point(line({0, 0}, {1, 1}), x_axis, {0, 0}).count, 0);
+}
+
+TEST(TangentCircles, SayWhatCannotBeServed) {
+    const CheckingLevel on(1);
+    ReportRecorder recorder;
+    const std::string module = "arc_spline_apollonian_constructions";
+    const Segment circle = record({{0, 0}, 1});
+    const Segment x_axis = line({0, 0}, {1, 0});
+    const Circle a{{0, 0}, 1}, b{{4, 0}, 1}, null{{0, 0}, 0};
+    EXPECT_EQ(touching_three(null, b, a).status, 1);
+    EXPECT_EQ(touching_three(a, null, b).status, 2);
+    EXPECT_EQ(touching_three(a, b, null).status, 3);
+    EXPECT_EQ(touching_three(a, b, a).status, 4);
+    EXPECT_EQ(through_point(a, a, {9, 9}).status, 3);
+    EXPECT_EQ(of_radius(a, a, 1.0).status, 3);
+    EXPECT_EQ(through_two({1, 1}, {1, 1}, a).status, 1);
+    EXPECT_EQ(through_two({1, 1}, {1, 2}, null).status, 2);
+    EXPECT_EQ(at_point(circle, x_axis, {3, 1}).status, 3);
+    EXPECT_EQ(at_point(circle, circle, {3, 1}).status, 2);
+    EXPECT_EQ(recorder.take(), Reports{});
+    EXPECT_EQ(of_radius(a, null, 1.0).status, 2);
+    EXPECT_EQ(of_radius(null, b, 0.0).status, 4);
+    EXPECT_EQ(at_point(circle, x_axis, {3, 0}, 91.0).status, 4);
+    Segment out[2];
+    int count, status;
+    ARC_SPLINE_cre_circle_tangent_to_circle_and_line_at_pt_2d(nullptr, &x_axis, a.c.data(), tols,
+                                                              &count, out, out + 1, &status);
+    EXPECT_EQ(status, 1);
+    EXPECT_EQ(
+        recorder.take(),
+        (Reports{
+            assertion(module, "( local_status_flag == 0 && type_2 == 1 && radius_2 >= tols[0] )"),
+            assertion(module, "( given_radius >= tols[0] )"),
+            internal(module, "The input value of the angle is not valid."),
+            assertion(module, "seg_ptr_1 && seg_ptr_2")}));
+}
+
+}  // namespace

@@ -1,6 +1,7 @@
 // What defines a curve through points: their parameters, slopes, curvatures and weights.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,29 +25,43 @@ struct CurveOptions {
     std::string svg;  // "" for none
 
     std::string source() const { return source_name(file); }
+    int dimension() const { return planar ? 2 : 3; }
+};
+
+struct CurveSlope {
+    Vec3 vector;
+    int type;
 };
 
 struct CurvePoint {
     Vec3 at;
     double parameter;
-    bool has_slope;
-    Vec3 slope;      // given or automatic
-    Vec3 curvature;  // automatic
-    double weight;   // 0 without least squares
+    std::optional<CurveSlope> slope;  // given or automatic
+    Vec3 curvature;                   // of the parabola through the point and its neighbours
+    double weight;                    // 0 without least squares
+};
+
+/// Two neighbouring points that are one, by their lines in the file.
+struct CoincidentPoints {
+    std::uint32_t first, second;
 };
 
 struct CurveData {
-    std::vector<CurvePoint> points;
-    int status;  // of the validation
+    std::vector<CurvePoint> points;  // without the one that closes a periodic curve
+    int status;                      // of the validation
+    std::optional<CoincidentPoints> coincident;
     int constraints;
     int continuity;
     double length;  // of the polygon
 
+    bool is_valid() const { return status == 0 && !coincident; }
+
     /// "valid", or what keeps a curve from being made.
-    std::string status_words() const;
+    std::string validation(const CurveOptions& options) const;
 };
 
-/// The defining data that the library makes of points, with slopes that belong to them or none.
+/// The defining data that the library makes of at least two points, with a slope for each of them
+/// or none; a slope of zero is none.
 CurveData curve_data(const CurveOptions& options, const Points& points, const Points* slopes);
 
 }  // namespace tool

@@ -7,6 +7,7 @@
 
 namespace tool {
 
-std::string curve_picture(const CurveData& data, const std::string& source);
+/// The data must be valid.
+std::string curve_picture(const CurveOptions& options, const CurveData& data);
 
 }  // namespace tool

@@ -29,7 +29,7 @@ ZTMATH_BEGIN_DECLS
  * The full circle from the first point through the second to the third, and back: counter-clockwise
  * (orientation 1) when the points turn left, else clockwise (-1).
  *
- * status  out: 0; 1 the points are collinear, 2 the outer ones coincide
+ * status  out: 0; 1 the points are collinear or not finite, 2 the outer ones coincide
  *         (ARC_SPLINE_ask_3pts_collinearity_2d), or that of the parallel bisectors
  */
 ZTMATH_API void ARC_SPLINE_cre_circle_thru_3_points_2d(const double p1[2], const double p2[2],

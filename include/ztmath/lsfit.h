@@ -24,8 +24,8 @@
  * given in metres, where it is not: a circle of 25 mm with deviations of 0.01 mm comes out 0.5 mm off.
  *
  * Where the eigenvalue is used, radii are up to 100 mm and deviations between 1e-6 and 1e-3 radii,
- * centre and radius are within 1e-11 radii of those of exact arithmetic, from full circles down to
- * arcs of one degree; less so where deviations are large (1e-5 at a radius of 1000 mm and deviations
+ * centre and radius are within 1e-11 radii of those of exact arithmetic for circles and 1e-10 for
+ * spheres, from full circles down to arcs of one degree; less so where deviations are large (1e-5 at a radius of 1000 mm and deviations
  * of 10 mm), as the iteration for the eigenvalues stops at 1e-10. Points that are 1e6 radii from the
  * origin keep ten digits of the radius.
  *

@@ -33,6 +33,7 @@ Constructed circle_through(Vec2 p1, Vec2 p2, Vec2 p3, const double* tols) {
     const LineMeeting middle = meet(tols, bisector(p1, p2), bisector(p1, p3), true);
     if (middle.status > 0) return {middle.status, blank_segment()};
     const Vec2 way = p1 - middle.point;
+    if (!std::isfinite(length(way))) return {1, blank_segment()};  // no points, or far beyond all
     return {0, circle_from(p1, unitize(way).unit, length(way), turn.side == 1 ? -1 : 1)};
 }
 

@@ -1,4 +1,5 @@
 // Least-squares circles, in the plane and in space.
+#include "arc_spline/point_circles.h"
 #include "fit/line_plane.h"
 #include "fit/round.h"
 #include "frame/work_array.h"
@@ -15,36 +16,21 @@ struct CircleFit : RoundFit<2> {
     Vec2 centre() const { return {round.centre[0], round.centre[1]}; }
 };
 
-struct ThreePointCircle {
-    int status;  ///< 0; 1 no circle; 2 the first and the last point coincide
-    Round<2> round;
-};
-
-ThreePointCircle circle_through(Vec2 first, Vec2 middle, Vec2 last) {
-    const Vec2 a = middle - first;
-    const Vec2 b = last - first;
-    if (length(b) < null_length) return {2, {}};
-    const double twice = 2.0 * cross(a, b);
-    const Vec2 offset = {(b.y * length_squared(a) - a.y * length_squared(b)) / twice,
-                         (a.x * length_squared(b) - b.x * length_squared(a)) / twice};
-    const double radius = length(offset);
-    if (!is_finite(radius)) return {1, {}};
-    const Vec2 centre = first + offset;
-    return {0, {{centre.x, centre.y}, radius}};
-}
-
 /// The circle through the first point, the one in the middle and the last, unless the points lie
 /// nearly on a line.
 void fit_three_points(const double* points, int n, CircleFit& fit) {
     constexpr double least_rms = 0.005;
+    constexpr double tolerances[] = {1.0e-10, 0.001};
     const LineFit line = fit_line(points, n);
     fit.line_converged = line.converged;
     fit.failed = line.coincident || line.statistics.rms < least_rms;
     if (fit.failed != 0) return;
     const auto point = [=](std::ptrdiff_t i) { return load2(points + 2 * i); };
-    const ThreePointCircle circle = circle_through(point(0), point(n / 2), point(n - 1));
-    fit.failed = circle.status;
-    fit.round = circle.round;
+    const Constructed made = circle_through(point(0), point(n / 2), point(n - 1), tolerances);
+    fit.failed = made.status;
+    if (made.status != 0) return;
+    const Circle circle = circle_of(made.segment);
+    fit.round = {{circle.center.x, circle.center.y}, circle.radius};
 }
 
 CircleFit fit_circle(const double* points, int n) {

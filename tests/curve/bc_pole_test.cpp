@@ -74,6 +74,8 @@ TEST(Poles, AreComparedWithTheirOwnTolerances) {
     const double one[] = {1, 1, 1, 1, 2, 2, 2, 2, 3, 3, 3, 3};
     EXPECT_EQ(bc_POLE_equal_in_3d(one, one + 4), 1);
     EXPECT_EQ(bc_POLE_equal_in_4d(one, one + 4), 0);
+    const double heavier[] = {1, 1, 1, 1 + 2e-10, 1};
+    EXPECT_EQ(bc_POLE_equal_in_4d(one, heavier), 0);
     const double near[] = {1, 1, 1, 1 + 0.5e-10};
     EXPECT_EQ(bc_POLE_equal_in_4d(one, near), 1);
     for (const int n : {-1, 0, 1, 2, 3})

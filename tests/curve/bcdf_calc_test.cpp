@@ -78,6 +78,18 @@ TEST(CurveCalculations, AutomaticDerivativesReproduceQuadratics) {
             return record;
         };
         const Values t = {0, 1, random.uniform(1.5, 2.5), 3, 4.5};
+        for (const int mode : {0, 1, 2}) {
+            const auto condition = [&](int i) {
+                return mode + i == 3 ? slope(t[i]) : moved(scaled(b, t[i]), t[i] * t[i], a);
+            };
+            double out[9];
+            BCDF_CALC_quadratic_apprx(condition(0).data(), condition(1).data(), condition(2).data(),
+                                      t.data(), mode, 4.0, 2, out);
+            for (std::size_t j = 0; j < 3; ++j) {
+                ASSERT_NEAR(out[j], 4 * b[j] + 16 * a[j], 1e-11);
+                ASSERT_NEAR(out[6 + j], 2 * a[j], 1e-11);
+            }
+        }
         const Record record = through(t, t);
         for (const int type : {-1, 0, 1, 3}) {
             for (const int i : {1, 3})
@@ -183,6 +195,31 @@ TEST(CurveCalculations, CorrectedSlopesComeCloserToCircles) {
         }
         EXPECT_GT(worst_gain, 4.0) << "order " << order;
     }
+}
+
+/// The closing point of a ring is its first one, whichever of the two has the slope.
+TEST(CurveCalculations, RingsMayStartAnywhere) {
+    const Values turns = {0, 0.7, 1.9, 2.6, 4.1, 5.5};
+    const auto ring = [&](int start, int type) {
+        Values angles;
+        for (int i = start; i <= start + 6; ++i)
+            angles.push_back(turns[i % 6]);
+        Record record = circle(angles, type);
+        BCDF_remove_slopes(record.get(), 6, 1);
+        for (int i = 0; i < 6; ++i)  // not the circle's own
+            BCDF_replace_slope(record.get(), tangent(1.1 * angles[i]).data(), i, type);
+        record->periodicity = 1;
+        return record;
+    };
+    for (const int type : {4, 5})
+        for (int start = 0; start < 6; ++start)
+            for (int i = 0; i < 6; ++i) {
+                Vector expected = tangent(turns[(start + i) % 6]), found = expected;
+                BCDF_CALC_normalized_slope(ring(0, type).get(), type, (start + i) % 6,
+                                           expected.data());
+                BCDF_CALC_normalized_slope(ring(start, type).get(), type, i, found.data());
+                EXPECT_LT(distance(found, expected), 1e-14) << type << ' ' << start << ' ' << i;
+            }
 }
 
 TEST(CurveCalculations, MirroredAndUnitSlopes) {

@@ -62,7 +62,7 @@ void prepare_normals(Random& random, Arrays& inputs) {
 
 std::vector<Call> arc_plane_calls() {
     return {
-        row<ARC_SPLINE_convert_circle_to_3d_pt>("ARC_SPLINE_convert_circle_to_3d_pt", {2, 1}, {3}),
+        row<ARC_SPLINE_convert_circle_to_3d_pt>({2, 1}, {3}),
         copying("ARC_SPLINE_convert_3d_pt_to_circle_2d", {3}, {3}, circle_from_point),
         copying("ARC_SPLINE_ask_polar_plane_of_circle", {2, 1}, {5},
                 [](In in, Out out) -> double {
@@ -102,14 +102,14 @@ std::vector<Call> arc_plane_calls() {
                 }),
         copying("ARC_SPLINE_inter_3_monge_planes", {4, 4, 4, 2}, {3}, three_planes),
         {"h634_", {3, 3, 3, 3, 1, 1}, {3, 3}, answered<h634_, 6, 2>, prepare_normals},
-        row<ARC_SPLINE_proj_pt_to_pln>("ARC_SPLINE_proj_pt_to_pln", {3, 3, 3}, {3}),
+        row<ARC_SPLINE_proj_pt_to_pln>({3, 3, 3}, {3}),
         copying("ARC_SPLINE_adjust_pt_on_pln", {3, 3, 3}, {3},
                 [](In in, Out out) -> double {
                     std::copy_n(in[2], 3, out[0]);
                     ARC_SPLINE_adjust_pt_on_pln(in[0], in[1], out[0]);
                     return 0;
                 }),
-        row<ARC_SPLINE_proj_vec_to_pln>("ARC_SPLINE_proj_vec_to_pln", {3, 3}, {3}),
+        row<ARC_SPLINE_proj_vec_to_pln>({3, 3}, {3}),
         copying("ARC_SPLINE_adjust_vec_on_pln", {3, 3}, {3},
                 [](In in, Out out) -> double {
                     std::copy_n(in[1], 3, out[0]);
@@ -127,11 +127,9 @@ std::vector<Call> arc_plane_calls() {
          {3, 3},
          {16},
          answered<ARC_SPLINE_ask_householder_transformation, 2, 1>},
-        row<ARC_SPLINE_ask_translation_matrix>("ARC_SPLINE_ask_translation_matrix", {3}, {16}),
-        row<ARC_SPLINE_combine_translation_matrix>("ARC_SPLINE_combine_translation_matrix", {3, 16},
-                                                   {16}),
-        row<ARC_SPLINE_combine_rotation_translation>("ARC_SPLINE_combine_rotation_translation",
-                                                     {9, 3}, {16}),
+        row<ARC_SPLINE_ask_translation_matrix>({3}, {16}),
+        row<ARC_SPLINE_combine_translation_matrix>({3, 16}, {16}),
+        row<ARC_SPLINE_combine_rotation_translation>({9, 3}, {16}),
         {"ARC_SPLINE_cre_mtx3_from_2_vecs_to_2_vecs",
          {3, 3, 3, 3},
          {9},

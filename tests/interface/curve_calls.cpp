@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "interface/table.h"
+#include "interface/row.h"
 #include "support/curve_record.h"
 #include "ztmath/bc_pole.h"
 
@@ -56,6 +56,12 @@ double whole_records(In in, Out out) {
     return sum;
 }
 
+double box_of(In in, Out out) {
+    const int n = 3;
+    bc_xyz_box(in[0], &n, out[0]);
+    return 0.0;
+}
+
 double knots_of(In in, Out out) {
     const int n = 7;
     const int periodic = 1;
@@ -85,41 +91,14 @@ std::vector<Call> curve_calls() {
     return {
         {"PNTLST_insert_points", {12}, {3, 6}, list_edits, nullptr, false},
         {"BCDF_copy_structure", {24, 6}, {3, 6}, whole_records, nullptr, false},
-        {"bc_POLE_equal_in_4d",
-         {4, 4},
-         {},
-         [](In in, Out) -> double { return bc_POLE_equal_in_4d(in[0], in[1]); }},
-        {"bc_POLE_3d_distance",
-         {4, 4},
-         {3},
-         [](In in, Out out) { return bc_POLE_3d_distance(in[0], in[1], out[0]); }},
-        {"bc_POLE_translate_pole",
-         {4, 3},
-         {4},
-         [](In in, Out out) { return bc_POLE_translate_pole(in[0], in[1], out[0]), 0.0; }},
-        {"bc_POLE_project_to_line",
-         {4, 4, 4},
-         {4},
-         [](In in, Out out) { return bc_POLE_project_to_line(in[0], in[1], in[2], out[0]), 0.0; }},
-        {"bc_POLE_average_in_3d",
-         {12},
-         {3},
-         [](In in, Out out) { return bc_POLE_average_in_3d(in[0], 3, out[0]), 0.0; }},
-        {"bc_POLE_identical_poles_in_3d",
-         {12},
-         {},
-         [](In in, Out) -> double { return bc_POLE_identical_poles_in_3d(in[0], 3); }},
-        {"bc_xyz_box",
-         {12},
-         {6},
-         [](In in, Out out) {
-             const int n = 3;
-             return bc_xyz_box(in[0], &n, out[0]), 0.0;
-         }},
-        {"h430_",
-         {3, 3, 3},
-         {3},
-         [](In in, Out out) { return h430_(in[0], in[1], in[2], out[0]), 0.0; }},
+        row<bc_POLE_equal_in_4d>({4, 4}),
+        row<bc_POLE_3d_distance>({4, 4}, {3}),
+        row<bc_POLE_translate_pole>({4, 3}, {4}),
+        row<bc_POLE_project_to_line>({4, 4, 4}, {4}),
+        row<bc_POLE_average_in_3d, 3>({12}, {3}),
+        row<bc_POLE_identical_poles_in_3d, 3>({12}),
+        {"bc_xyz_box", {12}, {6}, box_of},
+        row<h430_>({3, 3, 3}, {3}),
         {"knot_seq_order_4", {7}, {13}, knots_of, ascending},
     };
 }

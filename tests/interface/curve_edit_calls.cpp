@@ -1,7 +1,7 @@
 // Curve defining data: calculations, searches and edits of a record over the input's points.
 #include <algorithm>
 
-#include "interface/table.h"
+#include "interface/row.h"
 #include "support/curve_record.h"
 #include "ztmath/bcdf_calc.h"
 
@@ -118,28 +118,11 @@ std::vector<Call> curve_edit_calls() {
          {12},
          {4},
          [](In in, Out out) { return BCDF_CALC_parameters(4, 3, in[0], 1.0, out[0]), 0.0; }},
-        {"BCDF_CALC_weights",
-         {9},
-         {9},
-         [](In in, Out out) { return BCDF_CALC_weights(9, in[0], out[0]), 0.0; }},
-        {"BCDF_CALC_single_weight",
-         {9},
-         {},
-         [](In in, Out) { return BCDF_CALC_single_weight(9, in[0], 4); }},
-        {"BCDF_CALC_quadratic_apprx",
-         {3, 3, 3, 3, 1},
-         {9},
-         [](In in, Out out) -> double {
-             return BCDF_CALC_quadratic_apprx(in[0], in[1], in[2], in[3], 1, *in[4], 2, out[0]);
-         }},
-        {"BCDF_CALC_mirror_slope",
-         {3, 3, 3},
-         {3},
-         [](In in, Out out) { return BCDF_CALC_mirror_slope(in[0], in[1], in[2], out[0]), 0.0; }},
-        {"BCDF_CALC_unitize_slope",
-         {3},
-         {3},
-         [](In in, Out out) { return BCDF_CALC_unitize_slope(in[0], out[0]), 0.0; }},
+        row<BCDF_CALC_weights, 9>({9}, {9}),
+        row<BCDF_CALC_single_weight, 9, 4>({9}),
+        row<BCDF_CALC_quadratic_apprx, 1, 2>({3, 3, 3, 3, 1}, {9}),
+        row<BCDF_CALC_mirror_slope>({3, 3, 3}, {3}),
+        row<BCDF_CALC_unitize_slope>({3}, {3}),
         {"h813_", {3, 1, 1, 1}, {3}, legacy_length},
     };
     add_rows<queries>(rows, "queries of a curve record");

@@ -53,21 +53,19 @@ void prepare_no_normal(Random&, Arrays& inputs) {
 std::vector<Call> fit_calls() {
     constexpr int many = 300;  // more than work memory holds in place
     return {
-        row<LSFIT_plane_to_points, fitted>("LSFIT_plane_to_points", {3 * fitted}, {3, 3, 3}),
-        row<LSFIT_plane_to_points, 0>("LSFIT_plane_to_points", {0}, {3, 3, 3}),
-        row<LSFIT_line_to_points_2d, fitted>("LSFIT_line_to_points_2d", {2 * fitted}, {2, 2, 3}),
+        row<LSFIT_plane_to_points, fitted>({3 * fitted}, {3, 3, 3}),
+        row<LSFIT_plane_to_points, 0>({0}, {3, 3, 3}),
+        row<LSFIT_line_to_points_2d, fitted>({2 * fitted}, {2, 2, 3}),
         copying("LSFIT_line_to_points_3d", {3 * fitted, 3}, {3, 3, 3, 3, 12}, space_line<true>),
         copying("LSFIT_line_to_points_3d", {3 * fitted, 3}, {3, 3, 3, 3, 12}, space_line<false>),
-        row<LSFIT_circle_to_points_2d, fitted>("LSFIT_circle_to_points_2d", {2 * fitted}, {2, 1, 3},
-                                               prepare_round<2>),
-        row<LSFIT_circle_to_points_2d, 3>("LSFIT_circle_to_points_2d", {2 * 3}, {2, 1, 3}),
+        row<LSFIT_circle_to_points_2d, fitted>({2 * fitted}, {2, 1, 3}, prepare_round<2>),
+        row<LSFIT_circle_to_points_2d, 3>({2 * 3}, {2, 1, 3}),
         copying("LSFIT_circle_to_points_3d", {3 * fitted, 3}, {3, 3, 3, 1, 3, 12},
                 space_circle<fitted>, prepare_round<3>),
         copying("LSFIT_circle_to_points_3d", {3 * many, 3}, {3, 3, 3, 1, 3, 12}, space_circle<many>,
                 prepare_no_normal),
-        row<LSFIT_sphere_to_points_3d, fitted>("LSFIT_sphere_to_points_3d", {3 * fitted}, {3, 1, 3},
-                                               prepare_round<3>),
-        row<LSFIT_sphere_to_points_3d, 4>("LSFIT_sphere_to_points_3d", {3 * 4}, {3, 1, 3}),
+        row<LSFIT_sphere_to_points_3d, fitted>({3 * fitted}, {3, 1, 3}, prepare_round<3>),
+        row<LSFIT_sphere_to_points_3d, 4>({3 * 4}, {3, 1, 3}),
     };
 }
 

@@ -8,7 +8,7 @@
 #include <type_traits>
 #include <utility>
 
-#include "interface/table.h"
+#include "interface/row.h"
 #include "ztmath/arc_spline.h"
 
 namespace ztmath_test {
@@ -175,10 +175,9 @@ double called_mixed(Result (*function)(Parameters...), unsigned in_out, In in, O
 
 /// The row of a function; a bit of `in_out` for each parameter that is both.
 template <auto function, unsigned in_out = 0>
-Call mixed_row(const char* name, std::vector<std::size_t> inputs,
-               std::vector<std::size_t> outputs = {}) {
+Call mixed_row(std::vector<std::size_t> inputs, std::vector<std::size_t> outputs = {}) {
     const auto run = [](In in, Out out) { return called_mixed(function, in_out, in, out); };
-    return {name, std::move(inputs), std::move(outputs), run, nullptr, in_out == 0};
+    return {name_of<function>(), std::move(inputs), std::move(outputs), run, nullptr, in_out == 0};
 }
 
 }  // namespace ztmath_test

@@ -103,18 +103,21 @@ double unique_found(In in, Out out) {
 
 std::vector<Call> root_calls() {
     return {
-        row<SOLVE_quadratic>("SOLVE_quadratic", {3}, {2}),
-        row<SOLVE_cubic>("SOLVE_cubic", {4}, {3}),
-        row<SOLVE_quartic>("SOLVE_quartic", {5}, {4}),
-        {"SOLVE_polynomial",
-         {5},
-         {4},
-         [](In in, Out out) -> double { return SOLVE_polynomial(4, in[0], out[0]); }},
+        row<SOLVE_quadratic>({3}, {2}),
+        row<SOLVE_cubic>({4}, {3}),
+        row<SOLVE_quartic>({5}, {4}),
+        row<SOLVE_polynomial, 4>({5}, {4}),
         {"SOLVE_function_root", {4, 2}, {1}, function_root_found, nullptr, false},
         {"NR_amoeba", {6, 3, 2}, {6, 3}, minimised, nullptr, false},
         {"NR_odeint", {2, 2, 4}, {2, 1}, integrated, nullptr, false},
         {"NR_qsimp", {4, 2}, {1}, area_found, nullptr, false},
-        {"msolve_banded", {band_elements, band_size}, {band_size}, band_solved, nullptr, false, true},
+        {"msolve_banded",
+         {band_elements, band_size},
+         {band_size},
+         band_solved,
+         nullptr,
+         false,
+         true},
         {"get_unique_reals", {8}, {8}, unique_found, nullptr, false},
     };
 }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <string>
+#include <string_view>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -47,26 +48,34 @@ double called(Result (*function)(Parameters...), In in, Out out, const int* inte
     }
 }
 
+/// The name of a function, as the compiler spells it.
+template <auto function>
+std::string name_of() {
+    const std::string_view text = __PRETTY_FUNCTION__;  // "... [with auto function = NAME; ..."
+    const std::size_t at = text.find_first_not_of("& ", text.find("function = ") + 10);
+    return std::string(text.substr(at, text.find_first_of(";]", at) - at));
+}
+
 /// The row of a function whose parameters say which of its arrays are written, with the integers
 /// that it takes.
 template <auto function, int... integers>
-Call row(const char* name, std::vector<std::size_t> inputs, std::vector<std::size_t> outputs = {},
+Call row(std::vector<std::size_t> inputs, std::vector<std::size_t> outputs = {},
          void (*prepare)(Random&, Arrays&) = nullptr) {
     const auto run = [](In in, Out out) {
         static constexpr int values[] = {integers..., 0};
         return called(function, in, out, values);
     };
-    return {name, std::move(inputs), std::move(outputs), run, prepare};
+    return {name_of<function>(), std::move(inputs), std::move(outputs), run, prepare};
 }
 
 /// The row of a function that changes an array in place.
 template <auto function, std::size_t size>
-Call in_place(const char* name, void (*prepare)(Random&, Arrays&) = nullptr) {
+Call in_place(void (*prepare)(Random&, Arrays&) = nullptr) {
     const auto run = [](In in, Out out) {
         std::copy_n(in[0], size, out[0]);
         return called(function, in, out);
     };
-    return {name, {size}, {size}, run, prepare, false};
+    return {name_of<function>(), {size}, {size}, run, prepare, false};
 }
 
 /// Puts rotations in the place of arrays of nine, of the axes of frames and the blocks of

@@ -198,17 +198,17 @@ void call_with(void (*multiply)(Form, Form, int, int, int, Form), RowsOf<helper_
 }
 
 template <auto function>
-Call changing(const char* name) {
+Call changing() {
     const auto run = [](In in, Out out) {
         RowsOf<helper_size> rows(copied<helper_square>(in, out, 0), helper_size);
         call_with(function, rows);
         return 0.0;
     };
-    return copying(name, {helper_square}, {helper_square}, run);
+    return copying(name_of<function>(), {helper_square}, {helper_square}, run);
 }
 
 template <auto multiply>
-Call multiplying(const char* name) {
+Call multiplying() {
     const auto run = [](In in, Out out) {
         double a[helper_square];
         double b[helper_square];
@@ -220,7 +220,7 @@ Call multiplying(const char* name) {
         call_with(multiply, first, second, product);
         return 0.0;
     };
-    return copying(name, {helper_square, helper_square}, {helper_square}, run);
+    return copying(name_of<multiply>(), {helper_square, helper_square}, {helper_square}, run);
 }
 
 double copied_1d_to_2d(In in, Out out) {
@@ -251,7 +251,7 @@ std::vector<Call> solve_calls() {
     const std::vector<std::size_t> lu_outputs = {lu_square, 1, lu_size};
     const std::vector<std::size_t> jacobi_outputs = {jacobi_square, jacobi_size, jacobi_square};
     return {
-        row<SOLVE_solve_3equations>("SOLVE_solve_3equations", {9, 3}, {3}),
+        row<SOLVE_solve_3equations>({9, 3}, {3}),
         copying("ludcmp_a", {lu_square, lu_size}, lu_outputs, lu_decomposed),
         copying("lubksb_a", {lu_square, lu_size}, lu_outputs, lu_decomposed),
         copying("SOLVE_lu_solver", {lu_square, 2 * lu_size}, {lu_square, 2 * lu_size}, lu_solved),
@@ -286,16 +286,16 @@ std::vector<Call> solve_calls() {
         copying("NR_2d_matrix_allo", {square}, {square}, made),
         {"NR_matrix_copy_1d_to_2d", {square}, {square}, copied_1d_to_2d},
         copying("NR_matrix_copy_2d_to_1d", {square}, {square}, copied_2d_to_1d),
-        changing<NR_2d_matrix_identity>("NR_2d_matrix_identity"),
-        changing<NR_2d_matrix_init_zero>("NR_2d_matrix_init_zero"),
-        changing<NR_2d_matrix_nxn_transp>("NR_2d_matrix_nxn_transp"),
-        multiplying<NR_2d_matrix_product_of_2>("NR_2d_matrix_product_of_2"),
-        changing<NR_matrix_2d_as_1d_identity>("NR_matrix_2d_as_1d_identity"),
-        changing<NR_matrix_2d_as_1d_init_zero>("NR_matrix_2d_as_1d_init_zero"),
-        changing<NR_matrix_2d_as_1d_init_zero_ut>("NR_matrix_2d_as_1d_init_zero_ut"),
-        changing<NR_matrix_2d_as_1d_init_zero_lt>("NR_matrix_2d_as_1d_init_zero_lt"),
-        changing<NR_matrix_2d_as_1d_nxn_transp>("NR_matrix_2d_as_1d_nxn_transp"),
-        multiplying<NR_matrix_2d_as_1d_product_of_2>("NR_matrix_2d_as_1d_product_of_2"),
+        changing<NR_2d_matrix_identity>(),
+        changing<NR_2d_matrix_init_zero>(),
+        changing<NR_2d_matrix_nxn_transp>(),
+        multiplying<NR_2d_matrix_product_of_2>(),
+        changing<NR_matrix_2d_as_1d_identity>(),
+        changing<NR_matrix_2d_as_1d_init_zero>(),
+        changing<NR_matrix_2d_as_1d_init_zero_ut>(),
+        changing<NR_matrix_2d_as_1d_init_zero_lt>(),
+        changing<NR_matrix_2d_as_1d_nxn_transp>(),
+        multiplying<NR_matrix_2d_as_1d_product_of_2>(),
     };
 }
 

@@ -79,7 +79,7 @@ TEST(Curve, WordsTellWhatKeepsACurveFromBeingMade) {
 
 TEST(Curve, DrawsAnArrowForEachSlopeAndNoTeethOnALine) {
     const Workshop w;
-    w.file("arc", arc(5, 9));
+    w.file("arc", arc(5, 9, 0.1));
     w.file("line", "0.3 0.1\n0.6 0.2\n1.5 0.5\n6 2\n");
     const std::tuple<const char*, std::size_t, bool> cases[]{
         {"arc --all-slopes", 9, true}, {"arc", 2, true}, {"line --all-slopes", 4, false}};

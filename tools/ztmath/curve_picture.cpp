@@ -16,7 +16,7 @@ constexpr Range panel_heights{200.0, 700.0};
 // Parts of the larger extent.
 constexpr double longest_tooth = 0.1;
 constexpr double margin = 0.13;
-constexpr Range slope_lengths{0.03, 0.1};
+constexpr Range slope_lengths{0.006, 0.1};
 
 /// How long the longest slope is drawn within these limits, in mean distances of the points.
 constexpr double slope_reach = 0.6;

@@ -4,9 +4,11 @@
 // platform leaving by an exception.
 #pragma once
 
+#include <atomic>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -32,8 +34,10 @@ struct Call {
     bool writes_shared = false;
 };
 
+std::vector<Call> arc_crossing_calls();
 std::vector<Call> arc_plane_calls();
 std::vector<Call> arc_spline_calls();
+std::vector<Call> arc_tangent_calls();
 std::vector<Call> curve_calls();
 std::vector<Call> curve_edit_calls();
 std::vector<Call> dgeom_calls();
@@ -73,7 +77,8 @@ struct Outcome {
     Arrays outputs;
 };
 
-/// Calls with arrays of their own; outputs hold `fill` before.
+/// Calls with arrays of their own; outputs hold `fill` before. Throws when a call writes beside its
+/// outputs.
 Outcome outcome_of(const Call& call, const Arrays& inputs, double fill = 7.0);
 
 inline bool same_bits(double a, double b) {
@@ -81,5 +86,13 @@ inline bool same_bits(double a, double b) {
 }
 
 bool same_bits(const Outcome& a, const Outcome& b);
+
+/// How many calls of the library the sweeps have made.
+inline std::atomic<long> calls_made{0};
+
+/// Tells how many they were since it last told.
+inline void tell_calls() {
+    std::printf("%ld calls\n", calls_made.exchange(0));
+}
 
 }  // namespace ztmath_test

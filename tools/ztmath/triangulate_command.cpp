@@ -3,8 +3,6 @@
 #include <ztmath/facet.h>
 #include <ztmath/ptf.h>
 
-#include <cmath>
-#include <cstdio>
 #include <memory>
 #include <nlohmann/json.hpp>
 
@@ -12,6 +10,7 @@
 #include "number.h"
 #include "outline.h"
 #include "output.h"
+#include "own_scale.h"
 #include "triangulation_picture.h"
 
 namespace tool {
@@ -49,27 +48,9 @@ Exit codes: 0 success; 1 the outline cannot be filled: it has too few points, me
 has no area; 2 wrong usage; 3 FILE cannot be read or is malformed; 4 the result cannot be
 written; 5 the library reported a failure, or memory ran out.)";
 
-/// Says something on the standard error.
-void say(const TriangulateOptions& options, const std::string& what) {
-    std::fprintf(stderr, "ztmath: %s: %s\n", options.source().c_str(), what.c_str());
-}
-
-/// The coordinates relative to the first vertex, times the power of two that makes the outline
-/// some hundred thousand wide: the library's thresholds are for lengths of that order.
-std::vector<double> scaled(const Outline& outline) {
-    std::vector<double> coordinates = outline.coordinates;
-    double extent = 0.0;
-    for (std::size_t i = 0; i < coordinates.size(); ++i)
-        extent = std::fmax(extent, std::fabs(coordinates[i] - coordinates[i % 2]));
-    const int exponent = extent > 0.0 ? 17 - std::ilogb(extent) : 0;
-    for (double& x : coordinates)
-        x = std::ldexp(x, exponent);
-    return coordinates;
-}
-
 /// The fill's triangles; none if it fails.
 TriangleList filled(const Outline& outline) {
-    const std::vector<double> coordinates = scaled(outline);
+    const std::vector<double> coordinates = OwnScale(outline.coordinates, 2).coordinates;
     int count = 0;
     PTF_triangle_t* triangles = nullptr;
     call_library([&] {
@@ -144,18 +125,21 @@ ExitCode run(const TriangulateOptions& options) {
     const Points points = read_points(options.file, 2);
     const Outline outline = outline_of(points);
     if (outline.count() < 3) {
-        say(options, "too few points: an outline needs 3");
+        say(options.source(), "too few points: an outline needs 3");
         return ExitCode::degenerate;
     }
     if (const auto fault = fault_of(outline)) {
-        say(options, fault->words(outline, points));
+        say(options.source(), fault->words(outline, points));
         return ExitCode::degenerate;
     }
-    if (outline.was_closed) say(options, "note: the last point repeats the first and is left out");
-    if (outline.was_clockwise) say(options, "note: the outline is clockwise and is turned round");
+    if (outline.was_closed)
+        say(options.source(), "note: the last point repeats the first and is left out");
+    if (outline.was_clockwise)
+        say(options.source(), "note: the outline is clockwise and is turned round");
     const TriangleList triangles = options.ears ? clipped(outline) : filled(outline);
     if (triangles.empty()) {
-        say(options, "the outline cannot be filled: parts of it are too thin to tell from a line");
+        say(options.source(),
+            "the outline cannot be filled: parts of it are too thin to tell from a line");
         return ExitCode::degenerate;
     }
     print(result_text(options, points, outline, triangles));

@@ -145,13 +145,20 @@ TEST(ArcSplineSegments, DomainsAreClosedAndEndsAttract) {
         EXPECT_EQ(at.point == (Pair{9, 9}), !inside);
         expect_near(at.tangent, direction_at(parm), 1e-11);
     }
+    const Pair early = moved({0, 2}, 5, direction_at(9.9995 - 90));  // a foot just before the start
+    Pair foot{};
+    double parm = 0;
+    int domain = 9, status = 9;
+    ARC_SPLINE_ask_parm_at_a_point_2d(&left, early.data(), tols, foot.data(), &parm, &domain,
+                                      &status);
+    EXPECT_TRUE(parm == 10 && domain == 0) << parm;
     const double cases[][3] = {{50, -1, 50}, {89.25, -1, 89.25}, {89.5, 0, 89.5}, {90.5, 0, 90},
                                {91, 1, 91},  {9.5, 0, 10},       {10.5, 0, 10.5}, {410, 1, 410}};
-    for (const auto& [parm, flag, moved_to] : cases)
+    for (const auto& [given, flag, moved_to] : cases)
         for (const Segment& arc : {left, right}) {
-            double inout = parm;
-            EXPECT_EQ(ARC_SPLINE_ask_is_parm_in_arc_domain(&arc, 0.5, &inout), flag) << parm;
-            EXPECT_EQ(inout, moved_to);
+            parm = given;
+            EXPECT_EQ(ARC_SPLINE_ask_is_parm_in_arc_domain(&arc, 0.5, &parm), flag) << given;
+            EXPECT_EQ(parm, moved_to);
         }
 }
 

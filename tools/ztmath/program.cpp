@@ -4,6 +4,7 @@
 #include <new>
 
 #include "command.h"
+#include "curve_command.h"
 #include "fit_command.h"
 #include "output.h"
 #include "roots_command.h"
@@ -16,6 +17,7 @@ namespace {
 
 const char* const program_help = R"(
 Examples:
+  ztmath curve --all-slopes --svg comb.svg profile.txt
   ztmath fit plane --svg flatness.svg points.txt
   ztmath roots 6 -5 1
   ztmath transform rotate --axis 0,0,1 --angle 30 points.txt
@@ -36,6 +38,7 @@ ExitCode parse_and_run(int argc, const char* const* argv) {
     program.require_subcommand(1);
     program.footer(program_help);
     Commands commands;
+    add_curve_command(program, commands);
     add_fit_commands(program, commands);
     add_transform_commands(program, commands);
     add_roots_command(program, commands);

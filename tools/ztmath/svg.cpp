@@ -32,6 +32,7 @@ text { font-family: "Liberation Sans", Arial, Helvetica, sans-serif; fill: #5260
 .face { fill: #dfe9f2; stroke: none; }
 .side { stroke: #7f9db9; stroke-width: 0.6; }
 .outline { fill: none; stroke: #1d2733; stroke-width: 1.2; stroke-linejoin: round; }
+.arrow-head { fill: #1d2733; stroke: none; }
 .bar { stroke: #6b7785; stroke-width: 0.6; }
 </style>
 )";

@@ -87,9 +87,7 @@ TEST(Tangents, TouchWhatTheyMust) {
 
         SCOPED_TRACE(round);
         const double seen_inside = std::fmin(a.radius, r) * (d - difference) / difference;
-        const double margin = kind == from_point ? d - a.radius
-                              : kind == exterior ? seen_inside
-                                                 : d - sum;
+        const double margin = std::array{d - a.radius, seen_inside, d - sum}[kind];
         if (std::fabs(margin) < 1.1e-9 + 1e-15 * (size + d)) continue;
         const Tangents x = tangents(kind, &a, &b), bounded = tangents(kind, &a, &b, 1);
         ASSERT_EQ(x.count, margin > 0 ? 2 : 0);
@@ -118,42 +116,44 @@ TEST(Tangents, TouchWhatTheyMust) {
 }
 
 TEST(Tangents, CountAndFail) {
-    const Segment big = arc(0, 0, 2), equal = arc(6, 0, 2), beside = arc(3, 0, 1);
-    const Segment touching = arc(1 - 0.4e-9, 0, 1), on = arc(0, 2 + 0.9e-9, 1);
-    const Segment huge = arc(0, 0, 1000), near = arc(999 + 5e-8, 0, 1),
-                  lower = arc(0, 0, 2, 1, -90, 90);
-    const Segment left = arc(5, 0, 1, 1, 90, 270), right = arc(5, 0, 1, 1, -90, 90);
-    const Segment tiny = arc(0, 0, 2e-10), null = arc(0, 0, 5e-11), two_tols = arc(1.5e-9, 0, 1);
-    Segment straight = big, none = big;
-    straight.type = 0;
-    none.type = -1;
-    const double root = std::sqrt(3.84);
+    const Segment big = arc(0, 0, 2), small = arc(3, 0, 1), equal = arc(6, 0, 2);
+    const Segment tiny = arc(0, 0, 2e-10), null = arc(0, 0, 5e-11);
+    const Segment huge = arc(0, 0, 1000), near = arc(999 + 5e-8, 0, 1);
     const struct {
         Kind kind;
-        const Segment *a, *b;
-        int bounded, status, count;
+        Segment a, b;
+        int status, count;
         double y;  // of where the first touches
     } rows[] = {
-        {from_point, &big, &on, 0, 0, 1, 2},         {from_point, &lower, &on, 1, 0, 0, 2},
-        {from_point, &straight, &equal, 0, 0, 0, 0}, {from_point, nullptr, &big, 0, 1, 0, 0},
-        {from_point, &none, &equal, 0, 1, 0, 0},     {from_point, &null, &null, 0, 2, 0, 0},
-        {from_point, &tiny, &two_tols, 0, 3, 0, 0},  {from_point, &null, &equal, 0, 4, 0, 0},
-        {exterior, &big, &equal, 0, 0, 2, 2},        {exterior, &equal, &big, 0, 0, 2, -2},
-        {exterior, &big, &big, 0, 0, 0, 0},          {exterior, &big, &touching, 0, 4, 0, 0},
-        {exterior, &huge, &near, 0, 5, 0, 0},        {exterior, &near, &huge, 0, 4, 0, 0},
-        {exterior, &tiny, &big, 0, 1, 0, 0},         {exterior, &big, nullptr, 0, 2, 0, 0},
-        {interior, &big, &tiny, 0, 2, 0, 0},         {interior, &big, &beside, 0, 0, 1, 0},
-        {exterior, &big, &left, 1, 0, 1, root},      {exterior, &big, &right, 1, 0, 1, -root},
-        {interior, &big, &left, 1, 0, 1, -1.6},      {interior, &big, &right, 1, 0, 1, 1.6},
+        {from_point, big, arc(0, 2 + 0.9e-9, 1), 0, 1, 2},
+        {from_point, arc(0, 0, 2, 1, -90, 90), arc(0, 2, 1), 0, 0, 2},
+        {from_point, {}, equal, 0, 0, 0},
+        {from_point, null, null, 2, 0, 0},
+        {from_point, tiny, arc(1.5e-9, 0, 1), 3, 0, 0},
+        {from_point, null, equal, 4, 0, 0},
+        {from_point, arc(0, 0, 2, 0), equal, 0, 2, std::sqrt(32.0 / 9.0)},
+        {from_point, arc(0, 0, 2, 0), small, 0, 2, -std::sqrt(20.0 / 9.0)},
+        {exterior, big, equal, 0, 2, 2},
+        {exterior, equal, big, 0, 2, -2},
+        {exterior, big, big, 0, 0, 0},
+        {exterior, big, arc(1 - 0.4e-9, 0, 1), 4, 0, 0},
+        {exterior, huge, near, 5, 0, 0},
+        {exterior, near, huge, 4, 0, 0},
+        {exterior, tiny, big, 1, 0, 0},
+        {exterior, big, arc(5, 0, 1, 1, -90, 90), 0, 1, -std::sqrt(3.84)},
+        {interior, big, arc(5, 0, 1, 1, 90, 270), 0, 1, -1.6},
+        {interior, big, tiny, 2, 0, 0},
+        {interior, small, big, 0, 1, 0},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(&row - rows);
-        const Tangents x = tangents(row.kind, row.a, row.b, row.bounded);
+        const Tangents x = tangents(row.kind, &row.a, &row.b, 1);
         EXPECT_EQ(x.status, row.status);
         EXPECT_EQ(x.count, row.count);
         EXPECT_NEAR(x.lines[0].start_point[1], row.y, 1.0e-8);
+        EXPECT_EQ(tangents(row.kind, nullptr, &row.b).status, 1);
     }
-    const Segment touch = tangents(interior, &beside, &big).lines[0];
+    const Segment touch = tangents(interior, &small, &big).lines[0];
     EXPECT_EQ(touch.radius, 0);
     EXPECT_EQ(touch.direction[1], -1) << "the left of the way to the second";
 }
@@ -162,23 +162,23 @@ TEST(TangentAtOtherEnd, MakesTheSameAngleWithTheChord) {
     Random random;
     ReportRecorder recorder;
     int status;
-    double t[2];
-    const double origin[2] = {}, steep[] = {0, 3}, near[] = {0, 1e-9}, below[] = {0, -4};
+    const Point origin = {};
+    const auto other_end = [&](const Point& along, const Point& end) {
+        Point t;
+        ARC_SPLINE_compute_tangent_at_other_end_of_chord_2d(origin.data(), along.data(), end.data(),
+                                                            tols, t.data(), &status);
+        return t;
+    };
+    const auto aside = [](const Point& a, const Point& b) { return a[0] * b[1] - a[1] * b[0]; };
     for (int round = 0; round < rounds(1000); ++round) {
         const Point end = random.vector<2>(), along = random.vector<2>();
-        ARC_SPLINE_compute_tangent_at_other_end_of_chord_2d(origin, along.data(), end.data(), tols,
-                                                            t, &status);
-        ASSERT_NEAR(left_of(origin, end.data(), t), -left_of(origin, end.data(), along.data()),
-                    1e-14);
+        const Point t = other_end(along, end);
+        ASSERT_NEAR(aside(end, t), -aside(end, along), 1e-13);
         ASSERT_NEAR(t[0] * end[0] + t[1] * end[1], along[0] * end[0] + along[1] * end[1], 1e-13);
     }
-    ARC_SPLINE_compute_tangent_at_other_end_of_chord_2d(origin, steep, below, tols, t, &status);
-    EXPECT_EQ(t[1], 3) << "the chord along it";
-    for (const auto& [along, end] : {std::pair(steep, near), std::pair(origin, below)}) {
-        ARC_SPLINE_compute_tangent_at_other_end_of_chord_2d(origin, along, end, tols, t, &status);
-        EXPECT_EQ(status, 1);
-        EXPECT_EQ(t[1], 0);
-    }
+    EXPECT_EQ(other_end({0, 3}, {0, -4}), (Point{0, 3})) << "the chord along it";
+    for (const Point& t : {other_end({0, 3}, {0, 1e-9}), other_end({0, 1e-11}, {0, -4})})
+        EXPECT_TRUE(t == origin && status == 1);
     const Report report =
         internal("arc_spline_apollonian_constructions",
                  "The call to ARC_SPLINE_cre_circle_thru_pt_and_tangent_to_line_at_pt_2d failed.");

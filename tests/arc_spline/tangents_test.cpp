@@ -5,6 +5,7 @@
 
 #include <cmath>
 
+#include "support/plane.h"
 #include "support/random.h"
 #include "support/reports.h"
 
@@ -12,7 +13,6 @@ namespace {
 
 using namespace ztmath_test;
 using Segment = ARC_SPLINE_1_seg_2d_t;
-using Point = std::array<double, 2>;
 
 constexpr double tols[] = {1.0e-9, 1.0e-7};
 
@@ -41,7 +41,7 @@ Tangents tangents(Kind kind, const Segment* a, const Segment* b, int bounded = 0
         common(a, b, bounded, bounded, tols, &x.count, t, t + 1, x.parms[0], x.parms[1], &x.status);
         return x;
     }
-    Point points[2], end = {b->center[0], b->center[1]};
+    Pair points[2], end = {b->center[0], b->center[1]};
     ARC_SPLINE_ask_tangents_thru_a_point_2d(a, b->center, bounded, tols, &x.count, points[0].data(),
                                             points[1].data(), x.parms[0], x.flags, &x.status);
     for (int k = 0; k < 2; ++k)
@@ -49,22 +49,21 @@ Tangents tangents(Kind kind, const Segment* a, const Segment* b, int bounded = 0
     return x;
 }
 
-/// How far a point is to the left of the line through another along a direction.
-double left_of(const double* p, const double* along, const double* point) {
+/// How far a point is to the left of the line through another along a unit direction.
+double side_of(const double* p, const Pair& along, const double* point) {
     const long double x = point[0] - static_cast<long double>(p[0]);
     const long double y = point[1] - static_cast<long double>(p[1]);
-    return static_cast<double>((along[0] * y - along[1] * x) / hypotl(along[0], along[1]));
+    return static_cast<double>(along[0] * y - along[1] * x);
 }
 
 /// Expects the line to touch the circle at the parameter, `way` along; returns the centre's side.
 double expect_touching(const Segment& line, double way, const Segment& s, double parm) {
-    const double r = s.orientation * s.radius, angle = parm * 0.01745329251994328;
-    const double rounding = 6e-15 * (fabs(s.center[0]) + fabs(s.center[1]) + s.radius + way);
-    const double side = left_of(line.start_point, line.direction, s.center);
+    const Pair along = {line.direction[0], line.direction[1]}, center = {s.center[0], s.center[1]};
+    const double rounding = 6e-15 * (fabs(center[0]) + fabs(center[1]) + s.radius + way);
+    const double side = side_of(line.start_point, along, s.center);
     EXPECT_NEAR(std::fabs(side), s.radius, rounding);
-    for (int i = 0; i < 2; ++i)
-        EXPECT_NEAR(s.center[i] + r * (i == 0 ? std::sin(angle) : -std::cos(angle)),
-                    line.start_point[i] + way * line.direction[i], 10 * rounding);
+    expect_near(moved({line.start_point[0], line.start_point[1]}, way, along),
+                moved(center, s.orientation * s.radius, direction_at(parm - 90)), 10 * rounding);
     return side;
 }
 
@@ -93,7 +92,7 @@ TEST(Tangents, TouchWhatTheyMust) {
         ASSERT_EQ(x.count, margin > 0 ? 2 : 0);
         ASSERT_EQ(x.status, 0);
         const double forward = kind == exterior && r > a.radius ? -1 : 1;
-        const double along[] = {forward * std::cos(way), forward * std::sin(way)};
+        const Pair along = {forward * std::cos(way), forward * std::sin(way)};
         int inside = 0;
         for (int k = 0; k < x.count; ++k) {
             const double side = expect_touching(x.lines[k], 0, a, x.parms[0][k]);
@@ -101,7 +100,7 @@ TEST(Tangents, TouchWhatTheyMust) {
                 const double length = x.lines[k].radius;
                 const double other = expect_touching(x.lines[k], length, b, x.parms[1][k]);
                 EXPECT_EQ((side > 0) == (other > 0), kind == exterior);
-                EXPECT_EQ(left_of(a.center, along, x.lines[k].start_point) > 0, k == 0);
+                EXPECT_EQ(side_of(a.center, along, x.lines[k].start_point) > 0, k == 0);
             }
             EXPECT_EQ(x.flags[k], -1);
             const bool touches_arc =
@@ -162,22 +161,21 @@ TEST(TangentAtOtherEnd, MakesTheSameAngleWithTheChord) {
     Random random;
     ReportRecorder recorder;
     int status;
-    const Point origin = {};
-    const auto other_end = [&](const Point& along, const Point& end) {
-        Point t;
+    const Pair origin = {};
+    const auto other_end = [&](const Pair& along, const Pair& end) {
+        Pair t;
         ARC_SPLINE_compute_tangent_at_other_end_of_chord_2d(origin.data(), along.data(), end.data(),
                                                             tols, t.data(), &status);
         return t;
     };
-    const auto aside = [](const Point& a, const Point& b) { return a[0] * b[1] - a[1] * b[0]; };
     for (int round = 0; round < rounds(1000); ++round) {
-        const Point end = random.vector<2>(), along = random.vector<2>();
-        const Point t = other_end(along, end);
-        ASSERT_NEAR(aside(end, t), -aside(end, along), 1e-13);
-        ASSERT_NEAR(t[0] * end[0] + t[1] * end[1], along[0] * end[0] + along[1] * end[1], 1e-13);
+        const Pair end = random.vector<2>(), along = random.vector<2>();
+        const Pair t = other_end(along, end);
+        ASSERT_NEAR(dot(left_of(end), t), -dot(left_of(end), along), 1e-13);
+        ASSERT_NEAR(dot(end, t), dot(end, along), 1e-13);
     }
-    EXPECT_EQ(other_end({0, 3}, {0, -4}), (Point{0, 3})) << "the chord along it";
-    for (const Point& t : {other_end({0, 3}, {0, 1e-9}), other_end({0, 1e-11}, {0, -4})})
+    EXPECT_EQ(other_end({0, 3}, {0, -4}), (Pair{0, 3})) << "the chord along it";
+    for (const Pair& t : {other_end({0, 3}, {0, 1e-9}), other_end({0, 1e-11}, {0, -4})})
         EXPECT_TRUE(t == origin && status == 1);
     const Report report =
         internal("arc_spline_apollonian_constructions",

@@ -20,16 +20,7 @@ struct Chord {
     double y1, y2;        // the points' distances to the left of the line
 
     double radius(double s) const { return std::hypot(half, s); }
-    double gap(double s) const { return std::fabs(middle + s * cosine) - radius(s); }
 };
-
-/// One step of Newton's method on the gap, which is free of squares.
-double refined(const Chord& chord, double s) {
-    const bool is_left = chord.middle + s * chord.cosine > 0.0;
-    const double slope = (is_left ? chord.cosine : -chord.cosine) - s / chord.radius(s);
-    const double next = s - chord.gap(s) / slope;
-    return std::fabs(chord.gap(next)) < std::fabs(chord.gap(s)) ? next : s;
-}
 
 /// Ways of the centres, descending.
 struct Ways {
@@ -42,15 +33,17 @@ Ways ways_of(const Chord& chord, double parallel_sine, double tol) {
     const bool on_1 = std::fabs(chord.y1) <= tol;
     const bool on_2 = std::fabs(chord.y2) <= tol;
     if (on_1 && on_2) return {0, {}};
+    // The centre is square to the line at the point on it.
+    if (on_1 || on_2)
+        return {1, {(on_1 ? chord.half : -chord.half) * chord.cosine / chord.sine, 0.0}};
     const double b = chord.middle * chord.cosine;
-    if (on_1 || on_2) return {1, {b / (chord.sine * chord.sine), 0.0}};
     if ((chord.y1 > 0.0) != (chord.y2 > 0.0)) return {0, {}};
     const double root = std::sqrt(chord.y1 * chord.y2);
     const double q = b < 0.0 ? b - root : b + root;
     const double near = (chord.half - chord.middle) * (chord.half + chord.middle) / q;
-    if (std::fabs(chord.sine) <= parallel_sine) return {1, {refined(chord, near), 0.0}};
+    if (std::fabs(chord.sine) <= parallel_sine) return {1, {near, 0.0}};
     const double far = q / (chord.sine * chord.sine);
-    Ways ways{2, {refined(chord, near), refined(chord, far)}};
+    Ways ways{2, {near, far}};
     if (ways.s[1] > ways.s[0]) std::swap(ways.s[0], ways.s[1]);
     return ways;
 }

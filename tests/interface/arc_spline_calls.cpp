@@ -1,8 +1,9 @@
-// Arc-spline segments and planar primitives.
+// Arc-spline segments, planar primitives and constructions.
 #include <algorithm>
 
 #include "interface/mixed_row.h"
 #include "ztmath/arc_spline.h"
+#include "ztmath/arc_spline_constructions.h"
 #include "ztmath/arc_spline_primitives.h"
 #include "ztmath/arc_spline_tangent_circles.h"
 
@@ -123,6 +124,22 @@ std::vector<Call> primitive_calls() {
     };
 }
 
+std::vector<Call> construction_calls() {
+    return {
+        mixed_row<ARC_SPLINE_trim_to_point_1_seg_2d, third>({2, 2, in}, {out, 2}),
+        mixed_row<ARC_SPLINE_cre_circle_thru_3_points_2d>({2, 2, 2, 2}, {out, 2}),
+        mixed_row<ARC_SPLINE_cre_circle_thru_2_points_and_radius>({2, 2, 1, 1, 2},
+                                                                  {2, out, out, 2}),
+        mixed_row<ARC_SPLINE_cre_circle_thru_2_points_tangent_to_line>({2, 2, 2, 2, 2},
+                                                                       {2, out, out, 2}),
+        mixed_row<ARC_SPLINE_cre_circle_thru_pt_and_tangent_to_line_at_pt_2d>({2, 2, 2, 2},
+                                                                              {out, 2}),
+        mixed_row<ARC_SPLINE_cre_circle_from_chord_end_data_2d>({2, 2, 2, 2, 1, 2}, {out, 2}),
+        mixed_row<ARC_SPLINE_cre_arc_from_ray_to_ray_2d, second | fourth>({2, 2, 2, 2, 1, 2},
+                                                                          {2, 2, out, 2}),
+    };
+}
+
 std::vector<Call> tangent_calls() {
     return {
         mixed_row<ARC_SPLINE_cre_circle_thru_2_points_tangent_to_circle>({2, 2, in, 2},
@@ -146,7 +163,7 @@ std::vector<Call> tangent_calls() {
 
 std::vector<Call> arc_spline_calls() {
     std::vector<Call> calls;
-    for (const auto rows : {segment_calls, primitive_calls, tangent_calls}) {
+    for (const auto rows : {segment_calls, primitive_calls, construction_calls, tangent_calls}) {
         const std::vector<Call> more = rows();
         calls.insert(calls.end(), more.begin(), more.end());
     }

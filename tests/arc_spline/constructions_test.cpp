@@ -1,0 +1,233 @@
+// Circles and arcs from points, radii and tangents.
+#include "ztmath/arc_spline_constructions.h"
+
+#include "support/reports.h"
+#include "support/segments.h"
+
+namespace {
+
+using namespace ztmath_test;
+
+constexpr double tols[] = {1e-6, 1e-4};
+
+constexpr Segment full_of_sevens{7, 7, {7, 7}, 7, 7, {7, 7}, {7, 7}, 7, 7};
+
+/// What a construction gave.
+struct Made {
+    int count = 9, status = 9;
+    Segment s[2] = {full_of_sevens, full_of_sevens};
+};
+
+const double* passed(const Pair& p) {
+    return p.data();
+}
+double passed(double x) {
+    return x;
+}
+
+template <class Function, class... Inputs>
+Made made_one(Function function, const Inputs&... inputs) {
+    Made m;
+    function(passed(inputs)..., tols, m.s, &m.status);
+    return m;
+}
+
+template <class Function, class... Inputs>
+Made made_two(Function function, const Inputs&... inputs) {
+    Made m;
+    function(passed(inputs)..., tols, &m.count, &m.s[0], &m.s[1], &m.status);
+    for (int i = m.count; i < 2; ++i)  // those beyond the count are blank
+        expect_equal(m.s[i], {}, 0);
+    return m;
+}
+
+Made through_3(const Pair& p1, const Pair& p2, const Pair& p3) {
+    return made_one(ARC_SPLINE_cre_circle_thru_3_points_2d, p1, p2, p3);
+}
+Made on_chord(const Pair& p1, const Pair& p2, double radius, int selector) {
+    return made_two(ARC_SPLINE_cre_circle_thru_2_points_and_radius, p1, p2, radius, selector);
+}
+Made touching(const Pair& p1, const Pair& p2, const Pair& p, const Pair& d) {
+    return made_two(ARC_SPLINE_cre_circle_thru_2_points_tangent_to_line, p1, p2, p, d);
+}
+Made touching_at(const Pair& pt, const Pair& p, const Pair& d) {
+    return made_one(ARC_SPLINE_cre_circle_thru_pt_and_tangent_to_line_at_pt_2d, pt, p, d);
+}
+Made chord(const Pair& start, const Pair& tangent, const Pair& end, double radius = -1) {
+    return made_one(ARC_SPLINE_cre_circle_from_chord_end_data_2d, start, tangent, end, end, radius);
+}
+Made ray_to_ray(const Pair& p1, Pair d1, const Pair& p2, Pair d2) {
+    Made m;
+    ARC_SPLINE_cre_arc_from_ray_to_ray_2d(p1.data(), d1.data(), p2.data(), d2.data(), 0, tols, m.s,
+                                          &m.status);
+    return m;
+}
+
+/// How far a point is from a circle, in radii.
+double off(const Segment& s, const Pair& p) {
+    return std::fabs(distance(center_of(s), p) / s.radius - 1);
+}
+
+/// How far a circle is from touching a line, in radii.
+double gap(const Segment& s, const Pair& p, const Pair& d) {
+    return std::fabs(std::fabs(dot(left_of(d), moved(center_of(s), -1, p))) /
+                         std::hypot(d[0], d[1]) / s.radius -
+                     1);
+}
+
+double sign(double x) {
+    return x > 0 ? 1 : -1;
+}
+
+TEST(ArcSplineConstructions, ThroughThreePoints) {
+    Random random;
+    for (int i = 0; i < rounds(200); ++i) {
+        const Pair p1 = random.vector<2>(), p2 = random.vector<2>(), way = moved(p2, -1, p1);
+        const int o = i % 2 == 0 ? 1 : -1;
+        const Pair p3 =
+            moved(moved(p2, random.normal(), way), o * random.uniform(0.01, 2), left_of(way));
+        const Segment s = through_3(p1, p2, p3).s[0];
+        for (const Pair& p : {p1, p2, p3})
+            EXPECT_LT(off(s, p), 1e-9);
+        EXPECT_EQ(s.orientation, o);
+        EXPECT_EQ((Pair{s.start_point[0], s.start_point[1]}), p1);
+        expect_near(evaluated(s, s.start_angle + s.orientation * 360).point, p1, 1e-9 * s.radius);
+    }
+    EXPECT_EQ(through_3({0, 0}, {1, 1}, {3, 3}).status, 1);
+    EXPECT_EQ(through_3({0, 0}, {3, 1}, {0, 1e-7}).status, 2);
+    const Made none = through_3({0, 0}, {1, 0}, {std::nan(""), 0});
+    EXPECT_EQ(none.status, 1);
+    expect_equal(none.s[0], {}, 0);
+}
+
+// The centres stand the radius away from the middle of the chord.
+TEST(ArcSplineConstructions, ThroughTwoPointsWithARadius) {
+    for (const int selector : {0, 1, 2}) {
+        const Made two = on_chord({1, 1}, {1, 5}, 1.5, selector);
+        EXPECT_EQ(two.count, 2);
+        // The tangent is square to the way from either centre to the first point.
+        const double turn = std::atan2(1.5, 2) * 180 / std::numbers::pi;
+        const int o = selector == 1 ? -1 : 1, q = selector == 0 ? -1 : 1;
+        const double left = o == 1 ? turn : 180 + turn, right = q == 1 ? 360 - turn : 180 - turn;
+        expect_equal(two.s[0], {1, o, {1, 1}, left, left + o * 360, {-0.5, 3}, {}, 1.5, 1.5});
+        expect_equal(two.s[1], {1, q, {1, 1}, right, right + q * 360, {2.5, 3}, {}, 1.5, 1.5});
+        const Made one = on_chord({1, 1}, {1, 5}, 2 - 9e-7, selector);
+        EXPECT_EQ(one.count, 1);
+        expect_equal(one.s[0], {1, 1, {1, 1}, 0, 360, {1, 3}, {}, 2, 2});
+        EXPECT_EQ(on_chord({1, 1}, {1, 5}, 2 + 2e-6, selector).count, 0);
+        EXPECT_EQ(on_chord({1, 1}, {1, 5}, 9e-7, selector).count, 0);
+    }
+    EXPECT_EQ(on_chord({1, 1}, {1, 1 + 1.9e-6}, 1e-7, 0).status, 1);
+}
+
+TEST(ArcSplineConstructions, ThroughTwoPointsTouchingALine) {
+    Random random;
+    for (int i = 0; i < rounds(300); ++i) {
+        const Pair p{0, 0}, d{i % 7 - 3.5, 0};
+        const Pair p1{random.normal(), (i % 4 < 2 ? 1 : -1) * random.uniform(0.5, 3)};
+        const double flat = i % 3 == 0 ? 0.03 : 1;  // chords next to parallel ones, too
+        const double slope = flat * random.uniform(0.1, 0.9) * (i % 8 < 4 ? 1 : -1);
+        const Pair p2{random.normal(), p1[1] * (i % 2 == 0 ? 1 + slope : slope)};
+        const Made m = touching(p1, p2, p, d);
+        EXPECT_EQ(m.count, p1[1] * p2[1] > 0 ? 2 : 0);
+        for (int k = 0; k < m.count; ++k) {
+            EXPECT_LT(off(m.s[k], p1), 1e-9);
+            EXPECT_LT(off(m.s[k], p2), 1e-9);
+            EXPECT_LT(gap(m.s[k], p, d), 1e-9);
+        }
+        if (m.count < 2) continue;
+        const Pair apart = moved(center_of(m.s[0]), -1, center_of(m.s[1]));
+        EXPECT_GT(dot(left_of(moved(p2, -1, p1)), apart), 0);
+        const Similarity f(random);  // which a mirror image reverses
+        const Made n = touching(f.point(p1), f.point(p2), f.point(p), f.direction(d));
+        EXPECT_EQ(n.count, 2);
+        for (const int k : {0, 1}) {
+            const Segment& image = n.s[f.sense == 1 ? k : 1 - k];
+            expect_near(center_of(image), f.point(center_of(m.s[k])), 1e-9 * image.radius);
+            EXPECT_NEAR(image.radius / (f.scale * m.s[k].radius), 1, 1e-9);
+        }
+    }
+    const double cases[][7] = {{-1, 1, 1, 1, 1, 0, 1}, {1, -1, -1, -1, 1, 0, -1},  // parallel
+                               {0, 0, 3, 1, 1, 0, 5},  {3, 1, 0, 9e-7, 1, 0, 5},   // on the line
+                               {0, 0, 3, 0, 0, 0, 0},  {0, 2, 0, 1, 2, std::sqrt(2), 1.5}};
+    for (const auto& [x1, y1, x2, y2, count, x, y] : cases) {
+        const Made m = touching({x1, y1}, {x2, y2}, {7, 0}, {-1e-9, 0});
+        EXPECT_EQ(m.count, count) << x1;
+        expect_near(center_of(m.s[0]), {x, y}, 1e-5);
+    }
+    // One point barely on the line and the other barely off it: within the tolerance all the same.
+    const Made low = touching({0, 9.9e-7}, {1, 1.1e-6}, {0, 0}, {1, 0});
+    EXPECT_EQ(low.count, 1);
+    EXPECT_LE(gap(low.s[0], {0, 0}, {1, 0}) * low.s[0].radius, 1.01e-6);
+    EXPECT_EQ(touching({0, 1}, {0, 1 + 9e-7}, {0, 0}, {0, 0}).status, 1);
+    EXPECT_EQ(touching({0, 1}, {0, 2}, {0, 0}, {0, 9e-11}).status, 2);
+}
+
+TEST(ArcSplineConstructions, AlongATangent) {
+    Random random;
+    for (int i = 0; i < rounds(200); ++i) {
+        const Pair p = random.vector<2>(), pt = random.vector<2>();
+        const double angle = random.uniform(0, 359);
+        const Pair d = moved({}, 3, direction_at(angle)), way = moved(pt, -1, p);
+        const Segment s = touching_at(pt, p, d).s[0];
+        const int side = static_cast<int>(sign(dot(left_of(d), way)));
+        EXPECT_LT(off(s, pt), 1e-9);
+        const Pair center = moved(p, side * s.radius / 3, left_of(d));
+        expect_equal(s,
+                     {1,
+                      side,
+                      {p[0], p[1]},
+                      angle,
+                      angle + side * 360,
+                      {center[0], center[1]},
+                      {},
+                      s.radius,
+                      s.radius},
+                     1e-9);
+        const Segment arc = chord(p, d, pt).s[0];
+        EXPECT_NEAR(arc.radius / s.radius, 1, 1e-12);
+        EXPECT_TRUE(arc.start_angle == s.start_angle && arc.orientation == side);
+        EXPECT_TRUE(std::fabs(arc.end_angle - arc.start_angle) < 360);
+        expect_near(evaluated(arc, arc.end_angle).point, pt, 1e-9 * s.radius);
+        const double given = arc.radius + 5e-7;
+        EXPECT_EQ(chord(p, d, pt, given).s[0].radius, given);
+        EXPECT_EQ(chord(p, d, pt, arc.radius + 2e-6).status, 3);
+    }
+    const Segment back = made_straight({0, 0}, {-2, 9e-7}),
+                  ahead = made_straight({0, 0}, {2, 9e-7});
+    expect_equal(touching_at({-2, 9e-7}, {0, 0}, {3, 0}).s[0], back, 0);
+    EXPECT_EQ(touching_at({0, 0}, {9e-7, 0}, {0, 0}).status, 1);
+    EXPECT_EQ(touching_at({0, 0}, {1, 0}, {0, 9e-11}).status, 2);
+    expect_equal(chord({0, 0}, {3, 0}, {2, 9e-7}).s[0], ahead, 0);
+    EXPECT_EQ(chord({0, 0}, {3, 0}, {9e-7, 0}).status, 1);
+    EXPECT_EQ(chord({0, 0}, {3, 0}, {-2, 9e-7}).status, 2);
+}
+
+TEST(ArcSplineConstructions, FromRayToRay) {
+    Random random;
+    for (int i = 0; i < rounds(200); ++i) {
+        const Pair x = random.vector<2>();
+        const double from = random.uniform(0, 360);
+        const Pair d1 = direction_at(from), d2 = direction_at(from + random.uniform(10, 170));
+        const double t1 = random.uniform(-3, 3), t2 = random.uniform(-3, 3);
+        const Pair p1 = moved(x, -t1, d1), p2 = moved(x, -t2, d2);
+        const Segment s = ray_to_ray(p1, moved({}, 2, d1), p2, d2).s[0];
+        const At start = evaluated(s, s.start_angle), end = evaluated(s, s.end_angle);
+        expect_near(start.tangent, d1, 1e-12);
+        EXPECT_NEAR(dot(left_of(end.tangent), d2), 0, 1e-9);
+        const double less = std::fmin(std::fabs(t1), std::fabs(t2));
+        expect_near(start.point, moved(x, -sign(t1) * less, d1), 1e-9);
+        expect_near(end.point, moved(x, -sign(t2) * less, d2), 1e-9);
+    }
+    expect_equal(ray_to_ray({0, 0}, {1, 0}, {3, 2}, {1, 0}).s[0],
+                 {1, 1, {0, 0}, 0, 180, {0, 1}, {}, 1, 1});
+    EXPECT_EQ(ray_to_ray({0, 0}, {1, 0}, {3, 2}, {0, 1e-8}).status, 1);
+    EXPECT_EQ(ray_to_ray({0, 0}, {1, 0}, {3, 0}, {-1, 0}).status, 2);
+    ReportRecorder recorder;
+    EXPECT_EQ(ray_to_ray({0, 0}, {1, 0}, {0, 3}, {0, 1}).status, 3);
+    EXPECT_EQ(recorder.take(),
+              Reports{internal(
+                  arc_module, "The call to ARC_SPLINE_cre_circle_from_chord_end_data_2d failed.")});
+}
+
+}  // namespace

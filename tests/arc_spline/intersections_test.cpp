@@ -52,72 +52,60 @@ Pair at_parm(const Segment& s, double parm) {
     return point;
 }
 
-/// Expects all points that count to be where their parameters say on both segments, and the same
-/// result of the segments exchanged.
-void expect_on_both(const Segment& a, const Segment& b, const Common& c, double tolerance) {
-    EXPECT_EQ(c.status, 0);
-    const Common exchanged = common(&b, &a);
-    ASSERT_EQ(exchanged.count, c.count);
-    for (int i = 0; i < c.count; ++i) {
-        expect_near(c.points[i], at_parm(a, c.parms[i][0]), tolerance);
-        expect_near(c.points[i], at_parm(b, c.parms[i][1]), tolerance);
-        EXPECT_LE(std::min(distance(exchanged.points[0], c.points[i]),
-                           distance(exchanged.points[1], c.points[i])),
-                  tolerance);
+/// Expects two points in common, which half the chord tells apart, and the same of the segments
+/// exchanged.
+void expect_crossing(const Segment& a, const Segment& b, double half_squared) {
+    constexpr double rounding = 2e-14;
+    const Common found = common(&a, &b), exchanged = common(&b, &a);
+    ASSERT_EQ(found.status + exchanged.status, 0);
+    ASSERT_EQ(found.count, 2);
+    ASSERT_EQ(exchanged.count, 2);
+    const double apart = distance(found.points[0], found.points[1]);
+    EXPECT_NEAR(apart * apart / 4, half_squared, 4 * rounding);
+    const double across = 4 * rounding / std::fmax(std::sqrt(half_squared), 1e-7);
+    for (int i = 0; i < 2; ++i) {
+        const Pair& p = found.points[i];
+        expect_near(p, at_parm(a, found.parms[i][0]), rounding);
+        expect_near(p, at_parm(b, found.parms[i][1]), rounding);
+        EXPECT_LE(std::fmin(distance(exchanged.points[0], p), distance(exchanged.points[1], p)),
+                  across);
     }
 }
 
-/// Half the chord, exact but for one rounding.
-double half_chord(const Pair& c1, double r1, const Pair& c2, double r2) {
-    const long double x = static_cast<long double>(c2[0]) - c1[0];
-    const long double y = static_cast<long double>(c2[1]) - c1[1];
-    const long double d = std::sqrt(x * x + y * y);
-    const long double sum = static_cast<long double>(r1) + r2;
-    const long double difference = static_cast<long double>(r1) - r2;
-    const long double squared = (sum - d) * (sum + d) * (d - difference) * (d + difference);
-    return static_cast<double>(std::sqrt(std::fmax(squared, 0.0L)) / (2 * d));
+/// The square of half the chord of two circles, exact but for one rounding.
+double half_squared(const Segment& a, const Segment& b) {
+    const long double x = b.center[0] - static_cast<long double>(a.center[0]);
+    const long double y = b.center[1] - static_cast<long double>(a.center[1]);
+    const long double d = std::hypot(x, y), r = a.radius;
+    const long double sum = r + b.radius, difference = r - b.radius;
+    const long double h = (sum - d) * (sum + d) * (d - difference) * (d + difference) / (4 * d * d);
+    return static_cast<double>(std::fmax(h, 0.0L));
 }
 
-TEST(Intersections, OfCirclesLieOnBoth) {
+TEST(Intersections, LieOnBoth) {
     Random random;
-    for (int round = 0; round < rounds(5000); ++round) {
-        const Pair c1 = random.vector<2>();
-        const double r1 = random.uniform(0.5, 3), r2 = r1 * random.uniform(0.5, 2);
-        // Close to touching from outside or inside, or nearly concentric, or anything between.
-        const double close = std::pow(10, random.uniform(-7, -1));
-        const double apart[] = {r1 + r2 - close, std::fabs(r1 - r2) + close, random.uniform(0, 6)};
-        const double r = round % 4 == 3 ? r1 * (1 + 0.5 * close) : r2;
-        const double d = round % 4 == 3 ? close * r1 : apart[round % 4];
-        const Pair c2 = moved(c1, d, direction_at(random.uniform(0, 360)));
-        const Segment a = arc(c1, r1), b = arc(c2, r);
-        const double half = half_chord(c1, r1, c2, r);
-        const Common c = common(&a, &b);
-        ASSERT_EQ(c.count, d > r1 + r ? 0 : 2);
-        if (half < 1e-6) continue;
-        // An error of the radical axis shows along the chord the more, the nearer they touch.
-        const double error = 3e-15 * (r1 + r) * (r1 + r) / std::fmin(half, d);
-        expect_on_both(a, b, c, error);
-        EXPECT_NEAR(distance(c.points[0], c.points[1]), 2 * half, 4 * error * r1 / half);
-    }
-}
-
-TEST(Intersections, OfArcsAndStraightsLieOnBoth) {
-    Random random;
-    for (int round = 0; round < rounds(5000); ++round) {
-        const Pair center = random.vector<2>(), along = direction_at(random.uniform(0, 360));
-        const double r = random.uniform(0.5, 3);
-        const double off =
-            round % 2 == 0 ? r - std::pow(10, random.uniform(-7, -1)) : random.uniform(0, 4);
-        const Pair foot = moved(center, off, left_of(along));
-        const Segment a = arc(center, r), b = straight(moved(foot, random.uniform(-9, -5), along),
-                                                       moved(foot, random.uniform(5, 9), along));
-        const Common c = common(&a, &b);
-        ASSERT_EQ(c.count, off > r ? 0 : 2);
-        if (c.count == 0) continue;
-        const double half = std::sqrt((r - off) * (r + off)), error = 1e-14 * (r + 1 / half);
-        expect_on_both(a, b, c, error);
-        EXPECT_NEAR(distance(c.points[0], c.points[1]), 2 * half, 4 * error);
-        EXPECT_GT(c.parms[1][1], c.parms[0][1]);  // along the straight
+    for (int round = 0; round < rounds(6000); ++round) {
+        SCOPED_TRACE(round);
+        const Pair c1 = random.vector<2>(), way = direction_at(random.uniform(0, 360));
+        const double r1 = random.uniform(0.5, 3), r2 = r1 * random.uniform(0.5, 0.99);
+        const double close = std::pow(10, random.uniform(-12, -1)), near = std::fmax(close, 1e-8);
+        const Segment a = arc(c1, r1);
+        // Close to touching from outside or inside, nearly concentric, anything between; straights.
+        const int kind = round % 6;
+        const double apart[] = {r1 + r2 - close, r1 - r2 + close, near * r1,
+                                random.uniform(r1 - r2, r1 + r2)};
+        if (kind < 4) {
+            const Pair c2 = moved(c1, apart[kind], way);
+            const Segment b = arc(c2, kind == 2 ? r1 * (1 + 0.5 * near) : r2);
+            expect_crossing(a, b, half_squared(a, b));
+            continue;
+        }
+        const double d = kind == 4 ? r1 - 2e-9 - close : random.uniform(0, r1 - 0.01);
+        const Pair foot = moved(c1, d, left_of(way));
+        const Segment b = straight(moved(foot, random.uniform(-9, -5), way), moved(foot, 5, way));
+        expect_crossing(a, b, (r1 - d) * (r1 + d));
+        const Common found = common(&b, &a);
+        EXPECT_GT(found.parms[1][0], found.parms[0][0]) << "along the straight";
     }
 }
 
@@ -168,12 +156,16 @@ TEST(Intersections, CountWhatIsInsideBothDomains) {
 }
 
 TEST(Intersections, ThatAreNone) {
-    const ReportRecorder recorder;
-    const Segment circle = arc({0, 0}, 5), ring = arc({0, 0}, 3), nested = arc({0.5, 0}, 2);
-    const Segment apart = arc({11, 0}, 5), dot = arc({5, 0}, 0.9e-10),
-                  bad{7, 0, {}, 0, 0, {}, {}, 0, 0};
-    const Segment line = straight({0, 0}, {1, 0}), parallel = straight({0, 1}, {1, 1});
-    const Segment nan = arc({NAN, 0}, 5), endless = straight({0, 0}, {HUGE_VAL, 1});
+    const Segment circle = arc({0, 0}, 5), ring = arc({0, 0}, 3), apart = arc({11, 0}, 5);
+    const Segment dot = arc({5, 0}, 0.9e-10), bad{7, 0, {}, 0, 0, {}, {}, 0, 0};
+    const Segment line = straight({0, 0}, {9, 0}), parallel = straight({0, 1}, {1, 1});
+    const Segment aimless{0, 0, {}, 0, 0, {}, {}, 1, 1}, small = arc({2, 0}, 5e-10);
+    // Where numbers are coarse, points fall on centres, and have no parameter there.
+    const Segment row[] = {arc({1e17, 0}, 8), arc({1e17 + 16, 0}, 8), arc({1e17 + 32, 0}, 8)};
+    const double coarse = std::ldexp(1.0, 57);
+    const Segment left = arc({coarse, 0}, 12), above = arc({coarse, 1.5e-10}, 12);
+    const Segment below = arc({coarse, -1.5e-10}, 12), rim = arc({5, 0}, std::ldexp(5.0, -33));
+    const Segment* const null = nullptr;
     for (const auto& [a, b, status] : {std::tuple{&circle, &ring, 0},
                                        {&circle, &circle, 0},
                                        {&circle, &apart, 0},
@@ -182,12 +174,17 @@ TEST(Intersections, ThatAreNone) {
                                        {&line, &line, 0},
                                        {&line, &parallel, 0},
                                        {&bad, &bad, 1},
+                                       {&aimless, &circle, 1},
                                        {&circle, &bad, 2},
-                                       {&circle, static_cast<const Segment*>(nullptr), 2},
-                                       {&nan, &circle, 0},
-                                       {&endless, &circle, 0},
-                                       {&nan, &line, 0}}) {
-        const Common c = common(a, b, 1, 1);
+                                       {&circle, null, 2},
+                                       {&small, &line, 3},
+                                       {&line, &small, 3},
+                                       {&row[0], &row[1], 3},
+                                       {&row[1], &row[2], 4},
+                                       {&left, &above, 7},
+                                       {&circle, &rim, 8},
+                                       {&left, &below, 9}}) {
+        const Common c = common(a, b);
         EXPECT_EQ(c.status, status);
         EXPECT_EQ(c.count, 0);
         for (int i = 0; i < 2; ++i) {
@@ -198,11 +195,53 @@ TEST(Intersections, ThatAreNone) {
     const auto with_line = ARC_SPLINE_inter_circular_arc_line_seg_2d;
     EXPECT_EQ(common(&circle, &bad, 0, 0, with_line).status, 1);
     EXPECT_EQ(common(&circle, &line, 0, 0, with_line).count, 2);
-    // Circles inside one another cross in two points off them.
-    const Common off = common(&circle, &nested);
-    EXPECT_EQ(off.count, 2);
-    EXPECT_GT(std::hypot(off.points[0][0], off.points[0][1]), 6);
+}
+
+TEST(Intersections, StayAsTheyAre) {
+    const ReportRecorder recorder;
+    const Segment circle = arc({0, 0}, 5), nested = arc({0.5, 0}, 2), beside = arc({8, 0}, 3);
+    // Circles inside one another cross in two points off them, and touching ones in one point
+    // twice.
+    EXPECT_EQ(common(&circle, &nested).count, 2);
+    EXPECT_GT(
+        std::hypot(common(&circle, &nested).points[0][0], common(&circle, &nested).points[0][1]),
+        6);
+    EXPECT_EQ(common(&circle, &beside).count, 2);
+    EXPECT_EQ(common(&circle, &beside).points[1], (Pair{5, 0}));
+    // Close to the foot, the start of a straight takes its place.
+    const Segment line = straight({5e-10, 3}, {9, 3}), other = straight({0, 3}, {0, 9});
+    EXPECT_NEAR(common(&circle, &line).points[1][0] - 4, 5e-10, 1e-14);
+    EXPECT_EQ(common(&line, &other).points[0], (Pair{2.5e-10, 3}));
+    // A straight without a length still has its line.
+    const Segment point{0, 0, {1, 3}, 0, 0, {1, 3}, {1, 0}, 0, 0};
+    expect_near(common(&circle, &point).points[1], {4, 3}, 1e-15);
     EXPECT_EQ(recorder.reports(), Reports{});
+}
+
+TEST(Intersections, OfAnythingAreNumbers) {
+    Random random;
+    const double wild[] = {0, 1, -1, 5e-11, 1e9, 1e18, 1e160, 1e-170, 1e308, HUGE_VAL, NAN, 90};
+    const auto number = [&] {
+        return random.integer(0, 1) == 0 ? random.normal() : wild[random.integer(0, 11)];
+    };
+    for (int round = 0; round < rounds(20000); ++round) {
+        Segment s[2];
+        for (Segment& each : s) {
+            each = {random.integer(0, 1),
+                    random.integer(-1, 1),
+                    {number(), number()},
+                    number(),
+                    number(),
+                    {number(), number()},
+                    {number(), number()},
+                    number(),
+                    0};
+        }
+        const Common found = common(&s[0], &s[1], round % 2, round / 2 % 2);
+        ASSERT_TRUE(found.count >= 0 && found.count <= 2);
+        for (int i = 0; i < 4; ++i)
+            ASSERT_TRUE(std::isfinite(found.points[i / 2][i % 2] + found.parms[i / 2][i % 2]));
+    }
 }
 
 }  // namespace

@@ -69,7 +69,8 @@ void require_whole(const BCDF* record) {
 }  // namespace
 
 void fuzz::run(Bytes& bytes) {
-    Record record = new_record(bytes, bytes.integer(1, 12), bytes.integer(3, 4));
+    const int n = bytes.integer(1, 12);
+    Record record = new_record(bytes, n, bytes.integer(3, 4));
     for (int i = 0; i < 40 && !bytes.empty(); ++i) {
         edit(record.get(), bytes);
         require_whole(record.get());

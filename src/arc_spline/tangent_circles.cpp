@@ -17,6 +17,7 @@ constexpr Module report = arc_spline_module.part(31);
 /// when it is touched from inside. Equal codes by radius, equal radii from left to right.
 class Found {
   public:
+    // cppcheck-suppress uninitMemberVar ; of the circles, those that count are written
     Found(double tol, Vec2 from, Vec2 towards) : tol_(tol), from_(from), way_(towards - from) {}
 
     /// Leaves out what is no circle to report, and `given` ones and circles found before.

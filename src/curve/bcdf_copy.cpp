@@ -91,6 +91,7 @@ void BCDF_copy_single_3d_point(const BCDF* record, int position, double point[3]
     const int dimension = dimension_of(list);
     const bool exists = has(list, position);
     const bool served = exists && (dimension == 3 || dimension == 4 || !checking());
+    // cppcheck-suppress nullPointerRedundantCheck ; nothing exists in a list that is not there
     store(served ? cartesian_at(*list, position) : Vec3{}, point);
     if (served || !checking()) return;
     if (list == nullptr)

@@ -57,6 +57,7 @@ class WorkArray {
     static_assert(std::is_trivial_v<T>, "elements are neither constructed nor destroyed");
 
   public:
+    // cppcheck-suppress uninitMemberVar ; what is in place is work memory too
     explicit WorkArray(std::ptrdiff_t count)
         : block_(count > InPlace ? static_cast<T*>(SM_alloc(bytes_of<T>(count))) : nullptr) {}
     ~WorkArray() { SM_free(block_); }

@@ -90,6 +90,7 @@ Factors eliminate_corner(double* row, const Group& group, Index k) {
     for (Index s = 0; s < group_size; ++s) {
         double value = row[k + s];
         for (Index t = 0; t < s; ++t)
+            // cppcheck-suppress uninitvar ; those before s are written
             value -= factors.f[t] * group.u[t][k + s];
         factors.f[s] = row[k + s] = value / group.u[s][k + s];
     }

@@ -50,6 +50,7 @@ struct Stages {
     double* k[stages];
     double* y;
 
+    // cppcheck-suppress uninitMemberVar ; the loop writes k
     Stages(double* work, int n) : y(work + std::ptrdiff_t{stages} * n) {
         for (double*& row : k) {
             row = work;

@@ -55,6 +55,7 @@ template <class Lanes, int Rows>
             Lanes u;
             load(a[k] + column + g * width, u);
             for (int r = 0; r < Rows; ++r)
+                // cppcheck-suppress uninitvar ; written above
                 tile[r][g] -= rows[r][k] * u;
         }
     for (int r = 0; r < Rows; ++r)

@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <utility>
 
-#include "frame/work_array.h"
 #include "frame/lanes.h"
+#include "frame/work_array.h"
 
 namespace ztmath {
 

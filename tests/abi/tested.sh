@@ -4,6 +4,7 @@ set -eu
 tests=$1
 shift
 status=0
+# shellcheck disable=SC2013 # names have no blanks
 for name in $(cat "$@"); do
     grep -rqw --include='*.cpp' --include='*.c' -e "$name" "$tests" || {
         echo "$name is in no test"

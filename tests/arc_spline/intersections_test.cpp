@@ -5,6 +5,8 @@
 
 #include <array>
 #include <cmath>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "support/plane.h"
@@ -115,11 +117,7 @@ TEST(Intersections, CountWhatIsInsideBothDomains) {
     const double brim = 5 + 9e-10;
     const Segment tangent = straight({-9, brim}, {9, brim}), cross = straight({0, 0}, {3, 3});
     // The first circle's crossings are (3, -4) and (3, 4), the line's (-4, 3) and (4, 3).
-    const struct {
-        const Segment *a, *b;
-        int count;
-        Pair first, flags;
-    } cases[] = {
+    const std::tuple<const Segment*, const Segment*, int, Pair, Pair> cases[] = {
         {&whole, &other, 2, {3, -4}, {-1, -1}},     {&lower, &other, 1, {3, -4}, {-1, -1}},
         {&upper, &other, 1, {3, 4}, {-1, -1}},      {&other, &upper, 1, {3, 4}, {-1, -1}},
         {&missed, &other, 0, {3, -4}, {1, -1}},     {&whole, &line, 2, {-4, 3}, {-1, -1}},
@@ -128,12 +126,11 @@ TEST(Intersections, CountWhatIsInsideBothDomains) {
         {&whole, &tangent, 1, {0, brim}, {-1, -1}}, {&whole, &far, 0, {0, 5}, {-1, 1}},
         {&upper, &level, 1, {5, 0}, {0, -1}},       {&line, &cross, 1, {3, 3}, {-1, 0}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(&c - cases);
-        const Common found = common(c.a, c.b, 1, 1);
-        EXPECT_EQ(found.count, c.count);
-        expect_near(found.points[0], c.first, 1e-14);
-        EXPECT_EQ((Pair{1.0 * found.flags[0][0], 1.0 * found.flags[0][1]}), c.flags);
+    for (const auto& [a, b, count, first, flags] : cases) {
+        const Common found = common(a, b, 1, 1);
+        EXPECT_EQ(found.count, count);
+        expect_near(found.points[0], first, 1e-14);
+        EXPECT_EQ((Pair{1.0 * found.flags[0][0], 1.0 * found.flags[0][1]}), flags);
     }
     // One bounded segment alone; what is outside stands second with its flag.
     EXPECT_EQ(common(&other, &lower, 1, 0).count + common(&half, &whole, 0, 1).count, 4);
@@ -156,10 +153,8 @@ TEST(Intersections, ThatAreNone) {
     const Segment left = arc({coarse, 0}, 12), above = arc({coarse, 1.5e-10}, 12);
     const Segment below = arc({coarse, -1.5e-10}, 12), rim = arc({5, 0}, tiny);
     const Segment huge = arc({0, 0}, 1e200);
-    const struct {
-        int status;
-        std::vector<std::array<const Segment*, 2>> couples;
-    } cases[] = {
+    using Couples = std::vector<std::array<const Segment*, 2>>;
+    const std::pair<int, Couples> cases[] = {
         {0, {{&circle, &ring}, {&circle, &circle}, {&circle, &apart}, {&circle, &dot}}},
         {0, {{&dot, &line}, {&line, &line}, {&line, &parallel}, {&huge, &apart}}},
         {1, {{&bad, &bad}, {&aimless, &circle}}},
@@ -209,9 +204,9 @@ TEST(Intersections, OfAnythingAreNumbers) {
             double n[9];
             for (double& x : n)
                 x = random.integer(0, 1) == 0 ? random.normal() : wild[random.integer(0, 11)];
-            each = {round % 2,    random.integer(-1, 1), {n[0], n[1]}, n[2], n[3],
-                    {n[4], n[5]}, {n[6], n[7]},          n[8],         0};
-            if (random.integer(0, 1) == 1) each.type = 1;
+            const int type = random.integer(0, 2) == 0 ? 0 : 1;
+            each = {type,         round % 3 - 1, {n[0], n[1]}, n[2], n[3],
+                    {n[4], n[5]}, {n[6], n[7]},  n[8],         0};
         }
         const Common found = common(&s[0], &s[1], round % 2, round / 2 % 2);
         for (int i = 0; i < 4; ++i)

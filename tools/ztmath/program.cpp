@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <new>
 
+#include "arcs_command.h"
 #include "command.h"
 #include "fit_command.h"
 #include "output.h"
@@ -16,6 +17,7 @@ namespace {
 
 const char* const program_help = R"(
 Examples:
+  ztmath arcs circles --circle 0,0,1 --circle 4,0,1.5 --circle 1,4,1 --svg touch.svg
   ztmath fit plane --svg flatness.svg points.txt
   ztmath roots 6 -5 1
   ztmath transform rotate --axis 0,0,1 --angle 30 points.txt
@@ -36,6 +38,7 @@ ExitCode parse_and_run(int argc, const char* const* argv) {
     program.require_subcommand(1);
     program.footer(program_help);
     Commands commands;
+    add_arcs_commands(program, commands);
     add_fit_commands(program, commands);
     add_transform_commands(program, commands);
     add_roots_command(program, commands);

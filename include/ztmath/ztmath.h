@@ -18,6 +18,7 @@
 #include <ztmath/arc_spline_planes.h>
 #include <ztmath/arc_spline_primitives.h>
 #include <ztmath/arc_spline_tangent_circles.h>
+#include <ztmath/arc_spline_tangents.h>
 #include <ztmath/banded.h>
 #include <ztmath/bc_pole.h>
 #include <ztmath/bcdf.h>

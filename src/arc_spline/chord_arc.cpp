@@ -5,6 +5,7 @@
 #include "arc_spline/rays.h"
 #include "kit/vec2.h"
 #include "ztmath/arc_spline_constructions.h"
+#include "ztmath/arc_spline_tangents.h"
 
 namespace ztmath {
 
@@ -80,6 +81,14 @@ RayToRay ray_to_ray(const Line& ray_1, const Line& ray_2, bool unit, const doubl
     return made;
 }
 
+EndTangent other_end_tangent(Vec2 start, Vec2 tangent, Vec2 end, double tol) {
+    if (circle_touching_at(end, {start, tangent}, tol).status != 0) return {1, {0.0, 0.0}};
+    const Vec2 along = unitize(end - start).unit;
+    const Vec2 mirrored = along * (2.0 * dot(tangent, along)) - tangent;
+    if (!is_finite(mirrored)) return {1, {0.0, 0.0}};
+    return {0, mirrored};
+}
+
 }  // namespace ztmath
 
 using namespace ztmath;
@@ -109,4 +118,17 @@ void ARC_SPLINE_cre_arc_from_ray_to_ray_2d(const double p1[2], double d1[2], con
     store(made.arc, out, status);
     if (made.arc.status == 3)
         report.internal("The call to ARC_SPLINE_cre_circle_from_chord_end_data_2d failed.");
+}
+
+void ARC_SPLINE_compute_tangent_at_other_end_of_chord_2d(const double start[2],
+                                                         const double start_tangent[2],
+                                                         const double end[2], const double* tols,
+                                                         double end_tangent[2], int* status) {
+    const EndTangent made =
+        other_end_tangent(load2(start), load2(start_tangent), load2(end), tols[0]);
+    store(made.tangent, end_tangent);
+    *status = made.status;
+    if (made.status != 0)
+        report.internal(
+            "The call to ARC_SPLINE_cre_circle_thru_pt_and_tangent_to_line_at_pt_2d failed.");
 }

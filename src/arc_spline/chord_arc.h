@@ -27,4 +27,14 @@ struct RayToRay {
 
 RayToRay ray_to_ray(const Line& ray_1, const Line& ray_2, bool unit, const double* tols);
 
+/// The tangent at the other end of a chord.
+///
+/// status: 1 the ends coincide or there is no tangent.
+struct EndTangent {
+    int status;
+    Vec2 tangent;
+};
+
+EndTangent other_end_tangent(Vec2 start, Vec2 tangent, Vec2 end, double tol);
+
 }  // namespace ztmath

@@ -71,6 +71,14 @@ SegmentFoot foot_on(const Segment* segment, Vec2 point, double angle_tol) {
     return {0, line.point + line.direction * parm, parm};
 }
 
+PointOnSegment point_on(const Segment* segment, Vec2 point, bool bounded, const double* tols) {
+    const SegmentFoot found = foot_on(segment, point, tols[1]);
+    if (found.status != 0) return {found.status, 0.0, -1};
+    const InDomain where = in_domain(*segment, tols[0], tols[1], found.parm);
+    if (!std::isfinite(where.parm)) return {4, 0.0, -1};
+    return {0, where.parm, bounded ? where.flag : -1};
+}
+
 }  // namespace ztmath
 
 using namespace ztmath;

@@ -25,4 +25,14 @@ struct SegmentFoot {
 /// The foot on the infinite line or the full circle.
 SegmentFoot foot_on(const Segment* segment, Vec2 point, double angle_tol);
 
+/// Where a point lies on a segment. status: that of the foot; 4 it has no finite parameter. The
+/// flag is that of the domain; -1 when the segment counts as not bounded.
+struct PointOnSegment {
+    int status;
+    double parm;
+    int flag;
+};
+
+PointOnSegment point_on(const Segment* segment, Vec2 point, bool bounded, const double* tols);
+
 }  // namespace ztmath

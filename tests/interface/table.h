@@ -34,6 +34,7 @@ struct Call {
 
 std::vector<Call> arc_plane_calls();
 std::vector<Call> arc_spline_calls();
+std::vector<Call> arc_tangent_calls();
 std::vector<Call> curve_calls();
 std::vector<Call> curve_edit_calls();
 std::vector<Call> dgeom_calls();

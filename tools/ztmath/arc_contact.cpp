@@ -20,10 +20,6 @@ Vec2 toward(const Entity& circle, const Vec2& p) {
     return along(circle.place, circle.radius, unit(p - circle.place));
 }
 
-double miss(const Entity& circle, const Vec2& p) {
-    return std::fabs(length(p - circle.place) - circle.radius);
-}
-
 Contact with_line(const Entity& circle, const Entity& line) {
     const Vec2 d = unit(line.direction);
     const Vec2 foot = along(line.place, dot(circle.place - line.place, d), d);
@@ -69,6 +65,13 @@ Contact with(const Entity& circle, const Entity& e, const Given& given) {
 }
 
 }  // namespace
+
+double miss(const Entity& e, const Vec2& p) {
+    const Vec2 way = p - e.place;
+    if (e.kind == Entity::point || e.is_round()) return std::fabs(length(way) - e.radius);
+    const Vec2 d = unit(e.direction);
+    return std::fabs(way[0] * d[1] - way[1] * d[0]);
+}
 
 std::vector<Contact> contacts_of(const Entity& circle, const Given& given) {
     std::vector<Contact> contacts;

@@ -1,4 +1,4 @@
-// How a circle that was found meets what was given, measured anew.
+// How what was found meets what was given, measured anew.
 #pragma once
 
 #include "arc_entities.h"
@@ -9,11 +9,15 @@ struct Contact {
     std::string with;  // "circle 2"
     std::string how;   // "touches it from outside"
     Vec2 at{};
-    double residual = 0.0;  // how far it misses, a length
+    double residual = 0.0;              // how far it misses, a length
+    std::optional<double> parameter{};  // of the point, on what was given
 };
 
-/// One for each thing given: the entities in order, then the radius, the point to touch at and the
-/// angle.
+/// How far a point is from the whole line or circle.
+double miss(const Entity& e, const Vec2& p);
+
+/// Of a circle: one for each thing given: the entities in order, then the radius, the point to
+/// touch at and the angle.
 std::vector<Contact> contacts_of(const Entity& circle, const Given& given);
 
 }  // namespace tool

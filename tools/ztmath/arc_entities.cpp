@@ -261,8 +261,4 @@ Tolerances tolerances(const ArcsOptions& options, const Given& given) {
     return {{options.tolerance.value_or(std::max(from_size, 1.0e-10)), angle_tolerance, 1.0e-10}};
 }
 
-ExitCode misfit_code(const ArcsOptions& options) {
-    return options.file.empty() ? ExitCode::usage : ExitCode::input;
-}
-
 }  // namespace tool

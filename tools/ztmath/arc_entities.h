@@ -77,9 +77,6 @@ struct Tolerances {
 };
 Tolerances tolerances(const ArcsOptions& options, const Given& given);
 
-/// The exit code for things given that do not fit the command.
-ExitCode misfit_code(const ArcsOptions& options);
-
 /// What the help texts say about the file.
 extern const char* const entities_file_help;
 

@@ -18,30 +18,22 @@ Record new_record(fuzz::Bytes& bytes, int n, int dimension) {
             BCDF_free_structure};
 }
 
-/// One edit at a point that there is.
+/// One edit, at a point that there is or beside the record.
 void edit(BCDF* record, fuzz::Bytes& bytes) {
     const int n = BCDF_return_num_of_points(record);
     const double vector[] = {bytes.number(), bytes.number(), bytes.number(), bytes.number()};
-    const int at = bytes.integer(0, n - 1);
+    const int at = bytes.integer(-2, n + 1);
     switch (bytes.integer(0, 14)) {
         case 0:
-            return BCDF_change_slope(record, bytes.integer(0, 5), vector, at);
+            return BCDF_change_slope(record, bytes.integer(-1, 6), vector, at);
         case 1:
-            return BCDF_replace_slope(record, vector, at, bytes.integer(0, 5));
+            return BCDF_replace_slope(record, vector, at, bytes.integer(-1, 6));
         case 2:
-            if (const int slopes = BCDF_return_num_of_slopes(record); slopes > 0) {
-                const int first = bytes.integer(0, slopes - 1);
-                BCDF_remove_slopes(record, first, bytes.integer(1, slopes - first));
-            }
-            return;
+            return BCDF_remove_slopes(record, at, bytes.integer(-1, n));
         case 3:
-            return BCDF_change_curvature(record, bytes.integer(0, 1), vector, at, bytes.number());
+            return BCDF_change_curvature(record, bytes.integer(-1, 2), vector, at, bytes.number());
         case 4:
-            if (const int count = BCDF_return_num_of_crvatrs(record); count > 0) {
-                const int first = bytes.integer(0, count - 1);
-                BCDF_remove_curvatures(record, first, bytes.integer(1, count - first));
-            }
-            return;
+            return BCDF_remove_curvatures(record, at, bytes.integer(-1, n));
         case 5:
             return BCDF_update_slopes(record);
         case 6:
@@ -49,15 +41,13 @@ void edit(BCDF* record, fuzz::Bytes& bytes) {
         case 7:
             return BCDF_replace_defining_point(record, vector, at, bytes.integer(3, 4));
         case 8:
-            // What would leave less than three points is another record's business.
-            if (n - at > 1 && n > 4) BCDF_remove_defining_points(record, at, 1);
-            return;
+            return BCDF_remove_defining_points(record, at, bytes.integer(-1, n));
         case 9:
             return BCDF_add_params(record, nullptr);
         case 10:
             return BCDF_add_needed_slopes(record);
         case 11:
-            return BCDF_change_order(record, bytes.integer(0, 30));
+            return BCDF_change_order(record, bytes.integer(-1, 30));
         case 12:
             return BCDF_toggle_periodicity(record);
         case 13:
@@ -79,7 +69,7 @@ void require_whole(const BCDF* record) {
 }  // namespace
 
 void fuzz::run(Bytes& bytes) {
-    Record record = new_record(bytes, bytes.integer(3, 12), bytes.integer(3, 4));
+    Record record = new_record(bytes, bytes.integer(1, 12), bytes.integer(3, 4));
     for (int i = 0; i < 40 && !bytes.empty(); ++i) {
         edit(record.get(), bytes);
         require_whole(record.get());

@@ -21,6 +21,7 @@ inline constexpr Module svd_module{"svd"};
 /// Prints a line on standard output at each change to V.
 struct PrintTrace {
     static constexpr bool enabled = true;
+    static void print(const char* line) { std::fputs(line, stdout); }
     template <class... Arguments>
     static void print(const char* format, Arguments... arguments) {
         std::printf(format, arguments...);

@@ -124,6 +124,7 @@ struct Prepared {
 
     static void run(void* data) {
         auto& self = *static_cast<Prepared*>(data);
+        ++calls_made;
         self.call.run(self.in.data(), self.out.data());
     }
 };
@@ -154,6 +155,7 @@ TEST_F(AnotherPlatform, MayLeaveEveryCallAtEveryChance) {
             ASSERT_FALSE(HasFailure());
         }
     }
+    tell_calls();
     EXPECT_GT(interrupted[0], 100) << "allocations refused";
     EXPECT_GT(interrupted[1], 100) << "reports left by exceptions";
 }

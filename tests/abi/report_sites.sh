@@ -18,7 +18,10 @@ function complain(what) { print where[i] ":" line[i] ": " what; bad = 1 }
     if (/inline/) shared[name] = text_between("{\"", "\"")
     else own[FILENAME, name] = text_between("{\"", "\"") " 0"
 }
-/constexpr Module [a-z0-9_]+ = / {
+/constexpr Module [a-z0-9_]+ = [a-z0-9_]+;/ {
+    own[FILENAME, text_between("constexpr Module ", " =")] = text_between("= ", ";") " 0"
+}
+/constexpr Module [a-z0-9_]+ = [a-z0-9_]+\.part/ {
     own[FILENAME, text_between("constexpr Module ", " =")] = \
         text_between("= ", ".part(") " " text_between(".part(", ")")
 }

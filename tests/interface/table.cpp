@@ -2,8 +2,20 @@
 
 #include <algorithm>
 #include <cmath>
+#include <stdexcept>
 
 namespace ztmath_test {
+
+namespace {
+
+/// Words before and behind each output, where a sanitizer does not watch over its bounds.
+#ifdef __SANITIZE_ADDRESS__
+constexpr int guards = 0;
+#else
+constexpr int guards = 4;
+#endif
+
+}  // namespace
 
 const std::vector<Call>& interface_table() {
     static const std::vector<Call> table = [] {
@@ -42,10 +54,21 @@ Arrays draw_inputs(const Call& call, Random& random, Draw draw) {
 }
 
 Outcome outcome_of(const Call& call, const Arrays& inputs, double fill) {
-    Outcome outcome{0.0, {}};
-    for (const std::size_t length : call.outputs)
-        outcome.outputs.emplace_back(length, fill);
-    outcome.result = call.run(pointers_to(inputs).data(), pointers_to(outcome.outputs).data());
+    Arrays guarded;
+    std::vector<double*> out;
+    for (const std::size_t length : call.outputs) {
+        guarded.emplace_back(length + 2 * guards, fill);
+        out.push_back(guarded.back().data() + guards);
+    }
+    ++calls_made;
+    Outcome outcome{call.run(pointers_to(inputs).data(), out.data()), {}};
+    const auto is_untouched = [&](double word) { return same_bits(word, fill); };
+    for (const auto& array : guarded) {
+        if (!std::all_of(array.begin(), array.begin() + guards, is_untouched) ||
+            !std::all_of(array.end() - guards, array.end(), is_untouched))
+            throw std::logic_error(call.name + " writes beside its outputs");
+        outcome.outputs.emplace_back(array.begin() + guards, array.end() - guards);
+    }
     return outcome;
 }
 

@@ -4,9 +4,11 @@
 // platform leaving by an exception.
 #pragma once
 
+#include <atomic>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -74,7 +76,8 @@ struct Outcome {
     Arrays outputs;
 };
 
-/// Calls with arrays of their own; outputs hold `fill` before.
+/// Calls with arrays of their own; outputs hold `fill` before. Throws when a call writes beside its
+/// outputs.
 Outcome outcome_of(const Call& call, const Arrays& inputs, double fill = 7.0);
 
 inline bool same_bits(double a, double b) {
@@ -82,5 +85,13 @@ inline bool same_bits(double a, double b) {
 }
 
 bool same_bits(const Outcome& a, const Outcome& b);
+
+/// How many calls of the library the sweeps have made.
+inline std::atomic<long> calls_made{0};
+
+/// Tells how many they were since it last told.
+inline void tell_calls() {
+    std::printf("%ld calls\n", calls_made.exchange(0));
+}
 
 }  // namespace ztmath_test

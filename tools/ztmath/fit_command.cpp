@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 
 #include "number.h"
 #include "output.h"
@@ -134,8 +133,7 @@ void FitReport::print(const Table& table, const Json& json) const {
 
 ExitCode FitReport::conclude() const {
     if (shape == Shape::regular) return ExitCode::success;
-    std::fprintf(stderr, "ztmath: %s: %s%s\n", options.source().c_str(), shape_words().c_str(),
-                 options.svg.empty() ? "" : "; no picture is drawn");
+    say(options.source(), shape_words() + (options.svg.empty() ? "" : "; no picture is drawn"));
     return ExitCode::degenerate;
 }
 

@@ -20,6 +20,10 @@ bool write_all(std::FILE* file, const std::string& text) {
 
 }  // namespace
 
+void say(const std::string& source, const std::string& what) {
+    std::fprintf(stderr, "ztmath: %s: %s\n", source.c_str(), what.c_str());
+}
+
 void print(const std::string& text) {
     if (!write_all(stdout, text) || std::fflush(stdout) != 0) fail_to_write("the standard output");
 }

@@ -5,6 +5,9 @@
 
 namespace tool {
 
+/// Says something about an input on the standard error.
+void say(const std::string& source, const std::string& what);
+
 /// Writes to the standard output.
 void print(const std::string& text);
 

@@ -65,9 +65,13 @@ double largest_coordinate(const Points& points) {
     return largest;
 }
 
-/// The file's name without its folders, its middle left out if it is longer than the title has room
-/// for.
-std::string file_of(const std::string& source) {
+double dot_radius(std::size_t drawn) {
+    return drawn <= 60 ? 4.0 : drawn <= 600 ? 2.8 : 1.9;
+}
+
+}  // namespace
+
+std::string shown_name(const std::string& source) {
     constexpr std::size_t kept_at_each_end = 17;
     std::string name = source.substr(source.find_last_of('/') + 1);
     if (name.size() <= 2 * kept_at_each_end + 3) return name;
@@ -83,19 +87,13 @@ std::string file_of(const std::string& source) {
     return name.substr(0, head) + "\u2026" + name.substr(tail);
 }
 
-double dot_radius(std::size_t drawn) {
-    return drawn <= 60 ? 4.0 : drawn <= 600 ? 2.8 : 1.9;
-}
-
-}  // namespace
-
 Pictured::Pictured(const Points& p, const Deviations& d, const Unit& u, std::string shape,
                    const std::string& source, double extent, std::string size)
     : points(p),
       distances(d),
       unit(u),
       shape_(std::move(shape)),
-      file_(file_of(source)),
+      file_(shown_name(source)),
       size_(std::move(size)) {
     const double rounding = 8.0 * std::numeric_limits<double>::epsilon() * largest_coordinate(p);
     exact_ = d.max <= rounding;

@@ -15,6 +15,10 @@ constexpr double picture_left = 92.0;    // of the panels
 constexpr double picture_right = 968.0;  // of the panels
 constexpr double heading_height = 130.0;
 
+/// The file's name without its folders, its middle left out if it is longer than the title has room
+/// for.
+std::string shown_name(const std::string& source);
+
 class Pictured {
   public:
     /// `shape` is "plane" or "line"; `extent` is the larger one, and `size` says it in words.

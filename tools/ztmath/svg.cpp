@@ -44,6 +44,7 @@ text { font-family: "Liberation Sans", Arial, Helvetica, sans-serif; fill: #5260
 .hue-5 { stroke: #1d95a8; }
 .hue-6 { stroke: #b0376f; }
 .hue-7 { stroke: #6b7785; }
+.arrow-head { fill: #1d2733; stroke: none; }
 .bar { stroke: #6b7785; stroke-width: 0.6; }
 </style>
 )";

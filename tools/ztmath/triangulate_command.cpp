@@ -4,7 +4,6 @@
 #include <ztmath/ptf.h>
 
 #include <cmath>
-#include <cstdio>
 #include <memory>
 #include <nlohmann/json.hpp>
 
@@ -48,11 +47,6 @@ z = 0. Results do not depend on the unit of the points.
 Exit codes: 0 success; 1 the outline cannot be filled: it has too few points, meets itself, or
 has no area; 2 wrong usage; 3 FILE cannot be read or is malformed; 4 the result cannot be
 written; 5 the library reported a failure, or memory ran out.)";
-
-/// Says something on the standard error.
-void say(const TriangulateOptions& options, const std::string& what) {
-    std::fprintf(stderr, "ztmath: %s: %s\n", options.source().c_str(), what.c_str());
-}
 
 /// The coordinates relative to the first vertex, times the power of two that makes the outline
 /// some hundred thousand wide: the library's thresholds are for lengths of that order.
@@ -144,18 +138,21 @@ ExitCode run(const TriangulateOptions& options) {
     const Points points = read_points(options.file, 2);
     const Outline outline = outline_of(points);
     if (outline.count() < 3) {
-        say(options, "too few points: an outline needs 3");
+        say(options.source(), "too few points: an outline needs 3");
         return ExitCode::degenerate;
     }
     if (const auto fault = fault_of(outline)) {
-        say(options, fault->words(outline, points));
+        say(options.source(), fault->words(outline, points));
         return ExitCode::degenerate;
     }
-    if (outline.was_closed) say(options, "note: the last point repeats the first and is left out");
-    if (outline.was_clockwise) say(options, "note: the outline is clockwise and is turned round");
+    if (outline.was_closed)
+        say(options.source(), "note: the last point repeats the first and is left out");
+    if (outline.was_clockwise)
+        say(options.source(), "note: the outline is clockwise and is turned round");
     const TriangleList triangles = options.ears ? clipped(outline) : filled(outline);
     if (triangles.empty()) {
-        say(options, "the outline cannot be filled: parts of it are too thin to tell from a line");
+        say(options.source(),
+            "the outline cannot be filled: parts of it are too thin to tell from a line");
         return ExitCode::degenerate;
     }
     print(result_text(options, points, outline, triangles));

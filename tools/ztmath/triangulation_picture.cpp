@@ -37,7 +37,7 @@ std::string triangulation_picture(const Outline& outline, const TriangleList& tr
     for (int i = 0; i < outline.count(); ++i)
         vertices.push_back(pixel_of(i));
 
-    const std::string title = "Triangles of " + source.substr(source.find_last_of('/') + 1);
+    const std::string title = "Triangles of " + shown_name(source);
     Svg svg(picture_width, panel.box.bottom() + 58.0, title, "An outline filled with triangles");
     svg.open_group("heading");
     svg.text({32.0, 48.0}, title, "title");

@@ -57,14 +57,14 @@ const std::pair<std::string, std::size_t> problems[]{
     {"--point 0,0 --point 4,1 --radius 3", 2},
     {"--point 0,0 --point 3,4 --radius 2.5", 1},
     {"--point 0,0 --point 3,4 --radius 2.4", 0},
-    {"--point 0,1 --point 4,2 --line 0,-1,2,0.5", 2},
+    {"--point 0,1 --point 4,2 --line 0,-1,2,0.2", 2},
     {"--point 0,0 --point 1,0.5 --circle 4,4,1.5", 2},
     {"--point 2,3 --line 0,0,1,0 --at 0.5,0", 1},
     {"--line 0,0,1,0 --circle 2,4,1 --at 1,0", 2},
     {"--line 0,0,1,0 --circle 2,4,1 --at 1,0 --angle 30", 2},
     {"--line 0,5,1,1 --line 0,0,1,0 --at 1,6", 2},
     {"--circle 0,0,1 --circle 5,0,2 --point 2,3", 4},
-    {"--circle 0,0,1 --circle 5,0,2 --radius 3", 4},
+    {"--circle 0,0,1 --circle 5,0,2 --radius 3", 5},
     {"--circle 0,0,1 --circle 4,0,1.5 --circle 1,4,1", 8},
 };
 

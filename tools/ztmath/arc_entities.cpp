@@ -20,6 +20,8 @@ may be - for the standard input.)";
 namespace {
 
 constexpr double largest_number = 1.0e9;
+constexpr double largest_tolerance = 1.0e3;
+constexpr double line_length = 1.0e6;  // of the straight that stands for a line
 constexpr double relative_tolerance = 1.0e-9;
 constexpr double angle_tolerance = 1.0e-6;  // degrees
 
@@ -186,7 +188,7 @@ Segment Entity::record() const {
                                       static_cast<int>(turn), &s, to.data(), end_tangent.data());
         } else {
             const Vec2 unit{direction[0] / length(direction), direction[1] / length(direction)};
-            Vec2 to = kind == line ? along(place, 1.0, unit) : end();
+            Vec2 to = kind == line ? along(place, line_length, unit) : end();
             ARC_SPLINE_cre_strt_seg_2d(place.data(), to.data(), unit.data(), &s);
         }
     });
@@ -243,7 +245,7 @@ void add_arcs_options(CLI::App& command, ArcsOptions& options, const EntityWords
     command.add_option("--file", options.file, "Take things from a file, - for stdin")
         ->type_name("FILE");
     command.add_option("--tolerance", options.tolerance, "Lengths up to this count as 0")
-        ->check(CLI::Range(1.0e-10, largest_number))
+        ->check(CLI::Range(1.0e-10, largest_tolerance))
         ->type_name("T");
     command.add_flag("--json", options.json, "Print the result as JSON");
     command.add_option("--svg", options.svg, "Draw what is given and found into a file")

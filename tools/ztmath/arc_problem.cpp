@@ -6,6 +6,7 @@
 
 #include <cmath>
 
+#include "arc_meetings.h"
 #include "library_call.h"
 #include "number.h"
 
@@ -29,12 +30,12 @@ using StatusWords = std::vector<const char*>;
 
 const char* const coincident_points = "the points coincide within the tolerance";
 
-Entity circle_of(const Segment& record, std::size_t number) {
+Entity circle_of(const Vec2& centre, double radius, std::size_t number) {
     Entity circle;
     circle.kind = Entity::circle;
     circle.name = "solution " + std::to_string(number);
-    circle.place = load<2>(record.center);
-    circle.radius = record.radius;
+    circle.place = centre;
+    circle.radius = radius;
     return circle;
 }
 
@@ -49,7 +50,8 @@ ArcSolutions solutions(const Result& result, const StatusWords& words) {
     for (int i = 0; i < result.count; ++i) {
         const Segment& record = result.circles[i];
         if (record.type == 1)
-            found.circles.push_back(circle_of(record, found.circles.size() + 1));
+            found.circles.push_back(
+                circle_of(load<2>(record.center), record.radius, found.circles.size() + 1));
         else
             found.remark = "the point lies on the line, which takes the circle's place";
     }
@@ -112,6 +114,30 @@ ArcSolutions three_points(const Given& g, const Tolerances& tols) {
     });
     r.count = 1;
     return solutions(r, {"the points lie on one line", coincident_points});
+}
+
+/// A circle of the radius about each point: the centres are where they meet. Only the circle on the
+/// chord as diameter is made in one step.
+ArcSolutions two_points_radius(const Given& g, const Tolerances& tols) {
+    Result r;
+    call_library([&] {
+        ARC_SPLINE_cre_circle_thru_2_points_and_radius(point(g, 0), point(g, 1), *g.radius, 0,
+                                                       tols.data(), &r.count, &r.first(),
+                                                       &r.second(), &r.status);
+    });
+    if (r.status > 0 || r.count == 1) return solutions(r, {coincident_points});
+    Given circles;
+    for (Entity e : g.entities) {
+        e.kind = Entity::circle;
+        e.radius = *g.radius;
+        circles.entities.push_back(std::move(e));
+    }
+    ArcSolutions found;
+    for (const ArcFinding& meeting : meetings_of(circles, tols).found) {
+        const std::size_t number = found.circles.size() + 1;
+        found.circles.push_back(circle_of(meeting.shape.place, *g.radius, number));
+    }
+    return found;
 }
 
 ArcSolutions two_points_line(const Given& g, const Tolerances& tols) {
@@ -223,6 +249,8 @@ ArcSolutions three_circles(const Given& g, const Tolerances& tols) {
 
 constexpr ArcProblem problems[]{
     {"Circle through three points", "three points", 3, 0, 0, false, false, false, three_points},
+    {"Circles of a radius through two points", "two points and a radius", 2, 0, 0, true, false,
+     false, two_points_radius},
     {"Circles through two points that touch a line", "two points and a line", 2, 1, 0, false, false,
      false, two_points_line},
     {"Circles through two points that touch a circle", "two points and a circle", 2, 0, 1, false,

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "arc_meetings.h"
 #include "arc_problem.h"
 #include "arc_report.h"
 #include "arc_tangents.h"
@@ -70,6 +71,15 @@ ExitCode run_tangents(const ArcsOptions& options) {
     return ExitCode::success;
 }
 
+ExitCode run_intersect(const ArcsOptions& options) {
+    const Given given = all_given(options);
+    if (given.entities.size() != 2)
+        refuse(options, "two lines, segments, circles or arcs meet, not " + given.words());
+    const Tolerances tols = tolerances(options, given);
+    conclude(meetings_of(given, tols), options, given, tols);
+    return ExitCode::success;
+}
+
 }  // namespace
 
 void add_arcs_commands(CLI::App& program, Commands& commands) {
@@ -100,6 +110,17 @@ the residual, the length by which it misses. Lines are no solutions.)")});
 in degrees as the parameter, and the residual, by which its distance from the centre misses
 the radius. The outer ones of two circles have both on one side, the inner ones do not. Of an
 arc only tangents that touch it count.)")});
+    add(arcs, commands,
+        {"intersect",
+         "Finds where two lines, segments, circles or arcs meet",
+         {"line", "segment", "circle", "arc"},
+         run_intersect,
+         arcs_help(
+             "  ztmath arcs intersect --circle 0,0,2 --line 0,1,1,0.2\n"
+             "  ztmath arcs intersect --arc 0,0,2,0,180 --arc 2,0,2,90,-180 --svg lens.svg\n",
+             R"(Points: each with its parameter on both, the length from the start of a straight or the
+inclination of the tangent of an arc in degrees, and where that is on a segment or an arc; and
+the residual, by which the point misses the line or the circle.)")});
 }
 
 }  // namespace tool

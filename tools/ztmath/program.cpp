@@ -18,11 +18,8 @@ namespace {
 
 const char* const program_help = R"(
 Examples:
-<<<<<<< HEAD
   ztmath arcs circles --circle 0,0,1 --circle 4,0,1.5 --circle 1,4,1 --svg touch.svg
-=======
   ztmath curve --all-slopes --svg comb.svg profile.txt
->>>>>>> crossings
   ztmath fit plane --svg flatness.svg points.txt
   ztmath roots 6 -5 1
   ztmath transform rotate --axis 0,0,1 --angle 30 points.txt
@@ -43,11 +40,8 @@ ExitCode parse_and_run(int argc, const char* const* argv) {
     program.require_subcommand(1);
     program.footer(program_help);
     Commands commands;
-<<<<<<< HEAD
     add_arcs_commands(program, commands);
-=======
     add_curve_command(program, commands);
->>>>>>> crossings
     add_fit_commands(program, commands);
     add_transform_commands(program, commands);
     add_roots_command(program, commands);

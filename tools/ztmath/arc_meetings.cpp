@@ -54,8 +54,17 @@ void join_where_touching(Meetings& m, const Segment s[2], const Tolerances& tols
         place = ARC_SPLINE_ask_where_is_circle_wrt_circle_2d(&s[0], &s[1], tols.distance());
     });
     if (place != 0 && place != -2 && place != -3) return;
-    m.points[0].at = along(m.points[0].at, 0.5, m.points[1].at - m.points[0].at);
+    Meeting& p = m.points[0];
+    p.at = along(p.at, 0.5, m.points[1].at - p.at);
     m.count = 1;
+    call_library([&] {
+        for (int k = 0; k < 2; ++k) {
+            Vec2 foot;
+            int domain = 0;
+            ARC_SPLINE_ask_parm_at_a_point_2d(&s[k], p.at.data(), tols.data(), foot.data(),
+                                              &p.parms[k], &domain, &m.status);
+        }
+    });
 }
 
 ArcFinding finding_of(const Meeting& p, const Entity* const e[2], std::size_t number) {

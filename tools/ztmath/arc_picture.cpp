@@ -1,7 +1,6 @@
 #include "arc_picture.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 #include "panel.h"
@@ -13,14 +12,14 @@ namespace {
 
 constexpr double legend_width = 206.0;
 constexpr double legend_spacing = 22.0;
+constexpr double label_width = 70.0;
 constexpr Range panel_heights{320.0, 760.0};
 
 /// Circles larger than so many times what is given do not set the picture's scale.
 constexpr double largest_shown = 4.0;
 
-/// Of marks, whose fill the classes of the solutions' strokes do not give.
-constexpr std::array hues{"#215291", "#c2452d", "#2f8f5b", "#8b4fa8",
-                          "#c98a12", "#1d95a8", "#b0376f", "#6b7785"};
+/// How many colours the style sheet has for what was found.
+constexpr std::size_t hue_count = 8;
 
 class Ranges {
   public:
@@ -73,15 +72,15 @@ class Drawing {
             arc(e, look.c_str());
     }
 
-    void mark(const Vec2& p, const std::string& hue) const {
-        svg_.circle(pixel(p), 3.6, "touch", hue);
-    }
+    void mark(const Vec2& p, const std::string& look) const { svg_.circle(pixel(p), 3.6, look); }
 
-    /// The thing's name, where it does not hide it.
+    /// The thing's name: in the middle of what is round, else beside it and within the panel.
     void label(const Entity& e) const {
-        if (e.is_round()) return svg_.text(pixel(e.place), e.name, "callout middle");
         const Pixel at = pixel(e.place);
-        svg_.text({at.x + 8.0, at.y - 8.0}, e.name, "callout");
+        if (e.is_round()) return svg_.text(at, e.name, "callout middle");
+        const bool at_edge = at.x > panel_.box.right() - label_width;
+        svg_.text({at.x + (at_edge ? -8.0 : 8.0), at.y - 8.0}, e.name,
+                  at_edge ? "callout end" : "callout");
     }
 
   private:
@@ -105,19 +104,15 @@ class Drawing {
     const Panel& panel_;
 };
 
-const char* hue_of(std::size_t i) {
-    return hues[i % hues.size()];
-}
-
-std::string look_of(std::size_t i) {
-    return "solution hue-" + std::to_string(i % hues.size());
+std::string in_hue(const char* look, std::size_t i) {
+    return look + (" hue-" + std::to_string(i % hue_count));
 }
 
 void draw_legend(Svg& svg, double left, const std::vector<ArcFound>& found) {
     svg.open_group("legend");
     double y = heading_height + 6.0;
     for (std::size_t i = 0; i < found.size(); ++i, y += legend_spacing) {
-        svg.line({left, y - 4.0}, {left + 22.0, y - 4.0}, look_of(i));
+        svg.line({left, y - 4.0}, {left + 22.0, y - 4.0}, in_hue("solution", i));
         svg.text({left + 30.0, y}, found[i].words, "");
     }
     svg.close_group();
@@ -140,7 +135,8 @@ std::string arc_picture(const std::string& title, const Given& given,
     const Drawing drawing(svg, panel);
     svg.open_clipped_group("found", panel.box);
     for (std::size_t i = 0; i < found.size(); ++i)
-        if (found[i].shape.kind != Entity::point) drawing.entity(found[i].shape, look_of(i));
+        if (found[i].shape.kind != Entity::point)
+            drawing.entity(found[i].shape, in_hue("solution", i));
     svg.close_group();
     svg.open_clipped_group("given", panel.box);
     for (const Entity& e : given.entities)
@@ -149,7 +145,7 @@ std::string arc_picture(const std::string& title, const Given& given,
     svg.open_clipped_group("marks", panel.box);
     for (std::size_t i = 0; i < found.size(); ++i)
         for (const Vec2& p : found[i].marks)
-            drawing.mark(p, hue_of(i));
+            drawing.mark(p, in_hue("touch", i));
     for (const Entity& e : given.entities)
         drawing.label(e);
     svg.close_group();

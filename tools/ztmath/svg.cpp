@@ -34,16 +34,16 @@ text { font-family: "Liberation Sans", Arial, Helvetica, sans-serif; fill: #5260
 .outline { fill: none; stroke: #1d2733; stroke-width: 1.2; stroke-linejoin: round; }
 .given { fill: none; stroke: #1d2733; stroke-width: 1.8; }
 .given-point { fill: #1d2733; }
-.solution { fill: none; stroke-width: 1.4; }
-.touch { stroke: #ffffff; stroke-width: 0.8; }
-.hue-0 { stroke: #215291; }
-.hue-1 { stroke: #c2452d; }
-.hue-2 { stroke: #2f8f5b; }
-.hue-3 { stroke: #8b4fa8; }
-.hue-4 { stroke: #c98a12; }
-.hue-5 { stroke: #1d95a8; }
-.hue-6 { stroke: #b0376f; }
-.hue-7 { stroke: #6b7785; }
+.solution { fill: none; stroke: currentColor; stroke-width: 1.4; }
+.touch { fill: currentColor; stroke: #ffffff; stroke-width: 0.8; }
+.hue-0 { color: #215291; }
+.hue-1 { color: #c2452d; }
+.hue-2 { color: #2f8f5b; }
+.hue-3 { color: #8b4fa8; }
+.hue-4 { color: #c98a12; }
+.hue-5 { color: #1d95a8; }
+.hue-6 { color: #b0376f; }
+.hue-7 { color: #6b7785; }
 .arrow-head { fill: #1d2733; stroke: none; }
 .bar { stroke: #6b7785; stroke-width: 0.6; }
 </style>

@@ -5,8 +5,10 @@
  * or infinite line. tols holds a distance and an angle in degrees. Points are pairs of doubles,
  * parameters those of the segments: degrees on arcs, lengths on straights. Pairs of parameters and of
  * flags are in the order of the arguments: on segment 1, on segment 2. Outputs may alias inputs.
- * Nothing is reported, but that a straight is shorter than tols[0]
- * (ARC_SPLINE_ask_dist_pt_to_line_seg_2d).
+ * Nothing is reported.
+ *
+ * Two circles meet on their radical axis (L. Gaultier, 1813), an arc and a straight at equal distances
+ * from the foot of the centre.
  */
 #ifndef ZTMATH_ARC_SPLINE_INTERSECTIONS_H
 #define ZTMATH_ARC_SPLINE_INTERSECTIONS_H
@@ -26,22 +28,31 @@ ZTMATH_BEGIN_DECLS
  *                       two segments touch, or two straights meet, there is one point: pt_2 is it, too
  * parms_1, parms_2      out: the parameters of point 1, of point 2
  * flags_1, flags_2      out: its domain flags: -1 inside, 0 at an end, 1 outside
- * status                out: 0; 1, 2 segment 1, 2 cannot be read; 3, 4 a touching point has no
- *                       parameter on segment 1, 2; 7, 8 point 1 has none on segment 1, 2; 9, 10 point
- *                       2. Unless it is 0, points, parameters and count are 0 and flags -1, as they
- *                       are without points
+ * status                out: 0; 1, 2 segment 1, 2 is no record, neither straight nor arc, or a
+ *                       straight without direction; 3, 4 a touching point has no parameter on segment
+ *                       1, 2; 7, 8 point 1 has none on segment 1, 2; 9, 10 point 2. Of an arc and a
+ *                       straight, statuses from 3 count the arc as segment 1 in either order. Unless
+ *                       it is 0, points, parameters and count are 0 and flags -1, as they are without
+ *                       points
  *
  * Two circles touch when their relation says so, an arc and a straight within tols[0]. Parallel
  * straights do not meet, nor does an arc of a radius below 1e-10 meet anything, nor segments whose
- * points would be beyond all numbers. Circles that lie inside one another without a common centre
- * count as crossing, in points that are off the circles; this is kept as it stands.
+ * points would be beyond all numbers.
+ *
+ * Kept as it stands: circles that lie inside one another without a common centre count as crossing, in
+ * points off the circles; circles whose radii differ by more than 1e-10 cross where they touch, twice
+ * in the same point; and where the foot of an arc's centre is within tols[0] of a straight's start,
+ * the crossings are moved by as much.
  */
 ZTMATH_API void ARC_SPLINE_inter_of_2_circular_arcs_2d(
     const ARC_SPLINE_1_seg_2d_t *s1, const ARC_SPLINE_1_seg_2d_t *s2, int bounded_1, int bounded_2,
     const double *tols, int *count, double pt_1[2], double parms_1[2], int flags_1[2],
     double pt_2[2], double parms_2[2], int flags_2[2], int *status);
 
-/* The same of an arc and a straight; status 1 says that either cannot be read. */
+/*
+ * The same of an arc and a straight; status 1 says that either cannot be read. Other segments are
+ * served as above.
+ */
 ZTMATH_API void ARC_SPLINE_inter_circular_arc_line_seg_2d(
     const ARC_SPLINE_1_seg_2d_t *arc, const ARC_SPLINE_1_seg_2d_t *straight, int bounded_1,
     int bounded_2, const double *tols, int *count, double pt_1[2], double parms_1[2],

@@ -5,10 +5,10 @@
 
 #include "arc_spline/center_radius.h"
 #include "arc_spline/circle_relations.h"
-#include "arc_spline/evaluation.h"
 #include "arc_spline/line_distance.h"
 #include "arc_spline/line_line.h"
 #include "arc_spline/point_queries.h"
+#include "kit/unitize.h"
 #include "ztmath/arc_spline_intersections.h"
 
 namespace ztmath {
@@ -19,6 +19,12 @@ Crossings failed(int status) {
     Crossings none;
     none.status = status;
     return none;
+}
+
+/// A straight without a direction stands for no line.
+bool is_readable(const Segment* s) {
+    if (center_radius_of(s).status != 0) return false;
+    return s->type != straight_type || !is_null(direction(*s));
 }
 
 bool counts(const Crossing& c) {
@@ -86,6 +92,7 @@ struct Couple {
     }
 };
 
+/// Kept as it stands: circles of different radii that touch cross there, in the same point twice.
 Crossings of_arcs(const Couple& arcs, const Circle& c1, const Circle& c2) {
     const RadicalAxis found = radical_axis(c1, c2);
     const Vec2 middle = found.axis.point;
@@ -95,13 +102,15 @@ Crossings of_arcs(const Couple& arcs, const Circle& c1, const Circle& c2) {
     return arcs.crossing_at(middle - aside, middle + aside);
 }
 
+/// Kept as it stands: a foot within the tolerance of the straight's start is moved there, and the
+/// crossings are moved along.
 Crossings of_arc_and_straight(const Couple& both, const Circle& circle) {
     const double tol = both.tols[0];
-    const EndPoints ends = end_points(*both.segments[1]);
-    const LineFoot foot = foot_on_line_segment(circle.center, ends.start, ends.end, tol, false);
+    const Line line = line_of(*both.segments[1]);
+    const LineFoot foot = foot_on_line(circle.center, line, tol);
     if (std::fabs(foot.distance - circle.radius) <= tol) return both.meeting_at(foot.foot);
     if (!(foot.distance <= circle.radius)) return {};
-    const Vec2 aside = direction(*both.segments[1]) * half_chord(circle.radius, foot.distance);
+    const Vec2 aside = line.direction * half_chord(circle.radius, foot.distance);
     return both.crossing_at(foot.foot - aside, foot.foot + aside);
 }
 
@@ -112,6 +121,7 @@ Crossings of_straights(const Couple& straights) {
     return straights.meeting_at(met.point);
 }
 
+/// Kept as it stands: a status goes on counting the arc as the first.
 Crossings with_segments_exchanged(Crossings found) {
     for (Crossing& c : found.at) {
         std::swap(c.parms[0], c.parms[1]);
@@ -138,16 +148,16 @@ void store(const Crossings& found, int* count, double pt_1[2], double parms_1[2]
 
 Crossings crossings_of(const Segment* s1, const Segment* s2, bool bounded_1, bool bounded_2,
                        const double* tols) {
-    const CenterRadius first = center_radius_of(s1);
-    const CenterRadius second = center_radius_of(s2);
-    if (first.status != 0) return failed(1);
-    if (second.status != 0) return failed(2);
-    if (first.type == single_point || second.type == single_point) return {};
+    if (!is_readable(s1)) return failed(1);
+    if (!is_readable(s2)) return failed(2);
+    const int type_1 = center_radius_of(s1).type;
+    const int type_2 = center_radius_of(s2).type;
+    if (type_1 == single_point || type_2 == single_point) return {};
     const Couple couple{{s1, s2}, {bounded_1, bounded_2}, tols};
-    if (first.type == arc_type && second.type == arc_type)
+    if (type_1 == arc_type && type_2 == arc_type)
         return of_arcs(couple, circle_of(*s1), circle_of(*s2));
-    if (first.type == arc_type) return of_arc_and_straight(couple, circle_of(*s1));
-    if (second.type == arc_type)
+    if (type_1 == arc_type) return of_arc_and_straight(couple, circle_of(*s1));
+    if (type_2 == arc_type)
         return with_segments_exchanged(of_arc_and_straight(couple.exchanged(), circle_of(*s2)));
     return of_straights(couple);
 }

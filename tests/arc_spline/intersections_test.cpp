@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -52,157 +54,164 @@ Pair at_parm(const Segment& s, double parm) {
     return point;
 }
 
-/// Expects all points that count to be where their parameters say on both segments, and the same
-/// result of the segments exchanged.
-void expect_on_both(const Segment& a, const Segment& b, const Common& c, double tolerance) {
-    EXPECT_EQ(c.status, 0);
-    const Common exchanged = common(&b, &a);
-    ASSERT_EQ(exchanged.count, c.count);
-    for (int i = 0; i < c.count; ++i) {
-        expect_near(c.points[i], at_parm(a, c.parms[i][0]), tolerance);
-        expect_near(c.points[i], at_parm(b, c.parms[i][1]), tolerance);
-        EXPECT_LE(std::min(distance(exchanged.points[0], c.points[i]),
-                           distance(exchanged.points[1], c.points[i])),
-                  tolerance);
+/// Expects two points in common, which half the chord tells apart, and the same of the segments
+/// exchanged.
+void expect_crossing(const Segment& a, const Segment& b, double half_squared) {
+    constexpr double rounding = 2e-14;
+    const Common found = common(&a, &b), exchanged = common(&b, &a);
+    ASSERT_EQ(found.status + exchanged.status, 0);
+    ASSERT_EQ(found.count, 2);
+    ASSERT_EQ(exchanged.count, 2);
+    const double apart = distance(found.points[0], found.points[1]);
+    EXPECT_NEAR(apart * apart / 4, half_squared, 4 * rounding);
+    for (int i = 0; i < 2; ++i) {
+        expect_near(found.points[i], at_parm(a, found.parms[i][0]), rounding);
+        expect_near(found.points[i], at_parm(b, found.parms[i][1]), rounding);
+        expect_near(exchanged.points[i], at_parm(b, exchanged.parms[i][0]), rounding);
+        EXPECT_NEAR(found.points[0][i] + found.points[1][i],
+                    exchanged.points[0][i] + exchanged.points[1][i], rounding);
     }
 }
 
-/// Half the chord, exact but for one rounding.
-double half_chord(const Pair& c1, double r1, const Pair& c2, double r2) {
-    const long double x = static_cast<long double>(c2[0]) - c1[0];
-    const long double y = static_cast<long double>(c2[1]) - c1[1];
-    const long double d = std::sqrt(x * x + y * y);
-    const long double sum = static_cast<long double>(r1) + r2;
-    const long double difference = static_cast<long double>(r1) - r2;
-    const long double squared = (sum - d) * (sum + d) * (d - difference) * (d + difference);
-    return static_cast<double>(std::sqrt(std::fmax(squared, 0.0L)) / (2 * d));
+/// The square of half the chord of two circles, exact but for one rounding.
+double half_squared(const Segment& a, const Segment& b) {
+    const long double x = b.center[0] - static_cast<long double>(a.center[0]);
+    const long double y = b.center[1] - static_cast<long double>(a.center[1]);
+    const long double d = std::hypot(x, y), r = a.radius;
+    const long double sum = r + b.radius, difference = r - b.radius;
+    const long double product = (sum - d) * (sum + d) * (d - difference) * (d + difference);
+    return static_cast<double>(product / (4 * d * d));
 }
 
-TEST(Intersections, OfCirclesLieOnBoth) {
+TEST(Intersections, LieOnBoth) {
     Random random;
-    for (int round = 0; round < rounds(5000); ++round) {
-        const Pair c1 = random.vector<2>();
-        const double r1 = random.uniform(0.5, 3), r2 = r1 * random.uniform(0.5, 2);
-        // Close to touching from outside or inside, or nearly concentric, or anything between.
-        const double close = std::pow(10, random.uniform(-7, -1));
-        const double apart[] = {r1 + r2 - close, std::fabs(r1 - r2) + close, random.uniform(0, 6)};
-        const double r = round % 4 == 3 ? r1 * (1 + 0.5 * close) : r2;
-        const double d = round % 4 == 3 ? close * r1 : apart[round % 4];
-        const Pair c2 = moved(c1, d, direction_at(random.uniform(0, 360)));
-        const Segment a = arc(c1, r1), b = arc(c2, r);
-        const double half = half_chord(c1, r1, c2, r);
-        const Common c = common(&a, &b);
-        ASSERT_EQ(c.count, d > r1 + r ? 0 : 2);
-        if (half < 1e-6) continue;
-        // An error of the radical axis shows along the chord the more, the nearer they touch.
-        const double error = 3e-15 * (r1 + r) * (r1 + r) / std::fmin(half, d);
-        expect_on_both(a, b, c, error);
-        EXPECT_NEAR(distance(c.points[0], c.points[1]), 2 * half, 4 * error * r1 / half);
-    }
-}
-
-TEST(Intersections, OfArcsAndStraightsLieOnBoth) {
-    Random random;
-    for (int round = 0; round < rounds(5000); ++round) {
-        const Pair center = random.vector<2>(), along = direction_at(random.uniform(0, 360));
-        const double r = random.uniform(0.5, 3);
-        const double off =
-            round % 2 == 0 ? r - std::pow(10, random.uniform(-7, -1)) : random.uniform(0, 4);
-        const Pair foot = moved(center, off, left_of(along));
-        const Segment a = arc(center, r), b = straight(moved(foot, random.uniform(-9, -5), along),
-                                                       moved(foot, random.uniform(5, 9), along));
-        const Common c = common(&a, &b);
-        ASSERT_EQ(c.count, off > r ? 0 : 2);
-        if (c.count == 0) continue;
-        const double half = std::sqrt((r - off) * (r + off)), error = 1e-14 * (r + 1 / half);
-        expect_on_both(a, b, c, error);
-        EXPECT_NEAR(distance(c.points[0], c.points[1]), 2 * half, 4 * error);
-        EXPECT_GT(c.parms[1][1], c.parms[0][1]);  // along the straight
+    for (int round = 0; round < rounds(6000); ++round) {
+        SCOPED_TRACE(round);
+        const Pair c1 = random.vector<2>(), way = direction_at(random.uniform(0, 360));
+        const double r1 = random.uniform(0.5, 3), r2 = r1 * random.uniform(0.5, 0.99);
+        const double close = std::pow(10, random.uniform(-12, -1)), near = std::fmax(close, 1e-8);
+        const Segment a = arc(c1, r1);
+        // Close to touching from outside or inside, nearly concentric, anything between; straights.
+        const int kind = round % 6;
+        const double apart[] = {r1 + r2 - close, r1 - r2 + close, near * r1,
+                                random.uniform(r1 - r2, r1 + r2)};
+        if (kind < 4) {
+            const Pair c2 = moved(c1, apart[kind], way);
+            const Segment b = arc(c2, kind == 2 ? r1 * (1 + 0.5 * near) : r2);
+            expect_crossing(a, b, half_squared(a, b));
+            continue;
+        }
+        const double d = kind == 4 ? r1 - 2e-9 - close : random.uniform(0, r1 - 0.01);
+        const Pair foot = moved(c1, d, left_of(way));
+        const Segment b = straight(moved(foot, random.uniform(-9, -5), way), moved(foot, 5, way));
+        expect_crossing(a, b, (r1 - d) * (r1 + d));
     }
 }
 
 TEST(Intersections, CountWhatIsInsideBothDomains) {
-    const Segment whole = arc({0, 0}, 5), other = arc({6, 0}, 5);
+    const Segment whole = arc({0, 0}, 5), other = arc({6, 0}, 5), level = arc({10, 0}, 5);
     const Segment upper = arc({0, 0}, 5, 90, 270), lower = arc({0, 0}, 5, 270, 450);
-    const Segment right = arc({0, 0}, 5, 0, 180), missed = arc({0, 0}, 5, 180, 200);
-    const Segment line = straight({-9, 3}, {9, 3}), half = straight({0, 3}, {9, 3});
-    const Segment beyond = straight({7, 3}, {9, 3}), tangent = straight({-9, 5}, {9, 5});
-    const Segment far = straight({1, 5}, {9, 5}), level = arc({10, 0}, 5);
-    const Segment cross = straight({0, 0}, {3, 3}), short_of_it = straight({0, 0}, {2, 2});
+    const Segment missed = arc({0, 0}, 5, 180, 200), right = arc({0, 0}, 5, 0, 180);
+    const Segment line = straight({-9, 3}, {9, 3}), half = straight({0, 3}, {4, 3});
+    const Segment beyond = straight({7, 3}, {9, 3}), far = straight({1, 5}, {9, 5});
+    const double brim = 5 + 9e-10;
+    const Segment tangent = straight({-9, brim}, {9, brim}), cross = straight({0, 0}, {3, 3});
     // The first circle's crossings are (3, -4) and (3, 4), the line's (-4, 3) and (4, 3).
-    const struct {
-        const Segment *a, *b;
-        int count;
-        Pair first;
-        int flags[2];
-    } cases[] = {
-        {&whole, &other, 2, {3, -4}, {-1, -1}},   {&lower, &other, 1, {3, -4}, {-1, -1}},
-        {&upper, &other, 1, {3, 4}, {-1, -1}},    {&other, &upper, 1, {3, 4}, {-1, -1}},
-        {&missed, &other, 0, {0, 0}, {0, 0}},     {&whole, &line, 2, {-4, 3}, {-1, -1}},
-        {&right, &line, 1, {4, 3}, {-1, -1}},     {&line, &right, 1, {4, 3}, {-1, -1}},
-        {&whole, &half, 1, {4, 3}, {-1, -1}},     {&whole, &beyond, 0, {0, 0}, {0, 0}},
-        {&whole, &tangent, 1, {0, 5}, {-1, -1}},  {&whole, &far, 0, {0, 0}, {0, 0}},
-        {&whole, &level, 1, {5, 0}, {0, -1}},     {&line, &cross, 1, {3, 3}, {-1, 0}},
-        {&line, &short_of_it, 0, {0, 0}, {0, 0}}, {&upper, &level, 1, {5, 0}, {0, -1}},
+    const std::tuple<const Segment*, const Segment*, int, Pair, Pair> cases[] = {
+        {&whole, &other, 2, {3, -4}, {-1, -1}},     {&lower, &other, 1, {3, -4}, {-1, -1}},
+        {&upper, &other, 1, {3, 4}, {-1, -1}},      {&other, &upper, 1, {3, 4}, {-1, -1}},
+        {&missed, &other, 0, {3, -4}, {1, -1}},     {&whole, &line, 2, {-4, 3}, {-1, -1}},
+        {&right, &line, 1, {4, 3}, {-1, -1}},       {&half, &whole, 1, {4, 3}, {0, -1}},
+        {&whole, &half, 1, {4, 3}, {-1, 0}},        {&whole, &beyond, 0, {-4, 3}, {-1, 1}},
+        {&whole, &tangent, 1, {0, brim}, {-1, -1}}, {&whole, &far, 0, {0, 5}, {-1, 1}},
+        {&upper, &level, 1, {5, 0}, {0, -1}},       {&line, &cross, 1, {3, 3}, {-1, 0}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(&c - cases);
-        const Common found = common(c.a, c.b, 1, 1);
-        EXPECT_EQ(found.status, 0);
-        ASSERT_EQ(found.count, c.count);
-        if (c.count == 0) continue;
-        expect_near(found.points[0], c.first, 1e-14);
-        EXPECT_EQ(std::pair(found.flags[0][0], found.flags[0][1]),
-                  std::pair(c.flags[0], c.flags[1]));
+    for (const auto& [a, b, count, first, flags] : cases) {
+        const Common found = common(a, b, 1, 1);
+        EXPECT_EQ(found.count, count);
+        expect_near(found.points[0], first, 1e-14);
+        EXPECT_EQ((Pair{1.0 * found.flags[0][0], 1.0 * found.flags[0][1]}), flags);
     }
     // One bounded segment alone; what is outside stands second with its flag.
+    EXPECT_EQ(common(&other, &lower, 1, 0).count + common(&half, &whole, 0, 1).count, 4);
     const Common one = common(&other, &lower, 0, 1);
     EXPECT_EQ(one.count, 1);
-    EXPECT_EQ(one.flags[0][0], -1);
     EXPECT_EQ(one.flags[1][1], 1);
     expect_near(one.points[1], {3, 4}, 1e-14);
-    EXPECT_EQ(common(&other, &lower, 1, 0).count, 2);
     // Where there is one point, it is both.
-    expect_near(common(&whole, &tangent).points[1], {0, 5}, 1e-15);
-    EXPECT_EQ(common(&whole, &tangent).flags[1][0], -1);
+    expect_near(common(&whole, &tangent).points[1], {0, brim}, 1e-15);
 }
 
 TEST(Intersections, ThatAreNone) {
-    const ReportRecorder recorder;
-    const Segment circle = arc({0, 0}, 5), ring = arc({0, 0}, 3), nested = arc({0.5, 0}, 2);
-    const Segment apart = arc({11, 0}, 5), dot = arc({5, 0}, 0.9e-10),
-                  bad{7, 0, {}, 0, 0, {}, {}, 0, 0};
-    const Segment line = straight({0, 0}, {1, 0}), parallel = straight({0, 1}, {1, 1});
-    const Segment nan = arc({NAN, 0}, 5), endless = straight({0, 0}, {HUGE_VAL, 1});
-    for (const auto& [a, b, status] : {std::tuple{&circle, &ring, 0},
-                                       {&circle, &circle, 0},
-                                       {&circle, &apart, 0},
-                                       {&circle, &dot, 0},
-                                       {&dot, &line, 0},
-                                       {&line, &line, 0},
-                                       {&line, &parallel, 0},
-                                       {&bad, &bad, 1},
-                                       {&circle, &bad, 2},
-                                       {&circle, static_cast<const Segment*>(nullptr), 2},
-                                       {&nan, &circle, 0},
-                                       {&endless, &circle, 0},
-                                       {&nan, &line, 0}}) {
-        const Common c = common(a, b, 1, 1);
-        EXPECT_EQ(c.status, status);
-        EXPECT_EQ(c.count, 0);
-        for (int i = 0; i < 2; ++i) {
-            EXPECT_EQ(c.points[i], Pair{});
-            EXPECT_EQ(std::pair(c.flags[i][0], c.flags[i][1]), std::pair(-1, -1));
+    const Segment circle = arc({0, 0}, 5), ring = arc({0, 0}, 3), apart = arc({11, 0}, 5);
+    const Segment dot = arc({5, 0}, 0.9e-10), small = arc({2, 0}, 5e-10);
+    const Segment bad{7, 0, {}, 0, 0, {}, {}, 0, 0}, aimless{0, 0, {}, 0, 0, {}, {}, 1, 1};
+    const Segment line = straight({0, 0}, {9, 0}), parallel = straight({0, 1}, {1, 1});
+    // Where numbers are coarse, points fall on centres, and have no parameter there.
+    const Segment row[] = {arc({1e17, 0}, 8), arc({1e17 + 16, 0}, 8), arc({1e17 + 32, 0}, 8)};
+    const double coarse = std::ldexp(1.0, 57), tiny = std::ldexp(5.0, -33);
+    const Segment left = arc({coarse, 0}, 12), above = arc({coarse, 1.5e-10}, 12);
+    const Segment below = arc({coarse, -1.5e-10}, 12), rim = arc({5, 0}, tiny);
+    const Segment huge = arc({0, 0}, 1e200);
+    using Couples = std::vector<std::array<const Segment*, 2>>;
+    const std::pair<int, Couples> cases[] = {
+        {0, {{&circle, &ring}, {&circle, &circle}, {&circle, &apart}, {&circle, &dot}}},
+        {0, {{&dot, &line}, {&line, &line}, {&line, &parallel}, {&huge, &apart}}},
+        {1, {{&bad, &bad}, {&aimless, &circle}}},
+        {2, {{&circle, &bad}, {&circle, nullptr}}},
+        {3, {{&small, &line}, {&line, &small}, {&row[0], &row[1]}}},
+        {4, {{&row[1], &row[2]}}},
+        {7, {{&left, &above}}},
+        {8, {{&circle, &rim}}},
+        {9, {{&left, &below}}},
+    };
+    for (const auto& [status, couples] : cases)
+        for (const auto& [a, b] : couples) {
+            const Common c = common(a, b);
+            EXPECT_EQ(c.status, status);
+            EXPECT_EQ(c.count, 0);
+            EXPECT_EQ(c.points[0], Pair{});
+            EXPECT_EQ(c.flags[1][1], -1);
         }
-    }
     const auto with_line = ARC_SPLINE_inter_circular_arc_line_seg_2d;
     EXPECT_EQ(common(&circle, &bad, 0, 0, with_line).status, 1);
     EXPECT_EQ(common(&circle, &line, 0, 0, with_line).count, 2);
-    // Circles inside one another cross in two points off them.
-    const Common off = common(&circle, &nested);
-    EXPECT_EQ(off.count, 2);
-    EXPECT_GT(std::hypot(off.points[0][0], off.points[0][1]), 6);
+}
+
+TEST(Intersections, StayAsTheyAre) {
+    const ReportRecorder recorder;
+    const Segment circle = arc({0, 0}, 5), nested = arc({0.5, 0}, 2), beside = arc({8, 0}, 3);
+    // Circles inside one another cross off both, touching ones twice in one point.
+    EXPECT_GT(common(&circle, &nested).points[1][1], 20);
+    EXPECT_EQ(common(&circle, &beside).count, 2);
+    EXPECT_EQ(common(&circle, &beside).points[1], (Pair{5, 0}));
+    // Close to the foot, the start of a straight takes its place.
+    const Segment line = straight({5e-10, 3}, {9, 3}), other = straight({0, 3}, {0, 9});
+    EXPECT_NEAR(common(&circle, &line).points[1][0] - 4, 5e-10, 1e-14);
+    EXPECT_EQ(common(&line, &other).points[0], (Pair{2.5e-10, 3}));
+    // A straight without a length still has its line.
+    const Segment point{0, 0, {1, 3}, 0, 0, {1, 3}, {1, 0}, 0, 0};
+    expect_near(common(&circle, &point).points[1], {4, 3}, 1e-15);
     EXPECT_EQ(recorder.reports(), Reports{});
+}
+
+TEST(Intersections, OfAnythingAreNumbers) {
+    Random random;
+    const double wild[] = {0, 1, -1, 5e-11, 1e9, 1e18, 1e160, 1e-170, 1e308, HUGE_VAL, NAN, 90};
+    for (int round = 0; round < rounds(20000); ++round) {
+        Segment s[2];
+        for (Segment& each : s) {
+            double n[9];
+            for (double& x : n)
+                x = random.integer(0, 1) == 0 ? random.normal() : wild[random.integer(0, 11)];
+            const int type = random.integer(0, 2) == 0 ? 0 : 1;
+            each = {type,         round % 3 - 1, {n[0], n[1]}, n[2], n[3],
+                    {n[4], n[5]}, {n[6], n[7]},  n[8],         0};
+        }
+        const Common found = common(&s[0], &s[1], round % 2, round / 2 % 2);
+        for (int i = 0; i < 4; ++i)
+            ASSERT_TRUE(std::isfinite(found.points[i / 2][i % 2] + found.parms[i / 2][i % 2]));
+    }
 }
 
 }  // namespace

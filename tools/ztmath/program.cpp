@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <new>
 
+#include "arcs_command.h"
 #include "command.h"
 #include "curve_command.h"
 #include "fit_command.h"
@@ -17,6 +18,7 @@ namespace {
 
 const char* const program_help = R"(
 Examples:
+  ztmath arcs circles --circle 0,0,1 --circle 4,0,1.5 --circle 1,4,1 --svg touch.svg
   ztmath curve --all-slopes --svg comb.svg profile.txt
   ztmath fit plane --svg flatness.svg points.txt
   ztmath roots 6 -5 1
@@ -38,6 +40,7 @@ ExitCode parse_and_run(int argc, const char* const* argv) {
     program.require_subcommand(1);
     program.footer(program_help);
     Commands commands;
+    add_arcs_commands(program, commands);
     add_curve_command(program, commands);
     add_fit_commands(program, commands);
     add_transform_commands(program, commands);

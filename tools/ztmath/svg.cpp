@@ -32,6 +32,18 @@ text { font-family: "Liberation Sans", Arial, Helvetica, sans-serif; fill: #5260
 .face { fill: #dfe9f2; stroke: none; }
 .side { stroke: #7f9db9; stroke-width: 0.6; }
 .outline { fill: none; stroke: #1d2733; stroke-width: 1.2; stroke-linejoin: round; }
+.given { fill: none; stroke: #1d2733; stroke-width: 1.8; }
+.given-point { fill: #1d2733; }
+.solution { fill: none; stroke: currentColor; stroke-width: 1.4; }
+.touch { fill: currentColor; stroke: #ffffff; stroke-width: 0.8; }
+.hue-0 { color: #215291; }
+.hue-1 { color: #c2452d; }
+.hue-2 { color: #2f8f5b; }
+.hue-3 { color: #8b4fa8; }
+.hue-4 { color: #c98a12; }
+.hue-5 { color: #1d95a8; }
+.hue-6 { color: #b0376f; }
+.hue-7 { color: #6b7785; }
 .arrow-head { fill: #1d2733; stroke: none; }
 .bar { stroke: #6b7785; stroke-width: 0.6; }
 </style>
@@ -126,24 +138,33 @@ void Svg::close_group() {
     text_ += "</g>\n";
 }
 
-void Svg::element(const char* name, const std::string& attributes, const char* look,
+void Svg::element(const char* name, const std::string& attributes, const std::string& look,
                   const std::string& fill) {
     text_ += std::string("<") + name + attributes + " class=\"" + look + '"';
     if (!fill.empty()) text_ += " fill=\"" + fill + '"';
     text_ += "/>\n";
 }
 
-void Svg::line(Pixel from, Pixel to, const char* look) {
+void Svg::line(Pixel from, Pixel to, const std::string& look) {
     element("line",
             attribute("x1", from.x) + attribute("y1", from.y) + attribute("x2", to.x) +
                 attribute("y2", to.y),
             look, {});
 }
 
-void Svg::circle(Pixel centre, double radius, const char* look, const std::string& fill) {
+void Svg::circle(Pixel centre, double radius, const std::string& look, const std::string& fill) {
     element("circle",
             attribute("cx", centre.x) + attribute("cy", centre.y) + attribute("r", radius), look,
             fill);
+}
+
+void Svg::arc(const Arc& arc, const char* look) {
+    const auto place = [](Pixel at) { return pixel(at.x) + ' ' + pixel(at.y); };
+    element("path",
+            " d=\"M " + place(arc.from) + " A " + pixel(arc.radius) + ' ' + pixel(arc.radius) +
+                " 0 " + (arc.large ? "1 " : "0 ") + (arc.clockwise ? "1 " : "0 ") + place(arc.to) +
+                '"',
+            look, {});
 }
 
 void Svg::polygon(const std::vector<Pixel>& corners, const char* look) {

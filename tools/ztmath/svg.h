@@ -33,8 +33,17 @@ class Svg {
     void open_clipped_group(const std::string& id, const Box& box);
     void close_group();
 
-    void line(Pixel from, Pixel to, const char* look);
-    void circle(Pixel centre, double radius, const char* look, const std::string& fill = {});
+    void line(Pixel from, Pixel to, const std::string& look);
+    void circle(Pixel centre, double radius, const std::string& look, const std::string& fill = {});
+    /// The arc of a circle, by its ends.
+    struct Arc {
+        Pixel from;
+        Pixel to;
+        double radius;
+        bool large;      // more than half of the circle
+        bool clockwise;  // as it is seen
+    };
+    void arc(const Arc& arc, const char* look);
     void polygon(const std::vector<Pixel>& corners, const char* look);
     void rectangle(const Box& box, const char* look, const std::string& fill = {});
     void text(Pixel at, const std::string& words, const char* look);
@@ -44,7 +53,7 @@ class Svg {
     std::string str() const;
 
   private:
-    void element(const char* name, const std::string& attributes, const char* look,
+    void element(const char* name, const std::string& attributes, const std::string& look,
                  const std::string& fill);
 
     std::string text_;

@@ -18,7 +18,7 @@ Line bisector(Vec2 a, Vec2 b) {
 /// The full circle from a point of it, given outwards from the centre in radii.
 Segment circle_from(Vec2 point, Vec2 outwards, double radius, int orientation) {
     const Vec2 tangent = orientation == -1 ? right_normal(outwards) : left_normal(outwards);
-    return arc_segment(point, tangent, 360.0, radius, orientation).arc;
+    return full_circle_at(point, tangent, radius, orientation);
 }
 
 Segment circle_about(Vec2 center, Vec2 point, double radius, bool clockwise) {

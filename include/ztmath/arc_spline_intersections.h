@@ -5,7 +5,7 @@
  * or infinite line. tols holds a distance and an angle in degrees. Points are pairs of doubles,
  * parameters those of the segments: degrees on arcs, lengths on straights. Pairs of parameters and of
  * flags are in the order of the arguments: on segment 1, on segment 2. Outputs may alias inputs.
- * Nothing is reported.
+ * Nothing is reported, but assertions of finite input are made when the checking level is above 0.
  *
  * Two circles meet on their radical axis (L. Gaultier, 1813), an arc and a straight at equal distances
  * from the foot of the centre.
@@ -25,7 +25,8 @@ ZTMATH_BEGIN_DECLS
  * count                 out: points of which no flag is 1. The one that counts alone comes first
  * pt_1, pt_2            out: the second farther along the radical axis of two circles
  *                       (ARC_SPLINE_ask_radical_axis_of_2_circles_2d), or along the straight. Where
- *                       two segments touch, or two straights meet, there is one point: pt_2 is it, too
+ *                       two segments touch there is one point: pt_2 is it, too, without its parameters.
+ *                       Two straights meet in pt_1 alone
  * parms_1, parms_2      out: the parameters of point 1, of point 2
  * flags_1, flags_2      out: its domain flags: -1 inside, 0 at an end, 1 outside
  * status                out: 0; 1, 2 segment 1, 2 is no record, neither straight nor arc, or a

@@ -118,7 +118,9 @@ Crossings of_straights(const Couple& straights) {
     const LineMeeting met = meet(straights.tols, line_of(*straights.segments[0]),
                                  line_of(*straights.segments[1]), false);
     if (met.status != 0 || !met.has_point) return {};
-    return straights.meeting_at(met.point);
+    Crossings found = straights.meeting_at(met.point);
+    found.at[1] = {};
+    return found;
 }
 
 /// Kept as it stands: a status goes on counting the arc as the first.

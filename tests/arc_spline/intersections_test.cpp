@@ -138,7 +138,8 @@ TEST(Intersections, CountWhatIsInsideBothDomains) {
     EXPECT_EQ(one.count, 1);
     EXPECT_EQ(one.flags[1][1], 1);
     expect_near(one.points[1], {3, 4}, 1e-14);
-    // Where there is one point, it is both.
+    // Where segments touch, the point is both; where straights meet, it stands alone.
+    EXPECT_EQ(common(&line, &cross).points[1], Pair{});
     expect_near(common(&whole, &tangent).points[1], {0, brim}, 1e-15);
 }
 

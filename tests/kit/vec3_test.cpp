@@ -71,6 +71,7 @@ TEST(Vec3Direction, ToleranceIsASineOrCosineAndNullVectorsPass) {
     EXPECT_EQ(VEC3_is_parallel(x.data(), Vector{-1, 0, 0}.data(), 0), 1);
     EXPECT_EQ(VEC3_is_parallel(null.data(), x.data(), 0), 1);
     EXPECT_EQ(VEC3_is_perpendicular(x.data(), null.data(), 0), 1);
+    EXPECT_EQ(VEC3_is_perpendicular(x.data(), Vector{0, 1, 0}.data(), 0), 1);
 }
 
 TEST(Vec3AskPerpendicular, ZeroesTheLeastComponentWithItsTies) {

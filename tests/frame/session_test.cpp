@@ -78,12 +78,16 @@ TEST(Settings, GridCountsAndFactorsComeInPairs) {
     PX_ask_default_face_grid_counts(asked.data());
     EXPECT_EQ((Pair{word_at<int>(gca_offset(17)), word_at<int>(gca_offset(18))}), set);
     EXPECT_EQ(asked, set);
+    PX_set_default_face_grid_counts(&acom_.gca[15]);  // GCA(16) and GCA(17)
+    EXPECT_EQ(word_at<int>(gca_offset(18)), 12);
 
     for (int i = 0; i < 4; ++i)
         pxsfac_[i] = i + 1;
     pxsfac_read_pszt_(asked.data(), second.data());
     EXPECT_EQ(asked, (Pair{3, 4}));
     EXPECT_EQ(second, (Pair{1, 2}));
+    pxsfac_read_pszt_(pxsfac_, pxsfac_ + 2);  // over itself
+    EXPECT_EQ((Pair{pxsfac_[2], pxsfac_[3]}), (Pair{1, 2}));
 }
 
 TEST(Settings, OutOfRangeAreAssertedWhenCheckingAndStoredAllTheSame) {
@@ -130,8 +134,6 @@ TEST(Settings, OutOfRangeAreAssertedWhenCheckingAndStoredAllTheSame) {
                 for (const std::string& text : row.failed)
                     expected.push_back(assertion("libztmath_main", text));
             EXPECT_EQ(recorder.reports(), expected) << "row " << &row - rows << ", level " << level;
-            for (const int line : recorder.lines())
-                EXPECT_GT(line, 0);
         }
 }
 

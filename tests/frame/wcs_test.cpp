@@ -52,6 +52,8 @@ TEST(Wcs, IsReadInPieces) {
     set_wcs({}, origin);
     WCS__set_matrix_values(axes.data());
     EXPECT_EQ(block_bytes(), expected) << "taken as it stands";
+    WCS_ask_coordinate_system(acom_.wcs_matrix);  // over itself
+    EXPECT_EQ(word_at<Matrix>(1440), (Matrix{10, 11, 12, 1, 2, 3, 4, 5, 6}));
 }
 
 using Mapping = void (*)(const double*, double*);

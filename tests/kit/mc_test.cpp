@@ -53,7 +53,7 @@ TEST(McArithmetic, TakesOperandsInTheOrderOfTheNames) {
     const double a[] = {1, 2, 3};
     const double b[] = {7, -5, 11};
     const double c[] = {2, 3, 5};
-
+    EXPECT_EQ(written([&](double* out) { MC_v_copy(a, out); }), (Vector{1, 2, 3}));
     EXPECT_EQ(written([&](double* out) { MC_AmB(a, b, out); }), (Vector{-6, 7, -8}));
     EXPECT_EQ(written([&](double* out) { MC_ApB(a, b, out); }), (Vector{8, -3, 14}));
     EXPECT_EQ(written([&](double* out) { MC_aA(-2, a, out); }), (Vector{-2, -4, -6}));
@@ -147,6 +147,10 @@ TEST(McSolve3, ReportsASmallDeterminantAndDividesByItAllTheSame) {
                   Reports(std::fabs(d) < 1.0e-8 ? 1 : 0, singular));
         EXPECT_EQ(x[1], 5 / d);
     }
+    const ReportRecorder unwinding([](const Report& report) { throw report; });
+    x = {7, 7, 7};
+    EXPECT_THROW(MC_solve_3(diagonal(0).data(), x.data()), Report);
+    EXPECT_EQ(x, (Vector{7, 7, 7})) << "a report that unwinds leaves the output";
 }
 
 TEST(McDistLines, IsThatOfTheCommonPerpendicular) {

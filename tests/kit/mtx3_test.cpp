@@ -96,6 +96,9 @@ TEST(Mtx3Frames, AcceptDirectionsThatArePerpendicularWithinTheTolerance) {
     }
     built([&](double* m) { return MTX3_init_x(null.data(), m); }, 0);
     built([&](double* m) { return MTX3_init_z(null.data(), m); }, 0);
+    const Vector tilted = {1.0e-11, 1, 0};
+    EXPECT_EQ(built([&](double* m) { return MTX3_init(x.data(), tilted.data(), m); }), identity)
+        << "Y is rebuilt";
 }
 
 TEST(Mtx3Frames, OfZChooseXByTheSteepnessOfZ) {
@@ -146,9 +149,8 @@ TEST(Mtx3RotAboutAxis, TurnsColumnVectorsCounterClockwise) {
         ASSERT_NEAR(dot(turned(v), v), std::cos(angle), 2.0e-15);
         ASSERT_NEAR(dot(turned(v), w), std::sin(angle), 2.0e-15);
     }
-    const Vector null = {0, 0, 1.0e-10};
     Matrix r;
-    MTX3_rot_about_axis(NAN, null.data(), r.data());
+    MTX3_rot_about_axis(NAN, Vector{0, 0, 1.0e-10}.data(), r.data());
     EXPECT_EQ(r, identity);
 }
 
@@ -197,7 +199,6 @@ TEST(Mtx3IsEqual, ComparesElementsAndOrthonormality) {
     drifted[4] = 1 + 1.0e-13;
     EXPECT_EQ(MTX3_is_equal(drifted.data(), identity.data(), 1), 0);
     EXPECT_EQ(MTX3_is_identity(drifted.data(), 1), 0);
-    EXPECT_EQ(MTX3_is_equal(drifted.data(), drifted.data(), 0), 1);
     Matrix turned;
     MTX3_init_roll_pitch_yaw(0, 0, 1.0e-3, turned.data());
     EXPECT_EQ(MTX3_is_identity(turned.data(), 1.1e-3), 1);

@@ -121,6 +121,7 @@ TEST(Mtx4Builders, RefuseNullDirections) {
 }
 
 TEST(Mtx4Rotation, TakesItsOwnDegreeAndAssertsItsResult) {
+    EXPECT_EQ(rotation({1, 2, 3}, {0, 0, 1}, -90), rotation({1, 2, 3}, {0, 0, -1}, 90));
     const Transform half = rotation({0, 0, 0}, {0, 0, 1}, 180);
     EXPECT_EQ(half[4], std::sin(180 * 0.01745329251994328)) << "not that of pi / 180";
     const CheckingLevel on(1);
@@ -197,6 +198,7 @@ TEST(Mtx4IsEqual, ComparesElementsAndOrthonormality) {
     }
     Transform m = still;
     m[0] = 1 + 1.0e-13;
+    EXPECT_EQ(MTX4_is_ortho_normal(m.data()), 0);
     EXPECT_EQ(MTX4_is_identity(m.data(), 1), 0);
     EXPECT_EQ(MTX4_is_equal_transform(m.data(), still.data(), 1, 0, 0), 0);
     EXPECT_EQ(MTX4_is_equal(m.data(), m.data(), 0), 1);

@@ -25,6 +25,7 @@ TEST(Pnt3Colinear, TakesOneToleranceForASquaredLengthAndASquaredSine) {
     EXPECT_EQ(colinear(c, std::pow(std::sin(bend), 2) * 1.0001), 1);
     EXPECT_EQ(colinear(c, std::pow(std::sin(bend), 2) * 0.9999), 0);
 
+    EXPECT_EQ(colinear({-5, 0, 0}, 1.0e-12), 1) << "folded back";
     EXPECT_EQ(colinear({1, 0.5, 0}, 0.25), 0) << "the squared distance must be less";
     EXPECT_EQ(colinear({1, 0.5, 0}, std::nextafter(0.25, 1)), 1);
     EXPECT_EQ(colinear({0, 0.5, 0}, std::nextafter(0.25, 1)), 1);

@@ -262,27 +262,22 @@ TEST(MatrixHelpers, FillTransposeAndMultiplyInBothForms) {
     EXPECT_LT(distance(product, a * b), 1e-15 * 10);
 
     const Matrix square = random_matrix(random, 4, 4);
-    Matrix left = square;
-    Matrix right = square;
-    Matrix turned = square;
-    NR_2d_matrix_nxn_transp(turned.pointers(), 4);
-    EXPECT_EQ(turned, transposed(square));
-    NR_matrix_2d_as_1d_nxn_transp(turned.flat(), 4);
-    EXPECT_EQ(turned, square);
-
-    NR_matrix_2d_as_1d_init_zero_ut(turned.flat(), 4);
-    EXPECT_EQ(turned(2, 1), square(2, 1));
-    NR_matrix_2d_as_1d_init_zero_lt(turned.flat(), 4);
-    EXPECT_EQ(turned, diagonal({square(0, 0), square(1, 1), square(2, 2), square(3, 3)}));
-
-    NR_2d_matrix_identity(left.pointers(), 4);
-    NR_matrix_2d_as_1d_identity(right.flat(), 4);
-    EXPECT_EQ(left, identity(4));
-    EXPECT_EQ(right, identity(4));
-    NR_2d_matrix_init_zero(left.pointers(), 4, 3);
-    EXPECT_EQ(left, diagonal({0, 0, 0, 1}));
-    NR_matrix_2d_as_1d_init_zero(right.flat(), 4, 4);
-    EXPECT_EQ(right, Matrix(4, 4));
+    Matrix m = square;
+    NR_2d_matrix_nxn_transp(m.pointers(), 4);
+    EXPECT_EQ(m, transposed(square));
+    NR_matrix_2d_as_1d_nxn_transp(m.flat(), 4);
+    EXPECT_EQ(m, square);
+    NR_matrix_2d_as_1d_init_zero_ut(m.flat(), 4);
+    EXPECT_EQ(m(2, 1), square(2, 1));
+    NR_matrix_2d_as_1d_init_zero_lt(m.flat(), 4);
+    EXPECT_EQ(m, diagonal({square(0, 0), square(1, 1), square(2, 2), square(3, 3)}));
+    NR_matrix_2d_as_1d_identity(m.flat(), 4);
+    EXPECT_EQ(m, identity(4));
+    NR_matrix_2d_as_1d_init_zero(m.flat(), 4, 4);
+    EXPECT_EQ(m, Matrix(4, 4));
+    NR_2d_matrix_identity(m.pointers(), 4);
+    NR_2d_matrix_init_zero(m.pointers(), 4, 3);
+    EXPECT_EQ(m, diagonal({0, 0, 0, 1}));
 }
 
 TEST(MatrixHelpers, AllocatedRowsLieInOneBlock) {
@@ -295,19 +290,15 @@ TEST(MatrixHelpers, AllocatedRowsLieInOneBlock) {
     SM_free(block);
 
     std::array<double, 6> own;
-    double* own_block = own.data();
-    double** own_rows = NR_2d_matrix_allo(2, 3, &own_block);
-    EXPECT_EQ(own_rows[1], own.data() + 3);
-    EXPECT_EQ(own_block, own.data());
-
+    block = own.data();
+    rows = NR_2d_matrix_allo(2, 3, &block);
+    EXPECT_EQ(rows[1], own.data() + 3);
     const std::array<double, 6> source = {1, 2, 3, 4, 5, 6};
-    std::array<double, 6> back;
-    NR_matrix_copy_1d_to_2d(source.data(), 2, 3, own_rows);
-    NR_matrix_copy_2d_to_1d(own_rows, 2, 3, back.data());
-    EXPECT_EQ(back, source);
-    NR_matrix_copy_2d_to_1d(own_rows, 2, 2, own.data() + 1);  // over its own source
+    NR_matrix_copy_1d_to_2d(source.data(), 2, 3, rows);
+    EXPECT_EQ(own, source);
+    NR_matrix_copy_2d_to_1d(rows, 2, 2, own.data() + 1);  // over its own source
     EXPECT_EQ(own, (std::array<double, 6>{1, 1, 2, 4, 5, 6}));
-    SM_free(own_rows);
+    SM_free(rows);
 }
 
 }  // namespace

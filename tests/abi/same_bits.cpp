@@ -1,5 +1,5 @@
-// Prints, for each row of the interface table, a hash of the bits of many results: on the library as
-// any compiler builds it, at any level of optimisation, the output must be the same.
+// Prints, for each row of the interface table, a hash of the bits of many results: on the library
+// as any compiler builds it, at any level of optimisation, the output must be the same.
 #include <algorithm>
 #include <cmath>
 #include <cstdint>

@@ -5,8 +5,7 @@
 #include <numbers>
 #include <vector>
 
-#include "support/random.h"
-#include "support/rotation.h"
+#include "support/vectors.h"
 #include "ztmath/mtx3.h"
 
 namespace {
@@ -29,54 +28,38 @@ Vector angles_of(const Matrix& m) {
 
 std::vector<Vector> all_angles_of(const Matrix& m) {
     int count = -1;
-    double triples[24];
-    MTX3_ask_all_roll_pitch_yaw(m.data(), &count, triples);
-    std::vector<Vector> all;
-    for (int i = 0; i < count && i < 8; ++i)
-        all.push_back({triples[3 * i], triples[3 * i + 1], triples[3 * i + 2]});
-    EXPECT_EQ(all.size(), static_cast<std::size_t>(count));
-    return all;
+    Vector triples[8];
+    MTX3_ask_all_roll_pitch_yaw(m.data(), &count, triples[0].data());
+    return {triples, triples + count};
 }
 
 /// The distance of angles on the circle.
 double turn_between(const Vector& a, const Vector& b) {
-    double most = 0;
+    Vector turn;
     for (std::size_t i = 0; i < 3; ++i)
-        most = std::fmax(most, std::fabs(std::remainder(a[i] - b[i], 2 * pi)));
-    return most;
+        turn[i] = std::remainder(a[i] - b[i], 2 * pi);
+    return distance(turn, {});
 }
 
 Matrix rotation_about(std::size_t axis, double angle) {
     Matrix r;
-    Vector direction{};
-    direction[axis] = 1;
-    MTX3_rot_about_axis(angle, direction.data(), r.data());
+    MTX3_rot_about_axis(angle, row(identity, axis).data(), r.data());
     return r;
 }
 
-TEST(RollPitchYaw, AreTurnsAboutXThenYThenZ) {
+TEST(RollPitchYaw, AreTurnsAboutXThenYThenZAndComeBack) {
     Random random;
-    for (int round = 0; round < rounds(2000); ++round) {
-        const Vector a = {random.uniform(-10, 10), random.uniform(-10, 10),
+    for (int round = 0; round < rounds(5000); ++round) {
+        const Vector a = {random.uniform(-10, 10), random.uniform(-pi / 2, pi / 2),
                           random.uniform(-10, 10)};
         const Matrix turns = product(rotation_about(2, a[2]),
                                      product(rotation_about(1, a[1]), rotation_about(0, a[0])));
         ASSERT_LT(distance(matrix_of(a), turns), 1.0e-15);
-        ASSERT_LT(rotation_defect(matrix_of(a)), 2.0e-15);
-    }
-}
-
-TEST(RollPitchYaw, ComeBackFromTheMatrix) {
-    Random random;
-    for (int round = 0; round < rounds(5000); ++round) {
-        const Vector a = {random.uniform(-pi, pi), random.uniform(-pi / 2, pi / 2),
-                          random.uniform(-pi, pi)};
         double least = 1;  // a pair's smaller member is rebuilt from the larger one
         for (const double angle : a)
-            least =
-                std::fmin(least, std::fmin(std::fabs(std::cos(angle)), std::fabs(std::sin(angle))));
+            least = std::fmin(least, std::fabs(std::sin(2 * angle)) / 2);
         if (least < 1.0e-3) continue;
-        ASSERT_LT(turn_between(angles_of(matrix_of(a)), a), 4.0e-15 / least / least);
+        ASSERT_LT(turn_between(angles_of(turns), a), 6.0e-15 / least / least);
     }
 }
 
@@ -89,7 +72,6 @@ TEST(RollPitchYaw, AreCleanedTowardsRightAngles) {
         }
     const Vector beyond = {1.43e-5, 0.3, -1.43e-5};
     EXPECT_LT(turn_between(angles_of(matrix_of(beyond)), beyond), 1.0e-10);
-    EXPECT_EQ(angles_of(matrix_of({0, 0.3, 0}))[0], 0.0);
 
     // Kept: a cosine of exactly 0 beside a sine of 0 counts as -1.
     EXPECT_EQ(angles_of({}), (Vector{pi, -pi / 2, 0}));
@@ -112,23 +94,10 @@ TEST(RollPitchYaw, AtAPitchOfARightAngleGiveAllTheTurnToRoll) {
     // The squared cosine of pitch decides, 1e-20 itself counting as a right angle.
     const double next = 1.0e-10;  // its square, rounded, is above 1e-20
     const double edge = std::nextafter(next, 0);
-    ASSERT_TRUE(edge * edge <= 1.0e-20 && next * next > 1.0e-20);
     EXPECT_EQ(angles_of({edge, 0, 1, 0, 1, 0, -1, 0, 0})[0], 0.0);
     EXPECT_EQ(angles_of({next, 0, 1, 0, 1, 0, -1, 0, 0})[0], pi) << "m7 and m8 are read here";
     EXPECT_EQ(angles_of({0, 0, 1, edge, 1, 0, -1, 0, 0})[2], 0.0);
     EXPECT_EQ(angles_of({0, 0, 1, next, 1, 0, -1, 0, 0})[2], pi / 2);
-}
-
-TEST(RollPitchYaw, NearAPitchOfARightAngleAreOffByNoMoreThanTheCleaning) {
-    Random random;
-    for (int step = 0; step < 45; ++step)
-        for (const double up : {1.0, -1.0}) {
-            const double off = 1.0e-3 * std::pow(0.6, step);
-            const Matrix m =
-                matrix_of({random.uniform(-3, 3), up * (pi / 2 - off), random.uniform(-3, 3)});
-            const double bound = off < 1.5e-5 ? off + 1.0e-5 : 1.0e-9;
-            EXPECT_LT(distance(matrix_of(angles_of(m)), m), bound) << off;
-        }
 }
 
 TEST(AllRollPitchYaw, HoldTheDirectOneAndReproduceTheMatrix) {
@@ -142,57 +111,45 @@ TEST(AllRollPitchYaw, HoldTheDirectOneAndReproduceTheMatrix) {
             nearest = std::fmin(nearest, turn_between(angles, angles_of(m)));
         }
         // Of a yaw or roll next to a right angle asin keeps too little to reproduce the matrix.
-        if (std::fabs(m[0]) > 1.0e-4 && std::fabs(m[8]) > 1.0e-4) {
-            ASSERT_GE(all.size(), 2U);
-            ASSERT_LT(nearest, 2.0e-5);
-        }
-        for (std::size_t i = 0; i < all.size(); ++i)
-            for (std::size_t j = 0; j < i; ++j)
-                ASSERT_GT(distance(all[i], all[j]), 1.0e-10) << "each once";
+        if (std::fabs(m[0]) < 1.0e-4 || std::fabs(m[8]) < 1.0e-4) continue;
+        ASSERT_EQ(all.size(), 2U);
+        ASSERT_GT(distance(all[0], all[1]), 1.0e-10);
+        ASSERT_LT(nearest, 2.0e-5);
     }
 }
 
 TEST(AllRollPitchYaw, StandInAFixedOrder) {
-    const auto all = all_angles_of(matrix_of({0.1, 0.2, 0.3}));
-    ASSERT_EQ(all.size(), 2U);
-    EXPECT_LT(distance(all[0], {0.1, 0.2, 0.3}), 1.0e-14);
-    EXPECT_LT(distance(all[1], {pi + 0.1, pi - 0.2, pi + 0.3}), 1.0e-14);
-
-    const auto upward = all_angles_of(matrix_of({0.7, pi / 2, 0.2}));  // only roll - yaw counts
-    ASSERT_EQ(upward.size(), 2U);
-    EXPECT_LT(distance(upward[0], {0.5, pi / 2, 0}), 1.0e-9);
-    EXPECT_LT(distance(upward[1], {0, pi / 2, -0.5}), 1.0e-9);
-    const auto downward = all_angles_of(matrix_of({0.7, -pi / 2, 0.2}));  // only roll + yaw counts
-    ASSERT_EQ(downward.size(), 2U);
-    EXPECT_LT(distance(downward[0], {0.9, -pi / 2, 0}), 1.0e-9);
-    EXPECT_LT(distance(downward[1], {0, -pi / 2, 0.9}), 1.0e-9);
-    EXPECT_EQ(all_angles_of(matrix_of({0.2, pi / 2, 0.2})).size(), 1U) << "both zero is one triple";
-}
-
-TEST(AllRollPitchYaw, AreNoneOfWhatIsNoRotation) {
-    Matrix scaled = matrix_of({0.1, 0.2, 0.3});
-    for (double& element : scaled)
-        element *= 1.001;
-    EXPECT_TRUE(all_angles_of(scaled).empty());
-    EXPECT_TRUE(all_angles_of({}).empty());
+    const struct {
+        Vector angles;
+        std::vector<Vector> all;
+    } rows[] = {
+        {{0.1, 0.2, 0.3}, {{0.1, 0.2, 0.3}, {pi + 0.1, pi - 0.2, pi + 0.3}}},
+        {{0.7, pi / 2, 0.2}, {{0.5, pi / 2, 0}, {0, pi / 2, -0.5}}},    // only roll - yaw counts
+        {{0.7, -pi / 2, 0.2}, {{0.9, -pi / 2, 0}, {0, -pi / 2, 0.9}}},  // only roll + yaw
+        {{0.2, pi / 2, 0.2}, {{0, pi / 2, 0}}},                         // both zero is one triple
+    };
+    for (const auto& row : rows) {
+        const auto all = all_angles_of(matrix_of(row.angles));
+        ASSERT_EQ(all.size(), row.all.size()) << "row " << &row - rows;
+        for (std::size_t i = 0; i < all.size(); ++i)
+            EXPECT_LT(distance(all[i], row.all[i]), 1.0e-9) << "row " << &row - rows;
+    }
 }
 
 TEST(AllRollPitchYaw, TestSixElementsWithinTheTolerance) {
-    const Matrix m = matrix_of({0.1, 0.2, 0.3});
     for (const std::size_t i : {0, 1, 2, 4, 5, 8})
         for (const double off : {0.99e-10, -0.99e-10, 1.01e-10, -1.01e-10}) {
-            Matrix moved = m;
-            moved[i] += off;
-            EXPECT_EQ(all_angles_of(moved).size(), std::fabs(off) < 1.0e-10 ? 2U : 0U) << i;
+            Matrix m = matrix_of({0.1, 0.2, 0.3});
+            m[i] += off;
+            EXPECT_EQ(all_angles_of(m).size(), std::fabs(off) < 1.0e-10 ? 2U : 0U) << i;
         }
     // Pitch is taken as a right angle beyond a sine of 0.9999999999, itself not included.
     const double edge = 0.9999999999;
     const double cosine = std::sqrt(1 - edge * edge);
-    const Matrix at_edge = {cosine, 0, edge, 0, 1, 0, -edge, 0, cosine};
-    EXPECT_EQ(all_angles_of(at_edge).size(), 2U);
-    Matrix beyond = at_edge;
-    beyond[6] = -std::nextafter(edge, 1);
-    EXPECT_TRUE(all_angles_of(beyond).empty()) << "no longer a rotation at exactly a right angle";
+    Matrix m = {cosine, 0, edge, 0, 1, 0, -edge, 0, cosine};
+    EXPECT_EQ(all_angles_of(m).size(), 2U);
+    m[6] = -std::nextafter(edge, 1);
+    EXPECT_TRUE(all_angles_of(m).empty()) << "no longer a rotation at exactly a right angle";
 }
 
 }  // namespace

@@ -25,30 +25,22 @@ const double longest_null = std::nextafter(1.0e-10, 0);
 TEST(Vec2Unitize, ComparesSquaresOfLengthAndTolerance) {
     const struct {
         Pair u;
-        double tolerance;
-        int done;
+        double tolerance, magnitude;
     } rows[] = {
-        {{0, 1.0e-10}, 1.0e-10, 0},
-        {{up(1.0e-10), 0}, 1.0e-10, 1},
         {{3, 4}, 5, 0},
         {{3, 4}, -5, 0},
-        {{3, up(4)}, 5, 1},
-        {{3, 4}, 0, 1},
+        {{3, up(4)}, 5, std::sqrt(9 + up(4) * up(4))},
         {{0, 0}, 0, 0},
-        {{1.0e-200, 0}, 0, 0},
-        {{NAN, 0}, 5, 1},
-        {{3, 4}, NAN, 1},
+        {{1.0e-200, 0}, 0, 0},  // its square is 0
+        {{1, 2.5}, NAN, std::sqrt(7.25)},
     };
-    for (const auto& row : rows) {
+    for (const auto& [u, tolerance, expected] : rows) {
         double magnitude = 7;
         Pair unit = {7, 7};
-        EXPECT_EQ(VEC2_unitize(row.u.data(), row.tolerance, &magnitude, unit.data()), row.done)
-            << "row " << &row - rows;
-        if (std::isnan(row.u[0])) continue;
-        const double length = row.done ? std::sqrt(row.u[0] * row.u[0] + row.u[1] * row.u[1]) : 0;
-        EXPECT_EQ(magnitude, length);
-        const double factor = row.done ? 1.0 / length : 0;
-        EXPECT_EQ(unit, (Pair{row.u[0] * factor, row.u[1] * factor}));
+        EXPECT_EQ(VEC2_unitize(u.data(), tolerance, &magnitude, unit.data()), expected > 0);
+        EXPECT_EQ(magnitude, expected) << testing::PrintToString(u);
+        const double factor = expected > 0 ? 1.0 / expected : 0;
+        EXPECT_EQ(unit, (Pair{u[0] * factor, u[1] * factor}));
     }
 }
 
@@ -60,7 +52,7 @@ TEST(Vec2Direction, ToleranceIsASineOrCosine) {
         const double r = std::exp(random.uniform(-20, 20));
         const double u[2] = {r * std::cos(from), r * std::sin(from)};
         const double along[2] = {-2 * std::cos(from + turn), -2 * std::sin(from + turn)};
-        const double across[2] = {-std::sin(from + turn), std::cos(from + turn)};
+        const double across[2] = {along[1], -along[0]};
         for (const double factor : {1.000001, 0.999999}) {
             const double tolerance = -factor * std::sin(turn);  // its square is what counts
             EXPECT_EQ(VEC2_is_parallel(u, along, tolerance), factor > 1);
@@ -77,9 +69,7 @@ TEST(Vec2Direction, ToleranceIsASineOrCosine) {
 
 TEST(Vec2AskPerpendicular, TurnsByTheLargerComponent) {
     const Pair rows[][2] = {
-        {{1, 1}, {1, -1}},           {{1, 2}, {-2, 1}},
-        {{-1, 1}, {1, 1}},           {{up(1), 1}, {1, -up(1)}},
-        {{1, -up(1)}, {up(1), 1}},   {{0, 5}, {-5, 0}},
+        {{-1, 1}, {1, 1}},           {{up(1), 1}, {1, -up(1)}},     {{1, -up(1)}, {up(1), 1}},
         {{longest_null, 0}, {0, 0}}, {{0, 1.0e-10}, {-1.0e-10, 0}},
     };
     for (const auto& [u, expected] : rows) {
@@ -97,21 +87,16 @@ TEST(Vec2Components, RebuildTheVectorOrAreInfinite) {
         const Pair v = random.vector<2>();
         const Pair w = random.vector<2>();
         const double det = u[0] * v[1] - u[1] * v[0];
-        if (VEC2_components(u.data(), v.data(), w.data(), 1.0e-3, &a, &b) == 0) {
-            EXPECT_LE(std::fabs(det), 1.0e-3);
-            EXPECT_EQ((Pair{a, b}), (Pair{HUGE_VAL, HUGE_VAL}));
-            continue;
-        }
-        EXPECT_GT(std::fabs(det), 1.0e-3);
-        const double rounding = 1.0e-15 * (1 + std::fabs(a) + std::fabs(b)) / std::fabs(det) * 50;
+        EXPECT_EQ(VEC2_components(u.data(), v.data(), w.data(), 0, &a, &b), 1);
+        const double rounding = 5.0e-14 * (1 + std::fabs(a) + std::fabs(b)) / std::fabs(det);
         EXPECT_NEAR(a * u[0] + b * v[0], w[0], rounding);
         EXPECT_NEAR(a * u[1] + b * v[1], w[1], rounding);
     }
     const double u[2] = {1, 0};
     const double v[2] = {0, -0.25};
-    EXPECT_EQ(VEC2_components(u, v, v, 0.25, &a, &b), 0);
     EXPECT_EQ(VEC2_components(u, v, v, std::nextafter(0.25, 0), &a, &b), 1);
-    EXPECT_EQ(b, 1.0);
+    EXPECT_EQ(VEC2_components(u, v, v, 0.25, &a, &b), 0);
+    EXPECT_EQ((Pair{a, b}), (Pair{HUGE_VAL, HUGE_VAL}));
     const CheckingLevel on(1);
     const ReportRecorder recorder;
     const double bad[2] = {NAN, 1};
@@ -120,17 +105,13 @@ TEST(Vec2Components, RebuildTheVectorOrAreInfinite) {
 }
 
 TEST(Vec2AskShortestVector, TakesTheFirstOfTheShortest) {
-    const double vectors[] = {1, 0, 0, 1, 0.5, 0, 0, -0.5, NAN, 0};
-    EXPECT_EQ(VEC2_ask_shortest_vector(5, vectors), 2);
-    const double second[] = {1, 0, 0.5, 0, 7, 7};
-    EXPECT_EQ(VEC2_ask_shortest_vector(3, second), 1);
-    EXPECT_EQ(VEC2_ask_shortest_vector(2, vectors), 0);
-    EXPECT_EQ(VEC2_ask_shortest_vector(2, vectors + 6), 0) << "a NaN is not shorter";
+    const double vectors[] = {0, 1, 0.5, 0.1, 0.5, 0.1, -0.1, -0.5, NAN, 0};
+    EXPECT_EQ(VEC2_ask_shortest_vector(5, vectors), 1);
+    EXPECT_EQ(VEC2_ask_shortest_vector(1, vectors), 0);
     const CheckingLevel on(1);
     const ReportRecorder recorder;
-    for (const int none : {0, -3})
-        EXPECT_EQ(VEC2_ask_shortest_vector(none, nullptr), 0);
-    EXPECT_EQ(recorder.reports(), Reports(2, assertion("vec2", "count > 0")));
+    EXPECT_EQ(VEC2_ask_shortest_vector(0, nullptr), 0);
+    EXPECT_EQ(recorder.reports(), Reports{assertion("vec2", "count > 0")});
 }
 
 TEST(Vec2, AssertsThatInputsAreFinite) {
@@ -138,10 +119,9 @@ TEST(Vec2, AssertsThatInputsAreFinite) {
     ReportRecorder recorder;
     const double good[2] = {std::nextafter(1.0e19, 0), -std::nextafter(1.0e19, 0)};
     double out[2], magnitude;
-    VEC2_unitize(good, 1, &magnitude, out);
     VEC2_is_parallel(good, good, 1);
     EXPECT_EQ(recorder.take(), Reports{});
-    for (const double value : {1.0e19, -HUGE_VAL, double{NAN}}) {
+    for (const double value : {1.0e19, -1.0e19, double{NAN}}) {
         const double bad[2] = {0, value};
         VEC2_unitize(bad, 1, &magnitude, out);
         VEC2_ask_perpendicular(bad, out);

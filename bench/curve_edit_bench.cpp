@@ -1,63 +1,68 @@
-// Edits of curve defining data with slopes at all points: what one edit costs beside the number of
-// points, and the passes over a whole record. There is no peer; the sizes stand beside each other.
+// Edits of one point or slope in the middle of curve defining data with slopes at all points: what
+// one edit costs beside the number of points. There is no peer; the sizes stand beside each other.
 #include <benchmark/benchmark.h>
 
-#include <cmath>
-
-#include "syss/syss.h"
-#include "ztmath/bcdf_calc.h"
-#include "ztmath/bcdf_gen.h"
+#include "curve_record.h"
 
 namespace {
 
-BCDF* record_of(int n) {
-    auto* points = static_cast<double*>(SM_alloc(sizeof(double) * 3 * static_cast<size_t>(n)));
-    for (int i = 0; i < n; ++i) {
-        points[3 * i] = i;
-        points[3 * i + 1] = std::sin(0.1 * i);
-        points[3 * i + 2] = 0.0;
-    }
-    BCDF* record = BCDF_create_df_from_pts(points, n, 3, 0);
-    const double along[3] = {1, 0, 0};
-    for (int i = 0; i < n; ++i)
-        BCDF_change_slope(record, 2, along, i);
-    return record;
-}
+const double vector[3] = {1, 2, 3};
 
 template <class Edit>
-void run(benchmark::State& state, Edit edit) {
+void edit_middle(benchmark::State& state, int slope_type, Edit edit) {
     const int n = static_cast<int>(state.range(0));
-    BCDF* record = record_of(n);
+    const CurveRecord record = wave_record(n, slope_type);
     for (auto _ : state)
-        edit(record, n / 2);
-    BCDF_free_structure(record);
+        edit(record.get(), n / 2);
+}
+
+void insert_and_remove_point(benchmark::State& state) {
+    edit_middle(state, 0, [](BCDF* record, int i) {
+        PNTLST_insert_points(record->points, 1, i, vector);
+        PNTLST_remove_points(record->points, i, 1);
+    });
+}
+
+/// With what belongs to it. The record is made anew when a tenth is gone.
+void remove_defining_point(benchmark::State& state) {
+    const int n = static_cast<int>(state.range(0));
+    CurveRecord record = wave_record(n, 0);
+    for (auto _ : state) {
+        BCDF_remove_defining_points(record.get(), n / 2, 1);
+        if (BCDF_return_num_of_points(record.get()) > n - n / 10) continue;
+        state.PauseTiming();
+        record = wave_record(n, 0);
+        state.ResumeTiming();
+    }
+}
+
+void replace_point(benchmark::State& state) {
+    edit_middle(state, 0,
+                [](BCDF* record, int i) { BCDF_replace_defining_point(record, vector, i, 3); });
 }
 
 void change_slope(benchmark::State& state) {
-    run(state, [](BCDF* r, int i) {
-        const double v[3] = {1, 1, 0};
-        BCDF_change_slope(r, 5, v, i);
-    });
+    edit_middle(state, 2, [](BCDF* record, int i) { BCDF_change_slope(record, 5, vector, i); });
 }
 
 void remove_and_insert_slope(benchmark::State& state) {
-    run(state, [](BCDF* r, int i) {
-        BCDF_remove_slopes(r, i, 1);
-        BCDF_change_slope(r, 0, nullptr, i);
+    edit_middle(state, 2, [](BCDF* record, int i) {
+        BCDF_remove_slopes(record, i, 1);
+        BCDF_change_slope(record, 0, nullptr, i);
     });
 }
 
-void update_slopes(benchmark::State& state) {
-    run(state, [](BCDF* r, int) { BCDF_update_slopes(r); });
+void measure(const char* name, void (*edits)(benchmark::State&)) {
+    benchmark::RegisterBenchmark(name, edits)->RangeMultiplier(10)->Range(1000, 1'000'000);
 }
 
-void add_params(benchmark::State& state) {
-    run(state, [](BCDF* r, int) { BCDF_add_params(r, nullptr); });
-}
-
-BENCHMARK(change_slope)->Name("change_slope/ztmath")->Arg(1000)->Arg(100'000);
-BENCHMARK(remove_and_insert_slope)->Name("remove_insert_slope/ztmath")->Arg(1000)->Arg(100'000);
-BENCHMARK(update_slopes)->Name("update_slopes/ztmath")->Arg(1000)->Arg(100'000);
-BENCHMARK(add_params)->Name("add_params/ztmath")->Arg(1000)->Arg(100'000);
+const bool registered = [] {
+    measure("insert_remove_point/ztmath", insert_and_remove_point);
+    measure("remove_defining_point/ztmath", remove_defining_point);
+    measure("replace_point/ztmath", replace_point);
+    measure("change_slope/ztmath", change_slope);
+    measure("remove_insert_slope/ztmath", remove_and_insert_slope);
+    return true;
+}();
 
 }  // namespace

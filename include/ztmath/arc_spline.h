@@ -205,8 +205,8 @@ ZTMATH_API void ARC_SPLINE_ask_is_arc_rather_strt_2d(ARC_SPLINE_1_seg_2d_t *s, c
 /*
  * Reverses the direction of travel.
  *
- * The end angle of a reversed arc is one turn from the old end angle, so that the central angle is
- * that of before only for full circles and half ones.
+ * The end angle of a reversed arc is one turn from the old end angle, so that only half circles keep
+ * their central angle: that of others becomes 180 or 540 degrees, or -180 before it is normalized.
  *
  * Reports "This segment type is not currently handled." of other types, and "The function
  * ARC_SPLINE_evaluate_1_seg_2d failed." of an arc whose end lies before its start; these stay.

@@ -172,6 +172,10 @@ ZTMATH_API void ARC_SPLINE_re_order_3pts_3d(double tol, double p1[3], double p2[
 /*
  * Whether three points lie on a line: 0 no, 1 yes, 2 the outer ones coincide.
  *
+ * Points whose coordinates along an axis differ by less than the distance count as collinear when
+ * they span more than tols[0] / tan(tols[1]): in the plane those along the other axis, in space all
+ * that lie in the plane of the other two.
+ *
  * tols  distance, and angle in degrees at the middle point
  * mode  2 asks for the side of a path that turns
  * side  out: 0 the path p1, p2, p3 turns left, 1 right, -1 not asked for or does not turn; in space

@@ -28,9 +28,10 @@ ZTMATH_BEGIN_DECLS
  *
  * bounded  not 0: only tangents that touch the arc count. 0: all do, and the flags stay -1
  * count    out: 2 when the point is outside the circle, in the order of travel on it (ascending
- *          parameters when counter-clockwise, descending when clockwise); 1 when it is within tols[0]
- *          of the circle and its own tangent point; 0 when it is inside, or the record is of a
- *          straight. Without those that miss the arc: the one left comes first
+ *          parameters when counter-clockwise, descending when clockwise; of orientation 0 as they
+ *          are found: seen from the larger circle, this or that of Thales, the right one first); 1
+ *          when it is within tols[0] of the circle and its own tangent point; 0 when it is inside,
+ *          or the record is of a straight. Without those that miss the arc: the one left comes first
  * parms    out: the parameters of the two
  * flags    out: -1 inside the arc, 0 at an end, 1 outside. A point of flag 1 is not counted and
  *          stands behind those that are

@@ -15,6 +15,7 @@
 #include <ztmath/acom.h>
 #include <ztmath/arc_spline.h>
 #include <ztmath/arc_spline_constructions.h>
+#include <ztmath/arc_spline_intersections.h>
 #include <ztmath/arc_spline_planes.h>
 #include <ztmath/arc_spline_primitives.h>
 #include <ztmath/arc_spline_tangent_circles.h>

@@ -14,7 +14,8 @@ double in_range(double degrees, int which_angle) {
     if (which_angle == 180) return degrees > 180.0 ? degrees - 360.0 : degrees;
     if (which_angle != 90) return degrees;
     if (degrees > 90.0 && degrees < 270.0) return degrees - 180.0;
-    // Kept as it stands: 90 stays 90, and 270 becomes -90.
+    // Kept as it stands: 90 stays 90, and 270 becomes -90. The factor makes straight up a hair more
+    // than 90, and so -90.
     return degrees >= 270.0 && degrees < 360.0 ? degrees - 360.0 : degrees;
 }
 

@@ -16,7 +16,8 @@ double polar_angle(Vec2 v);
 
 /// The inclination, in [0, 360).
 inline double inclination(Vec2 v) {
-    return polar_angle(v) * degrees_per_radian;
+    const double degrees = polar_angle(v) * degrees_per_radian;
+    return degrees >= 360.0 ? 0.0 : degrees;  // the factor is a hair too large
 }
 
 /// The unit vector of an inclination in degrees.

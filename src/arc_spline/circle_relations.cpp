@@ -44,9 +44,7 @@ RadicalAxis radical_axis(const Circle& c1, const Circle& c2) {
     const Vec2 middle = (c1.center + c2.center) * 0.5;
     const double sum = c1.radius + c2.radius;
     if (std::fabs(c1.radius - c2.radius) > zero_length) {
-        const double larger = std::fmax(c1.radius, c2.radius);
-        const double smaller = std::fmin(c1.radius, c2.radius);
-        const double s = (larger * larger - smaller * smaller) * 0.5 / d;
+        const double s = std::fabs(c1.radius - c2.radius) * sum * 0.5 / d;
         // Kept as it stands: circles nested without a common centre count as crossing.
         return {d <= sum ? 2 : 0, {middle + u * s, left_normal(u)}};
     }

@@ -10,22 +10,6 @@ namespace {
 
 constexpr Module report = arc_spline_module.part(11);
 
-LineFoot foot_on_line_segment(Vec2 point, Vec2 end_1, Vec2 end_2, double tol, bool bounded) {
-    const double span = length(end_2 - end_1);
-    if (span <= tol || span == 0.0) {
-        report.internal("The line segment is not defined; we have coincident points.");
-        return {end_1, 0.0, -1, length(point - end_1)};
-    }
-    const Vec2 along = (end_2 - end_1) * (1.0 / span);
-    LineFoot found = foot_on_line(point, {end_1, along}, tol);
-    if (bounded && (found.parm < 0.0 || found.parm > span)) {
-        found.foot = found.parm < 0.0 ? end_1 : end_2;
-        found.parm = std::clamp(found.parm, 0.0, span);
-        found.distance = length(point - found.foot);
-    }
-    return found;
-}
-
 void store(const LineFoot& found, double foot[2], double* parm, int* side) {
     store(found.foot, foot);
     *parm = found.parm;
@@ -46,6 +30,22 @@ LineFoot foot_on_line(Vec2 point, const Line& line, double tol) {
     found.distance = length(found.foot - point);
     const int beside = dot(way, left_normal(line.direction)) <= 0.0 ? 1 : -1;
     found.side = found.distance <= tol ? 0 : beside;
+    return found;
+}
+
+LineFoot foot_on_line_segment(Vec2 point, Vec2 end_1, Vec2 end_2, double tol, bool bounded) {
+    const double span = length(end_2 - end_1);
+    if (span <= tol || span == 0.0) {
+        report.internal("The line segment is not defined; we have coincident points.");
+        return {end_1, 0.0, -1, length(point - end_1)};
+    }
+    const Vec2 along = (end_2 - end_1) * (1.0 / span);
+    LineFoot found = foot_on_line(point, {end_1, along}, tol);
+    if (bounded && (found.parm < 0.0 || found.parm > span)) {
+        found.foot = found.parm < 0.0 ? end_1 : end_2;
+        found.parm = std::clamp(found.parm, 0.0, span);
+        found.distance = length(point - found.foot);
+    }
     return found;
 }
 

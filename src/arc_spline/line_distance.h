@@ -16,4 +16,8 @@ struct LineFoot {
 /// The direction is a unit vector. A foot within the tolerance of the line's point is that point.
 LineFoot foot_on_line(Vec2 point, const Line& line, double tol);
 
+/// On the line through two ends, or between them when bounded. Ends within the tolerance are
+/// reported, and the foot is the first.
+LineFoot foot_on_line_segment(Vec2 point, Vec2 end_1, Vec2 end_2, double tol, bool bounded);
+
 }  // namespace ztmath

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <utility>
 
-#include "arc_spline/center_radius.h"
+#include "arc_spline/circle_relations.h"
 #include "arc_spline/point_circles.h"
 #include "arc_spline/point_queries.h"
 #include "ztmath/arc_spline_tangents.h"
@@ -50,7 +50,13 @@ PointTangents from_outside(const Segment& circle, Vec2 point, bool bounded, cons
     const ConstructedCircles<2> thales =
         circles_on_chord(center(circle), point, length(way) / 2.0, 1, tols[0]);
     if (thales.status != 0 || thales.count == 0) return failed(3);
-    const Leaning outwards = leaning(way, circle.radius);
+    // The two cross on their radical axis, the point first that lies back along it. The places are
+    // told by the distances: on the axis they lose digits when the point is far away.
+    constexpr int crossing = 2;
+    const RadicalAxis common = radical_axis(circle_of(circle), circle_of(thales.circles[0]));
+    if (common.relation != crossing) return failed(4);
+    Leaning outwards = leaning(way, circle.radius);
+    if (cross(way, common.axis.direction) > 0.0) std::swap(outwards.left, outwards.right);
     PointTangents found;
     found.points[0] = center(circle) + outwards.left * circle.radius;
     found.points[1] = center(circle) + outwards.right * circle.radius;

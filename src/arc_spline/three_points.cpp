@@ -54,6 +54,7 @@ int collinearity(V p1, V p2, V p3, const double tols[2]) {
     const V a = q.p1 - q.p2;
     const V b = q.p3 - q.p2;
     if (length(a) < tol || length(b) < tol) return 1;
+    // Kept as it stands: in space this makes all that lies in a plane of two axes collinear.
     if (are_short_in_some_coordinate(a, b, tol) && span > tol / std::tan(angle)) return 1;
     const V along = unitize(q.p3 - q.p1).unit;
     const double a_along = dot(a, along);

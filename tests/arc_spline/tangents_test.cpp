@@ -5,6 +5,7 @@
 
 #include <cmath>
 
+#include "support/plane.h"
 #include "support/random.h"
 #include "support/reports.h"
 
@@ -12,7 +13,6 @@ namespace {
 
 using namespace ztmath_test;
 using Segment = ARC_SPLINE_1_seg_2d_t;
-using Point = std::array<double, 2>;
 
 constexpr double tols[] = {1.0e-9, 1.0e-7};
 
@@ -41,7 +41,7 @@ Tangents tangents(Kind kind, const Segment* a, const Segment* b, int bounded = 0
         common(a, b, bounded, bounded, tols, &x.count, t, t + 1, x.parms[0], x.parms[1], &x.status);
         return x;
     }
-    Point points[2], end = {b->center[0], b->center[1]};
+    Pair points[2], end = {b->center[0], b->center[1]};
     ARC_SPLINE_ask_tangents_thru_a_point_2d(a, b->center, bounded, tols, &x.count, points[0].data(),
                                             points[1].data(), x.parms[0], x.flags, &x.status);
     for (int k = 0; k < 2; ++k)
@@ -49,22 +49,21 @@ Tangents tangents(Kind kind, const Segment* a, const Segment* b, int bounded = 0
     return x;
 }
 
-/// How far a point is to the left of the line through another along a direction.
-double left_of(const double* p, const double* along, const double* point) {
+/// How far a point is to the left of the line through another along a unit direction.
+double side_of(const double* p, const Pair& along, const double* point) {
     const long double x = point[0] - static_cast<long double>(p[0]);
     const long double y = point[1] - static_cast<long double>(p[1]);
-    return static_cast<double>((along[0] * y - along[1] * x) / hypotl(along[0], along[1]));
+    return static_cast<double>(along[0] * y - along[1] * x);
 }
 
 /// Expects the line to touch the circle at the parameter, `way` along; returns the centre's side.
 double expect_touching(const Segment& line, double way, const Segment& s, double parm) {
-    const double r = s.orientation * s.radius, angle = parm * 0.01745329251994328;
-    const double rounding = 6e-15 * (fabs(s.center[0]) + fabs(s.center[1]) + s.radius + way);
-    const double side = left_of(line.start_point, line.direction, s.center);
+    const Pair along = {line.direction[0], line.direction[1]}, center = {s.center[0], s.center[1]};
+    const double rounding = 6e-15 * (fabs(center[0]) + fabs(center[1]) + s.radius + way);
+    const double side = side_of(line.start_point, along, s.center);
     EXPECT_NEAR(std::fabs(side), s.radius, rounding);
-    for (int i = 0; i < 2; ++i)
-        EXPECT_NEAR(s.center[i] + r * (i == 0 ? std::sin(angle) : -std::cos(angle)),
-                    line.start_point[i] + way * line.direction[i], 10 * rounding);
+    expect_near(moved({line.start_point[0], line.start_point[1]}, way, along),
+                moved(center, s.orientation * s.radius, direction_at(parm - 90)), 10 * rounding);
     return side;
 }
 
@@ -82,19 +81,18 @@ TEST(Tangents, TouchWhatTheyMust) {
         const double difference = std::fabs(a.radius - r), sum = a.radius + r;
         // Anywhere, nearly touching from outside or inside, far away.
         const double near = (place == 2 ? sum : place == 3 ? difference : size) * (1 + small);
-        const double d = place == 4 ? 1e7 * size : near;
+        const double d = place == 4 ? (kind == from_point ? 1e7 : 1e2) * size : near;
         const Segment b = arc(a.center[0] + d * cos(way), a.center[1] + d * sin(way), r);
 
         SCOPED_TRACE(round);
         const double seen_inside = std::fmin(a.radius, r) * (d - difference) / difference;
-        const double margin = kind == from_point ? d - a.radius
-                              : kind == exterior ? seen_inside
-                                                 : d - sum;
+        const double margin = std::array{d - a.radius, seen_inside, d - sum}[kind];
         if (std::fabs(margin) < 1.1e-9 + 1e-15 * (size + d)) continue;
         const Tangents x = tangents(kind, &a, &b), bounded = tangents(kind, &a, &b, 1);
         ASSERT_EQ(x.count, margin > 0 ? 2 : 0);
+        ASSERT_EQ(x.status, 0);
         const double forward = kind == exterior && r > a.radius ? -1 : 1;
-        const double along[] = {forward * std::cos(way), forward * std::sin(way)};
+        const Pair along = {forward * std::cos(way), forward * std::sin(way)};
         int inside = 0;
         for (int k = 0; k < x.count; ++k) {
             const double side = expect_touching(x.lines[k], 0, a, x.parms[0][k]);
@@ -102,7 +100,7 @@ TEST(Tangents, TouchWhatTheyMust) {
                 const double length = x.lines[k].radius;
                 const double other = expect_touching(x.lines[k], length, b, x.parms[1][k]);
                 EXPECT_EQ((side > 0) == (other > 0), kind == exterior);
-                EXPECT_EQ(left_of(a.center, along, x.lines[k].start_point) > 0, k == 0);
+                EXPECT_EQ(side_of(a.center, along, x.lines[k].start_point) > 0, k == 0);
             }
             EXPECT_EQ(x.flags[k], -1);
             const bool touches_arc =
@@ -117,42 +115,44 @@ TEST(Tangents, TouchWhatTheyMust) {
 }
 
 TEST(Tangents, CountAndFail) {
-    const Segment big = arc(0, 0, 2), equal = arc(6, 0, 2), beside = arc(3, 0, 1);
-    const Segment touching = arc(1, 0, 1), on = arc(0, 2 + 0.9e-9, 1);
-    const Segment huge = arc(0, 0, 1000), near = arc(999 + 5e-8, 0, 1),
-                  lower = arc(0, 0, 2, 1, -90, 90);
-    const Segment left = arc(5, 0, 1, 1, 90, 270), right = arc(5, 0, 1, 1, -90, 90);
-    const Segment tiny = arc(0, 0, 2e-10), null = arc(0, 0, 5e-11), two_tols = arc(1.5e-9, 0, 1);
-    Segment straight = big, none = big;
-    straight.type = 0;
-    none.type = -1;
-    const double root = std::sqrt(3.84);
+    const Segment big = arc(0, 0, 2), small = arc(3, 0, 1), equal = arc(6, 0, 2);
+    const Segment tiny = arc(0, 0, 2e-10), null = arc(0, 0, 5e-11);
+    const Segment huge = arc(0, 0, 1000), near = arc(999 + 5e-8, 0, 1);
     const struct {
         Kind kind;
-        const Segment *a, *b;
-        int bounded, status, count;
+        Segment a, b;
+        int status, count;
         double y;  // of where the first touches
     } rows[] = {
-        {from_point, &big, &on, 0, 0, 1, 2},         {from_point, &lower, &on, 1, 0, 0, 2},
-        {from_point, &straight, &equal, 0, 0, 0, 0}, {from_point, nullptr, &big, 0, 1, 0, 0},
-        {from_point, &none, &equal, 0, 1, 0, 0},     {from_point, &null, &null, 0, 2, 0, 0},
-        {from_point, &tiny, &two_tols, 0, 3, 0, 0},  {from_point, &null, &equal, 0, 4, 0, 0},
-        {exterior, &big, &equal, 0, 0, 2, 2},        {exterior, &equal, &big, 0, 0, 2, -2},
-        {exterior, &big, &big, 0, 0, 0, 0},          {exterior, &big, &touching, 0, 4, 0, 0},
-        {exterior, &huge, &near, 0, 5, 0, 0},        {exterior, &near, &huge, 0, 4, 0, 0},
-        {exterior, &tiny, &big, 0, 1, 0, 0},         {exterior, &big, nullptr, 0, 2, 0, 0},
-        {interior, &big, &tiny, 0, 2, 0, 0},         {interior, &big, &beside, 0, 0, 1, 0},
-        {exterior, &big, &left, 1, 0, 1, root},      {exterior, &big, &right, 1, 0, 1, -root},
-        {interior, &big, &left, 1, 0, 1, -1.6},      {interior, &big, &right, 1, 0, 1, 1.6},
+        {from_point, big, arc(0, 2 + 0.9e-9, 1), 0, 1, 2},
+        {from_point, arc(0, 0, 2, 1, -90, 90), arc(0, 2, 1), 0, 0, 2},
+        {from_point, {}, equal, 0, 0, 0},
+        {from_point, null, null, 2, 0, 0},
+        {from_point, tiny, arc(1.5e-9, 0, 1), 3, 0, 0},
+        {from_point, null, equal, 4, 0, 0},
+        {from_point, arc(0, 0, 2, 0), equal, 0, 2, std::sqrt(32.0 / 9.0)},
+        {from_point, arc(0, 0, 2, 0), small, 0, 2, -std::sqrt(20.0 / 9.0)},
+        {exterior, big, equal, 0, 2, 2},
+        {exterior, equal, big, 0, 2, -2},
+        {exterior, big, arc(0.9e-9, 0, 2), 0, 0, 0},
+        {exterior, big, arc(1 - 0.4e-9, 0, 1), 4, 0, 0},
+        {exterior, huge, near, 5, 0, 0},
+        {exterior, near, huge, 4, 0, 0},
+        {exterior, tiny, big, 1, 0, 0},
+        {exterior, big, arc(5, 0, 1, 1, -90, 90), 0, 1, -std::sqrt(3.84)},
+        {interior, big, arc(5, 0, 1, 1, 90, 270), 0, 1, -1.6},
+        {interior, big, tiny, 2, 0, 0},
+        {interior, small, big, 0, 1, 0},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(&row - rows);
-        const Tangents x = tangents(row.kind, row.a, row.b, row.bounded);
+        const Tangents x = tangents(row.kind, &row.a, &row.b, 1);
         EXPECT_EQ(x.status, row.status);
         EXPECT_EQ(x.count, row.count);
         EXPECT_NEAR(x.lines[0].start_point[1], row.y, 1.0e-8);
+        EXPECT_EQ(tangents(row.kind, nullptr, &row.b).status, 1);
     }
-    const Segment touch = tangents(interior, &beside, &big).lines[0];
+    const Segment touch = tangents(interior, &small, &big).lines[0];
     EXPECT_EQ(touch.radius, 0);
     EXPECT_EQ(touch.direction[1], -1) << "the left of the way to the second";
 }
@@ -161,23 +161,22 @@ TEST(TangentAtOtherEnd, MakesTheSameAngleWithTheChord) {
     Random random;
     ReportRecorder recorder;
     int status;
-    double t[2];
-    const double origin[2] = {}, steep[] = {0, 3}, near[] = {0, 1e-9}, below[] = {0, -4};
+    const Pair origin = {};
+    const auto other_end = [&](const Pair& along, const Pair& end) {
+        Pair t;
+        ARC_SPLINE_compute_tangent_at_other_end_of_chord_2d(origin.data(), along.data(), end.data(),
+                                                            tols, t.data(), &status);
+        return t;
+    };
     for (int round = 0; round < rounds(1000); ++round) {
-        const Point end = random.vector<2>(), along = random.vector<2>();
-        ARC_SPLINE_compute_tangent_at_other_end_of_chord_2d(origin, along.data(), end.data(), tols,
-                                                            t, &status);
-        ASSERT_NEAR(left_of(origin, end.data(), t), -left_of(origin, end.data(), along.data()),
-                    1e-14);
-        ASSERT_NEAR(t[0] * end[0] + t[1] * end[1], along[0] * end[0] + along[1] * end[1], 1e-13);
+        const Pair end = random.vector<2>(), along = random.vector<2>();
+        const Pair t = other_end(along, end);
+        ASSERT_NEAR(dot(left_of(end), t), -dot(left_of(end), along), 1e-13);
+        ASSERT_NEAR(dot(end, t), dot(end, along), 1e-13);
     }
-    ARC_SPLINE_compute_tangent_at_other_end_of_chord_2d(origin, steep, below, tols, t, &status);
-    EXPECT_EQ(t[1], 3) << "the chord along it";
-    for (const auto& [along, end] : {std::pair(steep, near), std::pair(origin, below)}) {
-        ARC_SPLINE_compute_tangent_at_other_end_of_chord_2d(origin, along, end, tols, t, &status);
-        EXPECT_EQ(status, 1);
-        EXPECT_EQ(t[1], 0);
-    }
+    EXPECT_EQ(other_end({0, 3}, {0, -4}), (Pair{0, 3})) << "the chord along it";
+    for (const Pair& t : {other_end({0, 3}, {0, 1e-9}), other_end({0, 1e-11}, {0, -4})})
+        EXPECT_TRUE(t == origin && status == 1);
     const Report report =
         internal("arc_spline_apollonian_constructions",
                  "The call to ARC_SPLINE_cre_circle_thru_pt_and_tangent_to_line_at_pt_2d failed.");

@@ -34,6 +34,7 @@ struct Call {
     bool writes_shared = false;
 };
 
+std::vector<Call> arc_crossing_calls();
 std::vector<Call> arc_plane_calls();
 std::vector<Call> arc_spline_calls();
 std::vector<Call> arc_tangent_calls();

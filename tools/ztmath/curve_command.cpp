@@ -33,7 +33,7 @@ direction, the curve runs at the mean speed of the chords; 3 a direction, at the
 automatic slope; 4 and 5 a direction, at the speed that keeps near an arc. Type 0 is automatic.
 
 A periodic curve closes itself; the points may repeat the first one at the end. A least-squares
-curve keeps slopes at its ends only, as unit vectors.
+curve keeps slopes at its ends only, as unit vectors. Results do not depend on the unit of the points.
 
 Exit codes: 0 success; 1 no curve can be made, for the reason shown; 2 wrong usage; 3 a file
 cannot be read or is malformed; 4 the result cannot be written; 5 the library reported a

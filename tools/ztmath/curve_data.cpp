@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "library_call.h"
+#include "own_scale.h"
 
 namespace tool {
 
@@ -33,13 +34,12 @@ int open_count(const CurveOptions& options, const Points& points) {
     return closed ? last : last + 1;
 }
 
-Record open_record(const Points& points, int number) {
-    const std::size_t size = 3 * static_cast<std::size_t>(number);
-    Block block(static_cast<double*>(SM_alloc(sizeof(double) * size)));
-    for (int i = 0; i < number; ++i) {
-        const Vec3 p = space_point(points, i);
-        std::copy(p.begin(), p.end(), block.get() + 3 * static_cast<std::size_t>(i));
-    }
+Record open_record(const OwnScale& scale, std::size_t dimension, int number) {
+    const std::size_t n = static_cast<std::size_t>(number);
+    Block block(static_cast<double*>(SM_alloc(3 * n * sizeof(double))));
+    std::fill_n(block.get(), 3 * n, 0.0);
+    for (std::size_t i = 0; i < n; ++i)
+        std::copy_n(&scale.coordinates[dimension * i], dimension, block.get() + 3 * i);
     Record record(BCDF_create_df_from_pts(block.get(), number, 3, 0));
     block.release();
     return record;
@@ -59,35 +59,38 @@ void add_slopes(BCDF* record, int number, const CurveOptions& options, const Poi
     BCDF_update_slopes(record);
 }
 
-void make_fit(BCDF* record, const CurveOptions& options) {
+void make_fit(BCDF* record, const CurveOptions& options, const OwnScale& scale) {
     BCDF_convert_to_least_squares(record);
     if (options.segments != 0)
         BCDF_change_number_of_segments(record, options.segments);
     else
-        BCDF_change_tolerance(record, options.tolerance);
+        BCDF_change_tolerance(record, scale.to_scale(options.tolerance));
 }
 
-/// Places and curvatures: slopes play no part in them yet.
-std::vector<CurvePoint> bare_points(const BCDF* record, int number) {
-    std::vector<CurvePoint> points(static_cast<std::size_t>(number));
-    for (int i = 0; i < number; ++i) {
-        CurvePoint& p = points[static_cast<std::size_t>(i)];
-        BCDF_copy_single_3d_point(record, i, p.at.data());
-        BCDF_CALC_auto_curvature(record, i, p.curvature.data());
-    }
-    return points;
-}
-
-void complete(CurvePoint& p, const BCDF* record, int position) {
+CurvePoint point_of(const BCDF* record, int position, const OwnScale& scale) {
+    CurvePoint p{};
     int number = 0;
     int index = 0;
-    p.parameter = BCDF_return_param_array(record, &number)[position];
+    p.parameter = scale.from_scale(BCDF_return_param_array(record, &number)[position]);
     if (BCDF_slope_at_point(record, position, &index) != 0) {
         p.slope.emplace();
         BCDF_copy_single_3d_slope(record, index, p.slope->vector.data(), &p.slope->type);
     }
     const double* weights = BCDF_return_weight_array(record, &number);
-    if (weights != nullptr) p.weight = weights[position];
+    if (weights != nullptr) p.weight = scale.from_scale(weights[position]);
+    return p;
+}
+
+/// Without slopes in the record, so that they play no part.
+std::vector<Vec3> curvatures_of(const BCDF* record, int number, const OwnScale& scale) {
+    std::vector<Vec3> curvatures(static_cast<std::size_t>(number));
+    for (int i = 0; i < number; ++i) {
+        Vec3& curvature = curvatures[static_cast<std::size_t>(i)];
+        BCDF_CALC_auto_curvature(record, i, curvature.data());
+        for (double& x : curvature)
+            x = scale.to_scale(x);
+    }
+    return curvatures;
 }
 
 /// Points that are all one have increasing parameters, as validation wants them; distances tell.
@@ -104,7 +107,8 @@ std::optional<CoincidentPoints> coincident_points(const BCDF* record, const Poin
 }
 
 std::string too_few_points(const CurveOptions& options) {
-    if (options.periodic) return "too few points: a periodic curve needs 3";
+    if (options.periodic)
+        return "too few points: a periodic curve needs 2 besides the one that closes it";
     return "too few points: a fit of order " + std::to_string(options.order) + " needs " +
            std::to_string(options.order);
 }
@@ -145,21 +149,26 @@ std::string CurveData::validation(const CurveOptions& options) const {
 
 CurveData curve_data(const CurveOptions& options, const Points& points, const Points* slopes) {
     CurveData data{};
+    const int number = open_count(options, points);
+    const OwnScale scale(points.coordinates, static_cast<std::size_t>(points.dimension));
     call_library([&] {
-        const int number = open_count(options, points);
-        const Record record = open_record(points, number);
+        const Record record =
+            open_record(scale, static_cast<std::size_t>(points.dimension), number);
         if (options.periodic) BCDF_toggle_periodicity(record.get());
         BCDF_change_order(record.get(), options.order);
-        data.points = bare_points(record.get(), number);
+        const std::vector<Vec3> curvatures = curvatures_of(record.get(), number, scale);
         add_slopes(record.get(), number, options, slopes);
-        if (options.least_squares) make_fit(record.get(), options);
-        for (int i = 0; i < number; ++i)
-            complete(data.points[static_cast<std::size_t>(i)], record.get(), i);
+        if (options.least_squares) make_fit(record.get(), options, scale);
+        for (int i = 0; i < number; ++i) {
+            data.points.push_back(point_of(record.get(), i, scale));
+            data.points.back().at = space_point(points, i);
+            data.points.back().curvature = curvatures[static_cast<std::size_t>(i)];
+        }
         data.status = BCDF_check_defining_data(record.get());
         data.coincident = coincident_points(record.get(), points, number);
         data.constraints = BCDF_return_num_of_constraints(record.get());
         data.continuity = BCDF_ask_continuity(record.get());
-        data.length = BCDF_calc_df_polygon_length(record.get());
+        data.length = scale.from_scale(BCDF_calc_df_polygon_length(record.get()));
     });
     return data;
 }

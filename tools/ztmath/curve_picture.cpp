@@ -16,7 +16,7 @@ constexpr Range panel_heights{200.0, 700.0};
 // Parts of the larger extent.
 constexpr double longest_tooth = 0.1;
 constexpr double margin = 0.13;
-constexpr Range slope_lengths{0.03, 0.1};
+constexpr Range slope_lengths{0.006, 0.1};
 
 /// How long the longest slope is drawn within these limits, in mean distances of the points.
 constexpr double slope_reach = 0.6;
@@ -79,10 +79,31 @@ double limit_of(std::vector<double> curvatures) {
     return *high > 0.0 ? std::min(largest, times * *high) : largest;
 }
 
+/// How the teeth of the comb are drawn.
+struct Comb {
+    double limit = 0.0;  // the curvature at which they end
+    double scale = 0.0;  // how long a curvature of 1 is drawn
+    bool cut = false;    // whether some are larger
+
+    Comb() = default;
+    Comb(const std::vector<double>& curvatures, double extent) : limit(limit_of(curvatures)) {
+        cut = *std::max_element(curvatures.begin(), curvatures.end()) > limit;
+        if (limit * extent > straight) scale = longest_tooth * extent / limit;
+    }
+};
+
+/// How long a slope of length 1 is drawn among points that are so far apart.
+double slope_scale(const std::vector<double>& slopes, double extent, double spacing) {
+    const double reach =
+        std::clamp(slope_reach * spacing, slope_lengths.low * extent, slope_lengths.high * extent);
+    const double longest = *std::max_element(slopes.begin(), slopes.end());
+    return longest > no_slope ? reach / longest : 0.0;
+}
+
 class Drawing {
   public:
     Drawing(const CurveData& data, bool closed)
-        : view_(widest_view(data)), drawn_(evenly_chosen(data.points)) {
+        : view_(widest_view(data)), drawn_(evenly_chosen(data.points)), dots_(drawn_.size()) {
         const Range x = range_along(data, view_.across);
         const Range y = range_along(data, view_.up);
         const double extent = std::max(x.length(), y.length());
@@ -91,22 +112,11 @@ class Drawing {
         };
         panel_ = true_panel({picture_left, heading_height}, picture_right - picture_left,
                             panel_heights, with_margin(x), with_margin(y));
-        double longest_slope = 0.0;
-        std::vector<double> curvatures;
-        for (const CurvePoint& p : drawn_) {
-            curvatures.push_back(size_in(view_, p.curvature));
-            if (p.slope) longest_slope = std::max(longest_slope, size_in(view_, p.slope->vector));
-        }
-        const double spacing = data.length / static_cast<double>(data.points.size());
-        const double slope_length = std::clamp(slope_reach * spacing, slope_lengths.low * extent,
-                                               slope_lengths.high * extent);
-        curvature_limit_ = limit_of(curvatures);
-        cut_ = *std::max_element(curvatures.begin(), curvatures.end()) > curvature_limit_;
-        if (bends_ = curvature_limit_ * extent > straight; bends_)
-            tooth_ = longest_tooth * extent / curvature_limit_;
-        if (longest_slope > no_slope) slope_ = slope_length / longest_slope;
+        comb_ = Comb(sizes([](const CurvePoint& p) { return p.curvature; }), extent);
+        slope_ = slope_scale(
+            sizes([](const CurvePoint& p) { return p.slope ? p.slope->vector : Vec3{}; }), extent,
+            data.length / static_cast<double>(data.points.size()));
         if (closed) drawn_.push_back(drawn_.front());
-        dots_ = drawn_.size() - (closed ? 1 : 0);
     }
 
     const Panel& panel() const { return panel_; }
@@ -115,9 +125,9 @@ class Drawing {
     PanelLabels labels() const {
         const char* const names[] = {"x", "y", "z"};
         std::string note = "true proportion";
-        if (bends_)
-            note += "; longest teeth: curvature " + rounded(curvature_limit_, 3) +
-                    (cut_ ? " and more" : "");
+        if (comb_.scale > 0.0)
+            note += "; longest teeth: curvature " + rounded(comb_.limit, 3) +
+                    (comb_.cut ? " and more" : "");
         return {"Points, slopes and comb of curvatures", note, names[view_.across],
                 names[view_.up]};
     }
@@ -142,14 +152,22 @@ class Drawing {
     }
 
   private:
+    template <class VectorOf>
+    std::vector<double> sizes(VectorOf vector_of) const {
+        std::vector<double> found;
+        for (const CurvePoint& p : drawn_)
+            found.push_back(size_in(view_, vector_of(p)));
+        return found;
+    }
+
     Pixel pixel(const Vec2& p) const { return panel_.at(p[0], p[1]); }
     Pixel place(const CurvePoint& p) const { return pixel(view_.of(p.at)); }
 
     /// Teeth stand on the outer side, away from the centre of curvature.
     Pixel tip(const CurvePoint& p) const {
         const double size = size_in(view_, p.curvature);
-        const double part = size > curvature_limit_ ? curvature_limit_ / size : 1.0;
-        return pixel(along(view_.of(p.at), -part * tooth_, view_.of(p.curvature)));
+        const double part = size > comb_.limit ? comb_.limit / size : 1.0;
+        return pixel(along(view_.of(p.at), -part * comb_.scale, view_.of(p.curvature)));
     }
 
     void draw_chain(Svg& svg, Pixel (Drawing::*of)(const CurvePoint&) const,
@@ -177,11 +195,8 @@ class Drawing {
     std::vector<CurvePoint> drawn_;  // with the first one again where the curve closes
     std::size_t dots_;               // without it
     Panel panel_;
-    double curvature_limit_ = 0.0;
-    bool bends_ = false;
-    bool cut_ = false;    // teeth end at the limit
-    double tooth_ = 0.0;  // how long a curvature of 1 is drawn
-    double slope_ = 0.0;  // and a slope of length 1
+    Comb comb_;
+    double slope_ = 0.0;  // how long a slope of length 1 is drawn
 };
 
 std::string subtitle(const CurveOptions& options, const CurveData& data, std::size_t dots) {

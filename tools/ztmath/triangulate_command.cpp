@@ -3,7 +3,6 @@
 #include <ztmath/facet.h>
 #include <ztmath/ptf.h>
 
-#include <cmath>
 #include <memory>
 #include <nlohmann/json.hpp>
 
@@ -11,6 +10,7 @@
 #include "number.h"
 #include "outline.h"
 #include "output.h"
+#include "own_scale.h"
 #include "triangulation_picture.h"
 
 namespace tool {
@@ -48,22 +48,9 @@ Exit codes: 0 success; 1 the outline cannot be filled: it has too few points, me
 has no area; 2 wrong usage; 3 FILE cannot be read or is malformed; 4 the result cannot be
 written; 5 the library reported a failure, or memory ran out.)";
 
-/// The coordinates relative to the first vertex, times the power of two that makes the outline
-/// some hundred thousand wide: the library's thresholds are for lengths of that order.
-std::vector<double> scaled(const Outline& outline) {
-    std::vector<double> coordinates = outline.coordinates;
-    double extent = 0.0;
-    for (std::size_t i = 0; i < coordinates.size(); ++i)
-        extent = std::fmax(extent, std::fabs(coordinates[i] - coordinates[i % 2]));
-    const int exponent = extent > 0.0 ? 17 - std::ilogb(extent) : 0;
-    for (double& x : coordinates)
-        x = std::ldexp(x, exponent);
-    return coordinates;
-}
-
 /// The fill's triangles; none if it fails.
 TriangleList filled(const Outline& outline) {
-    const std::vector<double> coordinates = scaled(outline);
+    const std::vector<double> coordinates = OwnScale(outline.coordinates, 2).coordinates;
     int count = 0;
     PTF_triangle_t* triangles = nullptr;
     call_library([&] {

@@ -1,0 +1,259 @@
+// Three points, equations in one unknown, intervals, rays and inscribed angles.
+#include <algorithm>
+
+#include "support/segments.h"
+#include "support/vectors.h"
+#include "ztmath/arc_spline_primitives.h"
+
+namespace {
+
+using namespace ztmath_test;
+
+Pair minus(const Pair& a, const Pair& b) {
+    return moved(a, -1, b);
+}
+
+TEST(ArcSplinePredicates, ThreePoints) {
+    const double wide[] = {1e-3, 5};
+    Random random;
+    for (int i = 0; i < rounds(200); ++i) {
+        const Pair a = random.vector<2>(), b = random.vector<2>(), c = random.vector<2>();
+        Pair p = a, q = b, r = c;
+        Vector u{a[0], a[1], 0}, v{b[0], b[1], 0}, w{c[0], c[1], 0};
+        int status = 9, in_space = 9, side = 9;
+        ARC_SPLINE_re_order_3pts_2d(1e-9, p.data(), q.data(), r.data(), &status);
+        ARC_SPLINE_re_order_3pts_3d(1e-9, u.data(), v.data(), w.data(), &in_space);
+        const std::array<Pair, 3> orders[] = {{a, b, c}, {b, c, a}, {c, a, b}};
+        EXPECT_EQ((std::array{p, q, r}), orders[status]);
+        EXPECT_TRUE(in_space == status && v[0] == q[0]);
+        const double longer = std::fmax(distance(p, q), distance(q, r)), span = distance(p, r);
+        EXPECT_GE(span, longer);
+        const double sine = dot(left_of(minus(r, p)), minus(q, p)) / (longer * span);
+        const int answer = std::fabs(sine) < direction_at(5)[1] ? 1 : 0;
+        EXPECT_EQ(ARC_SPLINE_ask_3pts_collinearity_2d(a.data(), b.data(), c.data(), wide, 2, &side),
+                  answer);
+        EXPECT_EQ(side, answer == 1 ? -1 : dot(left_of(minus(b, a)), minus(c, b)) > 0 ? 0 : 1);
+    }
+    // The side 1-2 the longest, 2-3, both, all of them; two points that coincide.
+    const double orders[][3] = {
+        {2, 0, 1}, {-1, 0, 2}, {0.5, 2, 1}, {0.5, std::sqrt(0.75), 0}, {0, 5e-10, -1}};
+    for (const auto& [x, y, expected] : orders) {
+        Pair p{0, 0}, q{x, y}, r{1, 0};
+        int status = 9;
+        ARC_SPLINE_re_order_3pts_2d(1e-9, p.data(), q.data(), r.data(), &status);
+        EXPECT_EQ(status, expected) << x;
+    }
+}
+
+// Wider than 0.1 / tan(1 degree) and within 0.1 of a line along an axis: collinear. In space all
+// that is within 0.1 of a plane across an axis.
+TEST(ArcSplinePredicates, CollinearWithinTheDistance) {
+    const double tols[] = {0.1, 1};
+    const double cases[][4] = {
+        {3, 0.09, 7, 1}, {2, 0.09, 5, 0}, {3, 0.11, 7, 0}, {0, 3, 0.05, 2}, {0.02, 0.09, 2, 1}};
+    for (const auto& [x2, y2, x3, answer] : cases) {
+        const Vector p1{0, 0, 5}, p2{x2, y2, 5}, p3{x3, 0, 5};
+        int side = 9;
+        EXPECT_EQ(
+            ARC_SPLINE_ask_3pts_collinearity_2d(p1.data(), p2.data(), p3.data(), tols, 1, &side),
+            answer);
+        EXPECT_EQ(side, -1);
+        EXPECT_EQ(
+            ARC_SPLINE_ask_3pts_collinearity_3d(p1.data(), p2.data(), p3.data(), tols, 2, &side),
+            x3 == 7 ? 1 : answer);
+        EXPECT_EQ(side, -1);
+    }
+}
+
+TEST(ArcSplinePredicates, Quadratics) {
+    Pair roots{};
+    const auto solve = [&](double k2, double k1, double k0, int normalise) {
+        int status = 9;
+        roots = {9, 9};
+        ARC_SPLINE_solve_quadratic_eqt(k2, k1, k0, normalise, roots.data(), &status);
+        return status;
+    };
+    Random random;
+    for (int i = 0; i < rounds(200); ++i) {
+        const double k2 = random.normal(), k1 = 3 * random.normal(), k0 = random.normal();
+        const long double d = static_cast<long double>(k1) * k1 - 4.0L * k2 * k0;
+        const long double half = k1 / (-2.0L * k2), way = std::sqrt(std::fabs(d)) / (2.0L * k2);
+        const long double far = half + (k1 >= 0 ? -way : way);
+        const auto slack = static_cast<double>(1e-13 * (1 + k1 * k1 / std::fabs(d)));
+        EXPECT_EQ(solve(k2, k1, k0, i % 2), d < 0 ? -2 : 2);
+        EXPECT_NEAR(static_cast<double>(roots[0] / (d < 0 ? half : far)), 1, slack);
+        EXPECT_NEAR(static_cast<double>(roots[1] / (d < 0 ? way : k0 / (k2 * far))), 1, slack);
+    }
+    const double cases[][7] = {{0, 0, 0, 0, -3, 9, 9},         {0, 0, 1, 0, 0, 9, 9},
+                               {0.9e-12, 2, -4, 0, 1, 2, 2},   {-1, 0, -1, 0, -2, 0, -1},
+                               {1, 0, 2e-25, 0, 2, 0, 0},      {1e-11, 0, -1e-11, 0, 2, -1, 1},
+                               {4, -8, 4, 0, 2, 1, 1},         {1e-11, 0, -1e-11, 1, 2, -1, 1},
+                               {1e-13, 0, -1e-13, 1, -3, 9, 9}};
+    for (const auto& [k2, k1, k0, normalise, found, x1, x2] : cases) {
+        EXPECT_EQ(solve(k2, k1, k0, static_cast<int>(normalise)), found);
+        expect_near(roots, {x1, x2}, 1e-14);
+    }
+}
+
+TEST(ArcSplinePredicates, SinesAndCosines) {
+    Pair x{}, s{};
+    const auto solve = [&](double p, double q, double r, char unit, int mode, double margin) {
+        int count = 9;
+        ARC_SPLINE_trig_eqt_linear_sin_cos(p, q, r, unit, mode, margin, &count, x.data(), s.data());
+        return count;
+    };
+    Random random;
+    for (int i = 0; i < rounds(200); ++i) {
+        const double p = random.normal(), q = random.normal(), r = random.normal();
+        const int count = solve(p, q, r, 'r', i % 2, 0);
+        EXPECT_TRUE(i % 2 == 1 || count == (std::hypot(p, q) > std::fabs(r) ? 2 : 0));
+        for (int k = 0; k < count; ++k) {
+            EXPECT_NEAR(p * std::sin(x[k]) + q * std::cos(x[k]) + r, 0, 1e-12);
+            EXPECT_NEAR(std::atan(s[k]), x[k] / 2 - (s[k] < 0 ? std::numbers::pi : 0), 1e-14);
+            EXPECT_TRUE(x[k] >= 0 && x[k] < (i % 2 == 1 ? 1.6 : 6.3));
+        }
+        EXPECT_TRUE(count < 2 || x[0] <= x[1]);
+    }
+    // The half turn is never found: cos x = -1, and sin x + cos x = -1.
+    const double cases[][8] = {{0, 1, 1, 0, 0, 0, 0, 0},        {1, 1, 1, 0, 0, 1, 270, 0},
+                               {0, 0, 0, 0, 0, -3, 0, 0},       {1, 0, -0.5, 0, 0, 2, 30, 150},
+                               {1, 0, -0.5, 1, 89, 1, 30, 0},   {1, 0, -0.5, 10, 59, 1, 30, 0},
+                               {1, 0, -0.5, 10, 61, 0, 0, 0},   {1, 0, 0.5, 0, 0, 2, 210, 330},
+                               {1, 0, 0.5, 7, 0, 2, -150, -30}, {1, 0, 0.5, -11, 59, 1, -30, 0},
+                               {1, 0, 0.5, -11, 61, 0, 0, 0},   {1, 0, 0.5, 10, 0, 0, 0, 0}};
+    for (const auto& [p, q, r, mode, margin, count, x1, x2] : cases) {
+        x = {};
+        EXPECT_EQ(solve(p, q, r, 'd', static_cast<int>(mode), margin), count) << mode;
+        expect_near(x, {x1, x2}, 1e-12);
+    }
+    EXPECT_EQ(solve(1, 0, -0.5, 'r', 10, 1.1), 0);  // a margin in radians
+}
+
+TEST(ArcSplinePredicates, Intervals) {
+    const double pairs[][4] = {{1, 2, 0, 1},      {2, 1, 0, 0},      {1, 1, 0, 1},
+                               {350, 10, 360, 1}, {10, 350, 360, 0}, {10, 190, 360, 0},
+                               {10, 189, 360, 1}};
+    for (const auto& [a, b, period, answer] : pairs)
+        EXPECT_EQ(ARC_SPLINE_ask_is_pair_in_order(a, b, period), answer) << a << ' ' << b;
+    const double cases[][5] = {
+        {1, 0, 2, 0, 1},  {5e-11, 0, 2, 0, 1}, {-5e-11, 0, 2, 0, 11}, {2, 0, 2, 0, 12},
+        {3, 0, 2, 0, 0},  {1, 2, 0, 0, 0},     {1, 0, 2, 9, 1},       {7, 6, 2, 9, 1},
+        {0, 6, 2, 9, 1},  {9, 6, 2, 9, 1},     {1, 6, 2, 9, 1},       {2, 6, 2, 9, 12},
+        {6, 6, 2, 9, 11}, {3, 6, 2, 9, 0},     {-1, 6, 2, 9, 0},      {10, 6, 2, 9, 0}};
+    for (const auto& [t, a, b, period, answer] : cases)
+        EXPECT_EQ(ARC_SPLINE_ask_is_parm_in_interval(t, a, b, period), answer) << t << ' ' << a;
+    EXPECT_EQ(ARC_SPLINE_ask_sign_of_var(-1e-10, 1e-10), 0);
+    EXPECT_EQ(ARC_SPLINE_ask_sign_of_var(-2e-10, 1e-10), -1);
+    EXPECT_EQ(ARC_SPLINE_ask_sign_of_var(2e-10, 1e-10), 1);
+}
+
+/// All that is asked of two rays.
+struct Rays {
+    Rays(const Pair& p1, Pair d1, const Pair& p2, Pair d2) {
+        const double tols[] = {1e-9, 1e-7};
+        int status = 9;
+        ARC_SPLINE_ask_isosceles_to_pt_2d(p1.data(), d1.data(), p2.data(), d2.data(), 0, tols,
+                                          apex.data(), parms.data(), iso_1.data(), iso_2.data(),
+                                          sides, &status);
+        alike = ARC_SPLINE_ask_are_two_rays_homodromic_2d(
+            p1.data(), d1.data(), p2.data(), d2.data(), 1, 1, tols, parms.data(), &status);
+        ARC_SPLINE_ask_bisector_of_angle_2d(p1.data(), d1.data(), p2.data(), d2.data(), 1, tols,
+                                            middle.data(), first.data(), &status);
+        ARC_SPLINE_ask_bisector_of_angle_2d(p1.data(), d1.data(), p2.data(), d2.data(), 1, tols,
+                                            middle.data(), bisector.data(), nullptr);
+        ARC_SPLINE_ask_convexities_of_tri_arc_2d(p1.data(), d1.data(), p2.data(), d2.data(), 1,
+                                                 tols, turns, &longer, &status);
+    }
+    Pair apex{}, parms{}, iso_1{}, iso_2{}, middle{}, first{}, bisector{};
+    int sides[2], alike, turns[2];
+    char longer;
+};
+
+TEST(ArcSplinePredicates, Rays) {
+    const auto sign = [](double x) { return x > 0 ? 1 : -1; };
+    Random random;
+    for (int i = 0; i < rounds(200); ++i) {
+        const Pair x = random.vector<2>();
+        const double from = random.uniform(0, 360), angle = random.uniform(-170, 170);
+        const Pair d1 = direction_at(from), d2 = direction_at(from + angle);
+        const double t1 = random.normal(), t2 = random.normal(), s = std::sin(angle / 57.3);
+        if (std::fabs(s) < 1e-2) continue;
+        const Rays on(moved(x, -t1, d1), moved({}, 3, d1), moved(x, -t2, d2), d2);
+        expect_near(on.apex, x, 1e-11);
+        expect_near(on.parms, {t1, t2}, 1e-11);
+        expect_near(on.iso_1, moved(x, -sign(t1) * std::fabs(t2), d1), 1e-11);
+        expect_near(on.iso_2, moved(x, -sign(t2) * std::fabs(t1), d2), 1e-11);
+        expect_near(on.middle, moved(moved({}, 0.5, on.iso_1), 0.5, on.iso_2), 1e-12);
+        expect_near(on.first, d1, 1e-14);  // who asks for the status gets no bisector
+        expect_near(moved(x, distance(x, on.middle), on.bisector), on.middle, 1e-11);
+        EXPECT_EQ(on.alike, t1 * t2 > 0 ? 1 : 0);
+        EXPECT_EQ(on.turns[0], sign(-t2 * s));
+        EXPECT_EQ(on.turns[1], sign(t1 * s));
+        EXPECT_TRUE(on.sides[0] == -on.turns[1] && on.sides[1] == -on.turns[0]);
+        EXPECT_EQ(on.longer, std::fabs(t1) > std::fabs(t2) ? 'l' : 'r');
+    }
+    const Pair o{0, 0}, right{1, 0}, up{0, 1};
+    const struct {
+        Pair p2, d2;
+        int alike, turn_1, turn_2;
+        char longer;
+        Pair iso_1, bisector;
+    } cases[] = {{{3, 2}, {-2, 0}, 0, 1, 1, 'n', {3, 0}, right},  // parallel
+                 {{3, 2}, {2, 0}, 1, 1, -1, 'n', {3, 0}, right},
+                 {{3, 0}, {2, 0}, 1, 0, 0, 'n', {3, 0}, right},  // one line
+                 {{2, 0}, up, 1, -1, 1, 'l', {2, 0}, {std::sqrt(0.5), std::sqrt(0.5)}},
+                 {{2, -2}, up, 1, -1, 1, 'e', {0, 0}, {-std::sqrt(0.5), -std::sqrt(0.5)}},
+                 {{0, 0}, up, -1, -2, -2, 'e', {0, 0}, {std::sqrt(0.5), std::sqrt(0.5)}}};
+    for (const auto& at : cases) {
+        const Rays on(o, right, at.p2, at.d2);
+        EXPECT_EQ(on.alike, at.alike);
+        EXPECT_EQ(on.turns[0], at.turn_1) << at.p2[0] << ' ' << at.p2[1];
+        EXPECT_EQ(on.turns[1], at.turn_2);
+        EXPECT_EQ(on.longer, at.longer);
+        expect_near(on.iso_1, at.iso_1, 1e-15);
+        expect_near(on.bisector, at.bisector, 1e-15);
+    }
+}
+
+TEST(ArcSplinePredicates, InscribedAngles) {
+    Random random;
+    for (int i = 0; i < rounds(200); ++i) {
+        const Vector normal = random_unit(random), v1 = random.vector(), v2 = random.vector();
+        const Vector a = unit_of(moved(v1, -dot(v1, normal), normal));
+        const Vector b = unit_of(moved(v2, -dot(v2, normal), normal));
+        const double turn =
+            std::atan2(dot(cross(a, b), normal), dot(a, b)) * 180 / std::numbers::pi;
+        double angle = 0, inscribed = 0, again = 0;
+        Vector bisector{};
+        int type = 9, status = 9;
+        ARC_SPLINE_ask_inscribed_angle_and_type(v1.data(), v2.data(), normal.data(), 1, 1, &angle,
+                                                &inscribed, &type);
+        EXPECT_NEAR(angle, turn < 0 ? turn + 360 : turn, 1e-9);
+        EXPECT_NEAR(inscribed, 180 - turn, 1e-9);
+        EXPECT_EQ(type, turn > 0 ? 1 : 0);
+        const Vector p2 = moved(normal, 1, v1), p3 = moved(p2, 1, v2), up = scaled(normal, 4);
+        ARC_SPLINE_ask_bisector_of_polygon_angle(normal.data(), p2.data(), p3.data(), up.data(), 1,
+                                                 bisector.data(), &again, &type, &status);
+        EXPECT_NEAR(again, inscribed, 1e-9);
+        EXPECT_NEAR(dot(bisector, b), -dot(bisector, a), 1e-11);  // as far from either edge
+        EXPECT_GE(dot(bisector, cross(normal, b)), 0);            // to the left
+        EXPECT_NEAR(length(bisector), 1, 1e-12);
+    }
+    // No more of the tolerance than 0.001 degrees counts.
+    const double cases[][3] = {{0.0008, 1, -1}, {0.002, 1, 1}, {-0.002, 1, 0}, {0.0008, 1e-4, 1}};
+    for (const auto& [turn, tol, expected] : cases) {
+        const Pair d = direction_at(turn);
+        const Vector o{0, 0, 0}, p2{1, 0, 0}, p3{1 + d[0], d[1], 0};
+        Vector bisector{9, 9, 9};
+        double inscribed = 0;
+        int type = 9, status = 9;
+        ARC_SPLINE_ask_bisector_of_polygon_angle(o.data(), p2.data(), p3.data(), nullptr, tol,
+                                                 bisector.data(), &inscribed, &type, &status);
+        EXPECT_EQ(type, expected) << turn;
+        ARC_SPLINE_ask_bisector_of_polygon_angle(o.data(), p2.data(), p2.data(), nullptr, tol,
+                                                 bisector.data(), &inscribed, &type, &status);
+        EXPECT_TRUE(type == -2 && status == 1 && bisector == o);
+    }
+}
+
+}  // namespace

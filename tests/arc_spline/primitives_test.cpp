@@ -1,0 +1,225 @@
+// Planar primitives: angles, circles, lines, three points, equations, intervals, rays.
+#include "ztmath/arc_spline_primitives.h"
+
+#include <algorithm>
+
+#include "support/reports.h"
+#include "support/segments.h"
+#include "support/vectors.h"
+
+namespace {
+
+using namespace ztmath_test;
+
+constexpr double tols[] = {1e-9, 1e-7};
+constexpr long double degrees = 180 / std::numbers::pi_v<long double>;
+
+Pair minus(const Pair& a, const Pair& b) {
+    return moved(a, -1, b);
+}
+
+/// Counter-clockwise from a to b, in [0, 360).
+double turn(const Pair& a, const Pair& b) {
+    const long double y = dot(left_of(a), b), x = dot(a, b), angle = std::atan2(y, x) * degrees;
+    return static_cast<double>(angle < 0 ? angle + 360 : angle);
+}
+
+struct Foot {
+    double distance, parm = 9;
+    Pair foot{};
+    int side = 9;
+};
+
+Foot foot_on_line(const Pair& p, const Pair& a, const Pair& d, double tol) {
+    Foot f;
+    f.distance = ARC_SPLINE_ask_dist_pt_to_line_2d(p.data(), a.data(), d.data(), tol, f.foot.data(),
+                                                   &f.parm, &f.side);
+    return f;
+}
+
+Foot foot_between(const Pair& p, const Pair& a, const Pair& b, int bounded) {
+    Foot f;
+    f.distance = ARC_SPLINE_ask_dist_pt_to_line_seg_2d(p.data(), a.data(), b.data(), tols[0],
+                                                       bounded, f.foot.data(), &f.parm, &f.side);
+    return f;
+}
+
+TEST(ArcSplinePrimitives, Angles) {
+    Random random;
+    int sense = 0, status = 9;
+    const auto interior = [&](const Pair& a, const Pair& b, const Pair& c, double tol, int which) {
+        return ARC_SPLINE_ask_interior_angle_of_triangle_2d(a.data(), b.data(), c.data(), &tol,
+                                                            which, &status);
+    };
+    for (int i = 0; i < rounds(200); ++i) {
+        const Pair a = random.vector<2>(), b = random.vector<2>(), c = random.vector<2>();
+        const double angle = turn(a, b), r = random.uniform(1, 9), half = random.uniform(0.1, 89);
+        Pair out{};
+        EXPECT_NEAR(ARC_SPLINE_ask_angle_between_vectors_2d(a.data(), b.data(), 0), angle, 1e-11);
+        EXPECT_NEAR(ARC_SPLINE_ask_central_angle_between_tangents_2d(a.data(), b.data(), &sense),
+                    std::fmin(angle, 360 - angle), 1e-11);
+        EXPECT_EQ(sense, angle <= 180 ? 1 : -1);
+        EXPECT_EQ(ARC_SPLINE_ask_tan_2d_from_inclination_angle(out.data(), angle), out.data());
+        EXPECT_NEAR(ARC_SPLINE_ask_inclination_angle_from_tan_2d(out.data()), angle, 1e-11);
+        const double at_b = turn(minus(c, b), minus(a, b));
+        EXPECT_NEAR(interior(a, b, c, 1e-9, 2), std::fmin(at_b, 360 - at_b), 1e-8);
+        EXPECT_EQ(interior(a, b, c, 1e-9, 2), interior(b, a, c, 1e-9, 1));
+        EXPECT_NEAR(interior(a, b, c, 1e-9, 2), interior(a, c, b, 1e-9, 3), 1e-11);
+        const double chord = 2 * r * direction_at(half)[1];
+        EXPECT_NEAR(ARC_SPLINE_ask_min_central_angle(r, chord), 2 * half, 1e-9);
+    }
+    EXPECT_NEAR(ARC_SPLINE_ask_min_central_angle(1, 2.5), 180, 1e-12);
+    // The vertex 0.57 degrees off the line: the length bounds degrees.
+    for (const auto& [tol, angle, found] :
+         {std::array{0.5, 179.427, 0.0}, {0.6, 180, 0}, {2, 0, 1}})
+        for (const double y : {0.01, -0.01}) {
+            EXPECT_NEAR(interior({-1, 0}, {0, 0}, {1, y}, tol, 2), angle, 1e-3);
+            EXPECT_EQ(status, found);
+        }
+    ReportRecorder recorder;
+    interior({-1, 0}, {0, 0}, {1, 1}, 1e-9, 4);
+    ARC_SPLINE_ask_min_central_angle(0.9e-10, 1);
+    const Reports expected{internal(arc_module, "Unrecognizable input value for which_angle."),
+                           internal(arc_module, "The radius is zero.")};
+    EXPECT_EQ(recorder.take(), expected);
+}
+
+TEST(ArcSplinePrimitives, PointsAndCirclesAgainstCircles) {
+    const Segment circle = made_circle({0, 0}, 4), line = made_straight({0, 0}, {1, 0});
+    // The power of the second and third is above 1 and below 2.
+    for (const auto& [y, place] : {std::array{4.25, 1.0}, {4.2, 0}, {3.8, 0}, {3.7, -1}}) {
+        const Pair p{0, y};
+        EXPECT_EQ(ARC_SPLINE_ask_where_is_pt_wrt_circle_2d(p.data(), &circle, 1), place);
+        EXPECT_EQ(ARC_SPLINE_ask_where_is_pt_wrt_circle_2d(p.data(), &line, 1), -1);
+        EXPECT_NEAR(
+            ARC_SPLINE_ask_power_of_a_point_3d(Vector{0, 1, y}.data(), Vector{0, 1, 0}.data(), 4),
+            y * y - 16, 1e-14);
+    }
+    const double cases[][4] = {
+        {2, 1, 3.125, 0}, {2, 1, 2.875, 0},  {2, 1, 3.25, 1}, {2, 2, 0.125, -6}, {2, 2, 1, -1},
+        {3, 1, 2, -2},    {3, 1, 1.875, -2}, {3, 1, 2.5, -4}, {3, 1, 1, -1},     {1.125, 1, 0, -6}};
+    for (const auto& [r1, r2, d, code] : cases) {
+        const Segment c1 = made_circle({1, 1}, r1), c2 = made_circle({1 - d, 1}, r2);
+        const bool mirrored = code == -2 || code == -4;
+        EXPECT_EQ(ARC_SPLINE_ask_where_is_circle_wrt_circle_2d(&c1, &c2, 0.125), code);
+        EXPECT_EQ(ARC_SPLINE_ask_where_is_circle_wrt_circle_2d(&c2, &c1, 0.125), code - mirrored);
+    }
+    EXPECT_EQ(ARC_SPLINE_ask_where_is_circle_wrt_circle_2d(nullptr, &circle, 1), 1);
+}
+
+TEST(ArcSplinePrimitives, RadicalAxesHaveEqualPowers) {
+    Random random;
+    Pair pt{}, dir{};
+    int relation = 9, status = 9;
+    const auto ask = [&](const Segment* c1, const Segment* c2) {
+        ARC_SPLINE_ask_radical_axis_of_2_circles_2d(c1, c2, pt.data(), dir.data(), &relation,
+                                                    &status);
+        return 10 * relation + status;
+    };
+    for (int i = 0; i < rounds(200); ++i) {
+        const double r1 = random.uniform(0.1, 3), r2 = i % 4 == 0 ? r1 : random.uniform(0.1, 3);
+        const Segment c1 = made_circle(random.vector<2>(), r1);
+        const Segment c2 = made_circle(random.vector<2>(), r2);
+        const Pair way = minus(center_of(c2), center_of(c1));
+        EXPECT_EQ(ask(&c1, &c2), distance({}, way) <= r1 + r2 ? 20 : 0);  // nested ones, too
+        EXPECT_NEAR(dot(left_of(way), dir), (r1 < r2 ? -1 : 1) * distance({}, way), 1e-12);
+        EXPECT_NEAR(dot(left_of(way), minus(pt, center_of(c1))), 0, 1e-11);
+        for (const double s : {0.0, 5.0}) {
+            const Pair p = moved(pt, s, dir);
+            EXPECT_NEAR(ARC_SPLINE_ask_power_of_a_point_2d(p.data(), &c1),
+                        ARC_SPLINE_ask_power_of_a_point_2d(p.data(), &c2), 1e-9);
+        }
+    }
+    const Segment c = made_circle({0, 0}, 2), line = made_straight({0, 0}, {1, 0});
+    const Segment equal = made_circle({4, 0}, 2), larger = made_circle({0, 5}, 3);
+    EXPECT_EQ(ask(&c, &equal), 10);   // equal ones that touch
+    EXPECT_EQ(ask(&c, &larger), 20);  // others that touch
+    pt = {9, 9};
+    EXPECT_EQ(ask(&c, &c), 30);
+    EXPECT_EQ(ask(&line, &c), 21);
+    EXPECT_EQ(ask(&c, nullptr), 22);
+    EXPECT_EQ(pt, (Pair{9, 9}));
+}
+
+TEST(ArcSplinePrimitives, FeetAndMirrorImages) {
+    Random random;
+    for (int i = 0; i < rounds(200); ++i) {
+        const Pair p = random.vector<2>(), a = random.vector<2>();
+        const Pair d = direction_at(random.uniform(0, 360)), b = moved(a, 1.5, d);
+        const double aside = dot(left_of(d), minus(p, a)), ahead = dot(d, minus(p, a));
+        const double kept = std::clamp(ahead, 0.0, 1.5);
+        const Foot free = foot_on_line(p, a, d, 1e-9), same = foot_between(p, a, b, 0);
+        EXPECT_NEAR(free.distance, std::fabs(aside), 1e-14);
+        EXPECT_NEAR(same.distance, std::fabs(aside), 1e-14);
+        EXPECT_EQ(free.side, aside > 0 ? -1 : 1);
+        EXPECT_NEAR(free.parm, ahead, 1e-14);
+        expect_near(free.foot, moved(a, ahead, d), 1e-14);
+        const Foot bounded = foot_between(p, a, b, 1);
+        EXPECT_NEAR(bounded.distance, std::hypot(aside, ahead - kept), 1e-14);
+        expect_near(bounded.foot, moved(a, bounded.parm, d), 1e-14);
+        Pair mirror{};
+        int side = 9;
+        ARC_SPLINE_mirror_point_wrt_line_2d(p.data(), a.data(), d.data(), 1e-9, mirror.data(),
+                                            &side);
+        expect_near(mirror, moved(p, -2 * aside, left_of(d)), 1e-14);
+    }
+    // The tolerance 0.5: a foot this near the line's point is that point.
+    const double cases[][5] = {{0.375, 2, 0, std::hypot(0.375, 2), -1},
+                               {0.375, 0.25, 0, 0.45, 0},
+                               {2, 0.5, 2, 0.5, 0},
+                               {2, -0.625, 2, 0.625, 1}};
+    for (const auto& [x, y, parm, far, side] : cases) {
+        const Foot f = foot_on_line({x, y}, {0, 0}, {1, 0}, 0.5);
+        EXPECT_EQ(f.parm, parm);
+        EXPECT_NEAR(f.distance, far, 1e-3);
+        EXPECT_EQ(f.side, side);
+    }
+    ReportRecorder recorder;
+    EXPECT_EQ(foot_between({3, 4}, {0, 0}, {0, 1e-10}, 1).distance, 5);
+    EXPECT_EQ(recorder.take(), (Reports{internal(arc_module,
+                                                 "The line segment is not defined; we "
+                                                 "have coincident points.")}));
+}
+
+TEST(ArcSplinePrimitives, LinesMeet) {
+    const double wide[] = {1e-6, 1};  // one degree
+    Pair d1{}, d2{}, pt{}, parms{};
+    double cosine = 9;
+    const auto status = [&](const Pair& p1, const Pair& p2) {
+        int found = 9;
+        pt = parms = {9, 9};
+        ARC_SPLINE_inter_line_line_2d(wide, p1.data(), p2.data(), 0, d1.data(), d2.data(),
+                                      pt.data(), parms.data(), &cosine, &found);
+        return found;
+    };
+    Random random;
+    for (int i = 0; i < rounds(200); ++i) {
+        const Pair p1 = random.vector<2>(), p2 = random.vector<2>();
+        const double angle = random.uniform(1.5, 178.5), from = random.uniform(0, 360);
+        d1 = moved({}, 0.25, direction_at(from));
+        d2 = moved({}, 3, direction_at(from + angle));
+        EXPECT_EQ(status(p1, p2), 0);
+        expect_near(d1, direction_at(from), 1e-15);
+        expect_near(d2, direction_at(from + angle), 1e-15);
+        EXPECT_NEAR(cosine, direction_at(angle)[0], 1e-14);
+        expect_near(pt, moved(p1, parms[0], d1), 1e-12);
+        expect_near(pt, moved(p2, parms[1], d2), 1e-12);
+    }
+    d1 = {1, 0}, d2 = {-2, 0};
+    EXPECT_EQ(status({0, 0}, {5, 0.02}), 2);  // the way, too, is within the angle
+    EXPECT_EQ(status({0, 0}, {0, 1}), 1);
+    EXPECT_EQ(pt, (Pair{9, 9}));
+    EXPECT_EQ(status({0, 0}, {0, 5e-7}), 2);
+    EXPECT_EQ(pt, (Pair{0, 2.5e-7}));
+    d2 = {0, 1};
+    EXPECT_EQ(status({0, 0}, {0, 5e-7}), 0);
+    EXPECT_EQ(pt, (Pair{0, 2.5e-7}));
+    EXPECT_EQ(parms, (Pair{9, 9}));
+    d2 = direction_at(0.9);
+    EXPECT_EQ(status({0, 0}, {0, 1}), 1);
+    d2 = {0, 1e-9};
+    EXPECT_EQ(status({0, 0}, {0, 1}), 1);
+    EXPECT_EQ(cosine, 1);
+}
+
+}  // namespace

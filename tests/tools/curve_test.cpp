@@ -1,0 +1,105 @@
+// ztmath curve, as a person or a script calls it.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "curve_data.h"
+#include "run_tool.h"
+#include "support/session.h"
+#include "svg_document.h"
+
+namespace {
+
+using namespace ztmath_test;
+using nlohmann::json;
+
+constexpr int around = 24;
+constexpr double step = 6.283185307179586 / around;
+
+/// Points of a circle, from an angle on.
+std::string arc(double r, int count, double start = 0) {
+    std::ostringstream text;
+    text.precision(17);
+    for (double a = start; a < start + (count - 0.5) * step; a += step)
+        text << r * std::cos(a) << ' ' << r * std::sin(a) << '\n';
+    return text.str();
+}
+
+TEST(Curve, CirclesHaveTheirTangentsAndCurvatureInEveryUnit) {
+    const Workshop w;
+    w.file("tangents", arc(9, around, 6 * step));
+    for (const double r : {5.0, 5e-13, 5e13}) {
+        w.file("ring", arc(r, around));
+        for (const std::string how : {"--all-slopes", "--slopes tangents --slope-type 5"}) {
+            const json result = json::parse(w.run("curve --2d --json --periodic ring " + how).out);
+            ASSERT_EQ(result["points"].size(), std::size_t{around});
+            // A parabola through three points of the circle bends more than it and is slower than
+            // the chords; the middle of the cubic that is corrected lies on the arc.
+            const double c = std::cos(0.5 * step), bend = 1 / (c * c);
+            const double speed = how == "--all-slopes" ? c : 2 / (1 + c);
+            for (int i = 0; i < around; ++i) {
+                const json& p = result["points"][i];
+                const double u[] = {std::cos(step * i), std::sin(step * i)}, v[] = {-u[1], u[0]};
+                EXPECT_NEAR(p["parameter"].get<double>() / r, 2 * i * std::sin(0.5 * step), 1e-12);
+                for (const int k : {0, 1}) {
+                    EXPECT_NEAR(p["curvature"][k].get<double>() * r, -bend * u[k], 1e-11);
+                    EXPECT_NEAR(p["slope"][k].get<double>(), speed * v[k], 1e-11);
+                }
+            }
+        }
+    }
+}
+
+TEST(Curve, WordsTellWhatKeepsACurveFromBeingMade) {
+    const Workshop w;
+    w.file("slopes", "1 0\n");
+    const std::tuple<std::string, const char*, int, const char*> cases[]{
+        {"--least-squares --segments 2", "0 0\n1 0\n2 1\n3 3\n4 1\n", 0, ""},
+        {"", "", 1, "too few points: a curve needs 2"},
+        {"--periodic", "1 2\n1 2\n", 1, "too few points: a periodic curve needs 2 besides"},
+        {"--least-squares --all-slopes", "0 0\n1 0\n0 1\n", 1, "a fit of order 4 needs 4"},
+        {"--periodic", "0 0\n1 0\n0 1\n0 0\n", 1, "order 4 needs 4 points and slopes, there are 3"},
+        {"", "3 4\n3 4\n3 4\n3 4\n", 1, "the points on lines 1 and 2 are one and the same"},
+        {"--all-slopes", "0 0\n#\n1 0\n1 0\n2 0\n", 1, "the points on lines 3 and 4 are one"},
+        {"--order 2 --all-slopes", "0 0\n1 0\n2 1\n", 1, "the order is too low: slopes need 3"},
+        {"--least-squares --tolerance -1", "0 0\n1 0\n2 1\n3 3\n", 1, "must be 0 or more"},
+        {"--least-squares --segments 3", "0 0\n1 0\n2 1\n3 3\n4 1\n", 1, "not within 1 and 2"},
+        {"--periodic --least-squares", "", 2, "excludes"},
+        {"--slopes slopes", "0 0\n1 0\n", 3, "1 slopes for 2 points"},
+    };
+    for (const auto& [arguments, points, code, words] : cases) {
+        const auto outcome = w.run("curve --2d - " + arguments, points);
+        EXPECT_EQ(outcome.code, code) << arguments << " of " << points;
+        EXPECT_EQ(outcome.error.empty(), code == 0);
+        expect_parts(outcome.error, {words});
+    }
+}
+
+TEST(Curve, DrawsAnArrowForEachSlopeAndNoTeethOnALine) {
+    const Workshop w;
+    w.file("arc", arc(5, 9, 0.1));
+    w.file("line", "0.3 0.1\n0.6 0.2\n1.5 0.5\n6 2\n");
+    const std::tuple<const char*, std::size_t, bool> cases[]{
+        {"arc --all-slopes", 9, true}, {"arc", 2, true}, {"line --all-slopes", 4, false}};
+    for (const auto& [arguments, slopes, bends] : cases) {
+        ASSERT_EQ(w.run(std::string("curve --2d --svg out ") + arguments).code, 0);
+        const SvgDocument picture(contents(w.path("out")));
+        EXPECT_EQ(picture.find("slopes", "fit").size(), slopes);
+        for (const SvgElement& tooth : picture.find("comb", "residual"))
+            EXPECT_EQ(std::fabs(tooth.number("x2") - tooth.number("x1")) > 0, bends);
+    }
+}
+
+TEST(Curve, GivesBackAllMemory) {
+    const NoBlocksLeft no_blocks_left;
+    const tool::Points points{2, {1e15, -1e15, 0, 0, 1e-300, 1, 7, 7, 7, 7}, {1, 2, 3, 4, 5}};
+    tool::CurveOptions options;
+    for (const bool periodic : {false, true}) {
+        options.least_squares = !(options.periodic = periodic);
+        EXPECT_EQ(tool::curve_data(options, points, &points).coincident->second, 5U);
+    }
+}
+
+}  // namespace

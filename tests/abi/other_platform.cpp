@@ -70,6 +70,8 @@ void* SM_calloc(std::size_t count, std::size_t size) {
 }
 
 void* SM_calloc_persistent(std::size_t count, std::size_t size) {
+    if (controls.persistent_before_null >= 0 && controls.persistent_before_null-- == 0)
+        return nullptr;
     return allocate(count * size, 0);
 }
 

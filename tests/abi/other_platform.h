@@ -12,6 +12,7 @@ enum class Kind { raised, internal, note, log };
 struct OtherPlatform {
     long blocks_out = 0;
     long allocations_before_refusal = -1;  // -1: none is refused
+    long persistent_before_null = -1;      // blocks; -1: all are there
     long reports = 0;
     void (*on_report)(Kind kind) = nullptr;  // may throw or jump
 };

@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "interface/table.h"
+#include "support/curve_record.h"
 #include "syss/syss.h"
 
 namespace {
@@ -158,6 +159,25 @@ TEST_F(AnotherPlatform, MayLeaveEveryCallAtEveryChance) {
     tell_calls();
     EXPECT_GT(interrupted[0], 100) << "allocations refused";
     EXPECT_GT(interrupted[1], 100) << "reports left by exceptions";
+}
+
+TEST_F(AnotherPlatform, MayLackMemoryThatPersists) {
+    Record record = new_record({0, 0, 0, 1, 0, 0, 2, 1, 0, 3, 0, 1});
+    const double slope[] = {1, 2, 3};
+    BCDF_replace_slope(record.get(), slope, 1, 1);
+    const long before = platform()->blocks_out;
+    BCDF* kept = nullptr;
+    for (long at = 0; kept == nullptr && at < bound; ++at) {
+        platform()->persistent_before_null = at;
+        platform()->reports = 0;
+        kept = BCDF_make_bcdf_data_persistent(record.get());
+        EXPECT_EQ(platform()->reports, kept == nullptr ? 1 : 0);
+        EXPECT_EQ(platform()->blocks_out, before);
+    }
+    EXPECT_LT(platform()->persistent_before_null, 1) << "no block more than needed";
+    ASSERT_NE(kept, nullptr);
+    record.release();
+    record.reset(kept);
 }
 
 /// Holds a block while it reports, and leaves it behind where it is left.

@@ -132,6 +132,8 @@ TEST(CurveRecord, HandsOutAndCopiesItsArrays) {
     EXPECT_EQ(curvature_types[0], 1);
     SM_free(slope_types);
     SM_free(curvature_types);
+    EXPECT_EQ(BCDF_copy_slopes(new_record(corner).get(), &n, &d), nullptr);
+    EXPECT_EQ(n + d, 0);
 
     double v[3];
     int type = -1;
@@ -200,6 +202,8 @@ TEST(CurveRecord, CreatorsThatFailTakeNothing) {
     EXPECT_EQ(recorder.take(),
               (Reports{raised("bcdf_gen", 1005304, "The Point List Is NULL"),
                        raised("bcdf_gen", 1005306, "Slope Position Array Is NULL")}));
+    // Where the host goes on, a fit that cannot be periodic interpolates.
+    EXPECT_EQ(BCDF_is_least_squares(new_record(corner, 3, 1, 1).get()), 0);
 }
 
 TEST(CurveRecord, KnowsSplinesWithSlopesAtTheirEnds) {

@@ -39,15 +39,34 @@ class Outline {
     Outline(int n, const double* points)
         : points_(points),
           boxes_(
-              n, [this](int i) { return point(i); }, true) {
+              n, [this](int i) { return point(i); }, true),
+          slanted_(n >= slanted_from ? boxes_.run_count() : 0) {
         for (int i = 0; i < n; ++i)
             all_finite_ &= is_finite(point(i));
         const Box2& box = boxes_.whole();
         reach_ = length(span(box, {0.0, 0.0}));
+        has_slanted_ = all_finite_ && n >= slanted_from;
+        if (has_slanted_)
+            boxes_.for_each_run([&](std::ptrdiff_t run, int first, int last) {
+                slanted_[run] = SlantedBox::around(first, last + 1,
+                                                   [&](int i) { return point(i < n ? i : 0); });
+            });
     }
 
     Vec2 point(int i) const { return load2(points_ + 2 * static_cast<std::ptrdiff_t>(i)); }
     RunBoxes& boxes() { return boxes_; }
+
+    /// Whether no vertex of a run is inside the circle.
+    bool is_outside(const Circle& circle, std::ptrdiff_t run) {
+        return ztmath::is_outside(circle, boxes_[run]) ||
+               (has_slanted_ && slanted_[run].is_outside(circle, reach_));
+    }
+
+    /// Whether no edge that leaves a vertex of a run crosses the diagonal.
+    bool is_clear_of(const Diagonal& diagonal, std::ptrdiff_t run) {
+        return diagonal.is_clear_of(boxes_[run]) ||
+               (has_slanted_ && slanted_[run].is_clear_of(diagonal.from(), diagonal.to(), reach_));
+    }
 
     /// Whether all coordinates count as finite.
     bool all_finite() const { return all_finite_; }
@@ -56,9 +75,13 @@ class Outline {
     double reach() const { return reach_; }
 
   private:
+    static constexpr int slanted_from = 2000;  // fewer points are seen through faster without
+
     const double* points_;
     RunBoxes boxes_;
+    WorkArray<SlantedBox, 1> slanted_;  // of each run, where all coordinates are finite
     bool all_finite_ = true;
+    bool has_slanted_;
     double reach_;
 };
 
@@ -104,15 +127,17 @@ class ApexSearch {
                can_be_joined(j);
     }
 
-    bool cannot_replace(const Candidate& candidate, const Box2& box) const {
-        return is_outside(candidate.circle, box) || base_.rejects_all(box);
+    const Box2& box(std::ptrdiff_t run) const { return outline_.boxes()[run]; }
+
+    bool cannot_replace(const Candidate& candidate, std::ptrdiff_t run) const {
+        return base_.rejects_all(box(run)) || outline_.is_outside(candidate.circle, run);
     }
 
     /// Lets the candidate give way up to `times` times; whether it has been found to be the last.
     bool advance(Candidate& candidate, int times) {
         return outline_.boxes().first_of(
                    candidate.vertex + 1, last_ - 1,
-                   [&](const Box2& box) { return cannot_replace(candidate, box); },
+                   [&](std::ptrdiff_t run) { return cannot_replace(candidate, run); },
                    [&](int j) {
                        if (!can_replace(candidate, j)) return false;
                        candidate = candidate_at(j);
@@ -124,8 +149,8 @@ class ApexSearch {
     int best(Candidate candidate) {
         outline_.boxes().visit_in_order(
             candidate.vertex + 1, last_ - 1,
-            [&](const Box2& box) { return base_.least_height(box); },
-            [&](const Box2& box) { return cannot_replace(candidate, box); },
+            [&](std::ptrdiff_t run) { return base_.least_height(box(run)); },
+            [&](std::ptrdiff_t run) { return cannot_replace(candidate, run); },
             [&](int j) {
                 if (can_replace(candidate, j)) candidate = candidate_at(j);
             });
@@ -144,9 +169,10 @@ class ApexSearch {
             };
             const int w = outline_.boxes().first_of(
                 from, target - 1,
-                [&](const Box2& box) {
-                    return base_.rejects_all(box) ||
-                           base_.surely_beaten(box, point(target), goal.circle, outline_.reach());
+                [&](std::ptrdiff_t run) {
+                    return base_.rejects_all(box(run)) ||
+                           base_.surely_beaten(box(run), point(target), goal.circle,
+                                               outline_.reach());
                 },
                 holds);
             if (w < 0) return target;
@@ -160,7 +186,8 @@ class ApexSearch {
         const bool skips =
             outline_.all_finite();  // a triangle that is not a number is none to skip
         return outline_.boxes().first_of(
-            first_ + 2, last_ - 1, [&](const Box2& box) { return skips && base_.rejects_all(box); },
+            first_ + 2, last_ - 1,
+            [&](std::ptrdiff_t run) { return skips && base_.rejects_all(box(run)); },
             makes_triangle);
     }
 
@@ -178,7 +205,8 @@ class ApexSearch {
         };
         if (blocking >= 0 && crosses(blocking)) return true;
         const int k = outline_.boxes().first_of(
-            first_, last_ - 1, [&](const Box2& box) { return diagonal.is_clear_of(box); }, crosses);
+            first_, last_ - 1,
+            [&](std::ptrdiff_t run) { return outline_.is_clear_of(diagonal, run); }, crosses);
         if (k >= 0) blocking = k;
         return k >= 0;
     }

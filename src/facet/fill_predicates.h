@@ -87,14 +87,61 @@ inline bool is_outside(const Circle& circle, const Box2& box) {
     return !(length_squared(gap(box, circle.centre)) < circle.squared_radius - fill_eps);
 }
 
+/// A box along the chord of a run of points, which is thin where they follow a smooth curve. Its
+/// coordinates are rounded: whoever asks it leaves a margin.
+class SlantedBox {
+  public:
+    /// Around the points first to last of those that `point(i)` gives.
+    template <class Point>
+    static SlantedBox around(int first, int last, Point point) {
+        const auto chord = unitize_unchecked(point(last) - point(first), 0.0);
+        SlantedBox slanted{chord.done ? chord.unit : Vec2{1.0, 0.0}, empty_box};
+        for (int i = first; i <= last; ++i)
+            expand(slanted.box_, slanted.turned(point(i)));
+        return slanted;
+    }
+
+    /// Whether no point of the box is inside the circle, where none is farther from the origin than
+    /// `reach`.
+    bool is_outside(const Circle& circle, double reach) const {
+        const Vec2 c = circle.centre;
+        const double rounding = 2.0e-15 * (std::fabs(c.x) + std::fabs(c.y) + 2.0 * reach);
+        const double radius = std::sqrt(circle.squared_radius) + rounding;
+        return length_squared(gap(box_, turned(c))) > (1.0 + 1.0e-14) * (radius * radius);
+    }
+
+    /// Whether no edge within the box comes near the diagonal between two points.
+    bool is_clear_of(Vec2 from, Vec2 to, double reach) const {
+        const double margin = 10.0 * fill_eps + 1.0e-13 * reach;
+        Box2 other = empty_box;
+        expand(other, turned(from));
+        expand(other, turned(to));
+        return other.low.x > box_.high.x + margin || other.high.x < box_.low.x - margin ||
+               other.low.y > box_.high.y + margin || other.high.y < box_.low.y - margin;
+    }
+
+    SlantedBox() = default;
+
+  private:
+    SlantedBox(Vec2 way, const Box2& box) : way_(way), box_(box) {}
+
+    Vec2 turned(Vec2 p) const { return {dot(way_, p), cross(way_, p)}; }
+
+    Vec2 way_;
+    Box2 box_;  // turned
+};
+
 /// A frame along a diagonal, from which edges are seen: s along it, t to its left.
 class Diagonal {
   public:
-    Diagonal(Vec2 from, Vec2 to) : origin_(from) {
+    Diagonal(Vec2 from, Vec2 to) : origin_(from), end_(to) {
         const auto way = unitize_unchecked(to - from, null_length);
         way_ = way.unit;
         length_ = way.magnitude;
     }
+
+    Vec2 from() const { return origin_; }
+    Vec2 to() const { return end_; }
 
     /// Whether the edge crosses the diagonal.
     bool is_crossed_by(Vec2 e0, Vec2 e1) const {
@@ -130,7 +177,7 @@ class Diagonal {
     double along(Vec2 p) const { return dot(p - origin_, way_); }
     double across(Vec2 p) const { return cross(way_, p - origin_); }
 
-    Vec2 origin_, way_;
+    Vec2 origin_, end_, way_;
     double length_;
 };
 

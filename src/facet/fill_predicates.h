@@ -2,6 +2,8 @@
 // all points of a box at once.
 #pragma once
 
+#include <cstdint>
+
 #include "facet/run_boxes.h"
 #include "kit/unitize.h"
 
@@ -9,6 +11,12 @@ namespace ztmath {
 
 /// Twice an area, a squared length, or a length: whichever is compared, this counts as 0.
 inline constexpr double fill_eps = 1.0e-10;
+
+/// What is farther from a diagonal than this does not cross it, rounding and all, where no point is
+/// farther from the origin than `reach`.
+inline double touching_margin(double reach) {
+    return 10.0 * fill_eps + 1.0e-13 * reach;
+}
 
 struct Circle {
     Vec2 centre;
@@ -87,15 +95,33 @@ inline bool is_outside(const Circle& circle, const Box2& box) {
     return !(length_squared(gap(box, circle.centre)) < circle.squared_radius - fill_eps);
 }
 
-/// A box along the chord of a run of points, which is thin where they follow a smooth curve. Its
-/// coordinates are rounded: whoever asks it leaves a margin.
+/// A box outside of which no point is inside the circle, where none is farther from the origin than
+/// `reach`.
+inline Box2 around(const Circle& circle, double reach) {
+    const Vec2 c = circle.centre;
+    const double rounding = 2.0e-15 * (std::fabs(c.x) + std::fabs(c.y) + reach);
+    const double radius = std::sqrt(circle.squared_radius) * (1.0 + 1.0e-14) + rounding;
+    return {c - Vec2{radius, radius}, c + Vec2{radius, radius}};
+}
+
+/// A box along the chord of a run of points that follow a smooth curve, and nothing for other runs.
+/// Its coordinates are rounded: whoever asks it leaves a margin.
 class SlantedBox {
   public:
+    SlantedBox() = default;
+
     /// Around the points first to last of those that `point(i)` gives.
     template <class Point>
     static SlantedBox around(int first, int last, Point point) {
-        const auto chord = unitize_unchecked(point(last) - point(first), 0.0);
-        SlantedBox slanted{chord.done ? chord.unit : Vec2{1.0, 0.0}, empty_box};
+        const Vec2 from = point(first);
+        const Vec2 chord = point(last) - from;
+        const auto is_near = [&](int quarters) {
+            const Vec2 p =
+                point(first + static_cast<int>((last - first) * std::int64_t{quarters} / 4));
+            return std::fabs(cross(chord, p - from)) < most_height * length_squared(chord);
+        };
+        if (!is_near(1) || !is_near(2) || !is_near(3)) return {false, {}, {}};
+        SlantedBox slanted{true, chord * (1.0 / length(chord)), empty_box};
         for (int i = first; i <= last; ++i)
             expand(slanted.box_, slanted.turned(point(i)));
         return slanted;
@@ -104,6 +130,7 @@ class SlantedBox {
     /// Whether no point of the box is inside the circle, where none is farther from the origin than
     /// `reach`.
     bool is_outside(const Circle& circle, double reach) const {
+        if (!is_thin_) return false;
         const Vec2 c = circle.centre;
         const double rounding = 2.0e-15 * (std::fabs(c.x) + std::fabs(c.y) + 2.0 * reach);
         const double radius = std::sqrt(circle.squared_radius) + rounding;
@@ -112,7 +139,8 @@ class SlantedBox {
 
     /// Whether no edge within the box comes near the diagonal between two points.
     bool is_clear_of(Vec2 from, Vec2 to, double reach) const {
-        const double margin = 10.0 * fill_eps + 1.0e-13 * reach;
+        if (!is_thin_) return false;
+        const double margin = touching_margin(reach);
         Box2 other = empty_box;
         expand(other, turned(from));
         expand(other, turned(to));
@@ -120,13 +148,14 @@ class SlantedBox {
                other.low.y > box_.high.y + margin || other.high.y < box_.low.y - margin;
     }
 
-    SlantedBox() = default;
-
   private:
-    SlantedBox(Vec2 way, const Box2& box) : way_(way), box_(box) {}
+    static constexpr double most_height = 0.2;  // of a thin run, as a part of its chord
+
+    SlantedBox(bool is_thin, Vec2 way, const Box2& box) : is_thin_(is_thin), way_(way), box_(box) {}
 
     Vec2 turned(Vec2 p) const { return {dot(way_, p), cross(way_, p)}; }
 
+    bool is_thin_;
     Vec2 way_;
     Box2 box_;  // turned
 };
@@ -171,6 +200,15 @@ class Diagonal {
         const Vec2 behind{right ? box.low.x : box.high.x, up ? box.low.y : box.high.y};
         return along(ahead) < fill_eps || along(behind) > length_ + fill_eps ||
                across(leftmost(box, way_)) < fill_eps || across(rightmost(box, way_)) > fill_eps;
+    }
+
+    /// A box outside of which no edge crosses the diagonal.
+    friend Box2 around(const Diagonal& diagonal, double reach) {
+        const double margin = touching_margin(reach);
+        Box2 box = empty_box;
+        expand(box, diagonal.origin_);
+        expand(box, diagonal.end_);
+        return {box.low - Vec2{margin, margin}, box.high + Vec2{margin, margin}};
     }
 
   private:

@@ -76,6 +76,8 @@ class RunBoxes {
                 boxes_[start_[level] + run] = union_below(level, run);
     }
 
+    int point_count() const { return static_cast<int>(n_); }
+
     /// The number of runs, and the box of one.
     std::ptrdiff_t run_count() const { return start_[levels_ - 1] + 1; }
     const Box2& operator[](std::ptrdiff_t run) { return boxes_[run]; }

@@ -62,7 +62,7 @@ class Outline {
     /// Whether the window shows all that meets a circle or a diagonal.
     template <class Place>
     bool shows(const Place& place) const {
-        return is_large_ && window_.covers(around(place, reach_));
+        return window_.is_open() && window_.covers(around(place, reach_));
     }
 
     /// The first index in [first, last] at which `stop` holds, or -1, where it holds only within a
@@ -85,12 +85,6 @@ class Outline {
     bool is_outside(const Circle& circle, std::ptrdiff_t run) {
         return ztmath::is_outside(circle, boxes_[run]) ||
                (is_large_ && slanted_[run].is_outside(circle, reach_));
-    }
-
-    /// Whether no edge that leaves a vertex of a run crosses the diagonal.
-    bool is_clear_of(const Diagonal& diagonal, std::ptrdiff_t run) {
-        return diagonal.is_clear_of(boxes_[run]) ||
-               (is_large_ && slanted_[run].is_clear_of(diagonal.from(), diagonal.to(), reach_));
     }
 
     /// Whether all coordinates count as finite.
@@ -243,7 +237,7 @@ class ApexSearch {
         if (blocking >= 0 && crosses(blocking)) return true;
         const int k = outline_.first_near(
             diagonal, first_, last_ - 1,
-            [&](std::ptrdiff_t run) { return outline_.is_clear_of(diagonal, run); }, crosses);
+            [&](std::ptrdiff_t run) { return diagonal.is_clear_of(box(run)); }, crosses);
         if (k >= 0) blocking = k;
         return k >= 0;
     }

@@ -120,7 +120,7 @@ class SlantedBox {
                 point(first + static_cast<int>((last - first) * std::int64_t{quarters} / 4));
             return std::fabs(cross(chord, p - from)) < most_height * length_squared(chord);
         };
-        if (!is_near(1) || !is_near(2) || !is_near(3)) return {false, {}, {}};
+        if (is_null(chord) || !is_near(1) || !is_near(2) || !is_near(3)) return {false, {}, {}};
         SlantedBox slanted{true, chord * (1.0 / length(chord)), empty_box};
         for (int i = first; i <= last; ++i)
             expand(slanted.box_, slanted.turned(point(i)));
@@ -135,17 +135,6 @@ class SlantedBox {
         const double rounding = 2.0e-15 * (std::fabs(c.x) + std::fabs(c.y) + 2.0 * reach);
         const double radius = std::sqrt(circle.squared_radius) + rounding;
         return length_squared(gap(box_, turned(c))) > (1.0 + 1.0e-14) * (radius * radius);
-    }
-
-    /// Whether no edge within the box comes near the diagonal between two points.
-    bool is_clear_of(Vec2 from, Vec2 to, double reach) const {
-        if (!is_thin_) return false;
-        const double margin = touching_margin(reach);
-        Box2 other = empty_box;
-        expand(other, turned(from));
-        expand(other, turned(to));
-        return other.low.x > box_.high.x + margin || other.high.x < box_.low.x - margin ||
-               other.low.y > box_.high.y + margin || other.high.y < box_.low.y - margin;
     }
 
   private:
@@ -168,9 +157,6 @@ class Diagonal {
         way_ = way.unit;
         length_ = way.magnitude;
     }
-
-    Vec2 from() const { return origin_; }
-    Vec2 to() const { return end_; }
 
     /// Whether the edge crosses the diagonal.
     bool is_crossed_by(Vec2 e0, Vec2 e1) const {

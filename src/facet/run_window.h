@@ -22,6 +22,9 @@ class RunWindow {
     /// Holds n points and covers no place yet.
     explicit RunWindow(int n) : count_(1) { stretches_[0] = {0, n - 1}; }
 
+    /// Whether it covers anything.
+    bool is_open() const { return box_.low.x <= box_.high.x; }
+
     /// Whether all that meets the place is known.
     bool covers(const Box2& place) const { return holds(box_, place); }
 

@@ -247,7 +247,7 @@ class EarClipping {
         const int behind = corners_[at].next;
         const CornerTriangle triangle(polygon_, before, at, behind, reach_);
         return boxes_.first_of(
-            0, n_ - 1, [&](const Box2& box) { return triangle.excludes(box); },
+            0, n_ - 1, [&](std::ptrdiff_t run) { return triangle.excludes(boxes_[run]); },
             [&](int i) {
                 return corners_[i].next != none && i != at && i != before && i != behind &&
                        triangle.holds(point(i));

@@ -6,6 +6,7 @@
 // and the parts can be filled in any order: the smaller one first, so that few are ever waiting.
 #include "facet/fill_predicates.h"
 #include "facet/poly_tri_fill.h"
+#include "facet/run_window.h"
 
 namespace ztmath {
 
@@ -39,15 +40,52 @@ class Outline {
     Outline(int n, const double* points)
         : points_(points),
           boxes_(
-              n, [this](int i) { return point(i); }, true) {
+              n, [this](int i) { return point(i); }, true),
+          slanted_(n >= large ? boxes_.run_count() : 0),
+          everything_(n),
+          window_(0) {
         for (int i = 0; i < n; ++i)
             all_finite_ &= is_finite(point(i));
         const Box2& box = boxes_.whole();
         reach_ = length(span(box, {0.0, 0.0}));
+        is_large_ = all_finite_ && n >= large;
+        if (is_large_)
+            boxes_.for_each_run([&](std::ptrdiff_t run, int first, int last) {
+                slanted_[run] = SlantedBox::around(first, last + 1,
+                                                   [&](int i) { return point(i < n ? i : 0); });
+            });
     }
 
     Vec2 point(int i) const { return load2(points_ + 2 * static_cast<std::ptrdiff_t>(i)); }
     RunBoxes& boxes() { return boxes_; }
+
+    /// Whether the window shows all that meets a circle or a diagonal.
+    template <class Place>
+    bool shows(const Place& place) const {
+        return window_.is_open() && window_.covers(around(place, reach_));
+    }
+
+    /// The first index in [first, last] at which `stop` holds, or -1, where it holds only within a
+    /// circle or at a diagonal, and not in the runs that `skip` is true of.
+    template <class Place, class Skip, class Stop>
+    int first_near(const Place& place, int first, int last, Skip skip, Stop stop) {
+        const RunWindow& window = shows(place) ? window_ : everything_;
+        return window.first_of(boxes_, first, last, skip, stop);
+    }
+
+    /// Moves the window to where an apex has been found, if its circle met many runs; but not
+    /// before the searches since the last move have cost several times as much as that did.
+    void follow(const Circle& found, int visits) {
+        unpaid_ -= visits;
+        if (is_large_ && visits > many_visits && unpaid_ < 0)
+            unpaid_ = 2 * window_.move_to(boxes_, around(found, reach_));
+    }
+
+    /// Whether no vertex of a run is inside the circle.
+    bool is_outside(const Circle& circle, std::ptrdiff_t run) {
+        return ztmath::is_outside(circle, boxes_[run]) ||
+               (is_large_ && slanted_[run].is_outside(circle, reach_));
+    }
 
     /// Whether all coordinates count as finite.
     bool all_finite() const { return all_finite_; }
@@ -56,9 +94,16 @@ class Outline {
     double reach() const { return reach_; }
 
   private:
+    static constexpr int large = 2000;
+    static constexpr int many_visits = 50;
+
     const double* points_;
     RunBoxes boxes_;
+    WorkArray<SlantedBox, 1> slanted_;  // of each run, where all coordinates are finite
     bool all_finite_ = true;
+    bool is_large_;  // worth a second look at runs, and finite
+    RunWindow everything_, window_;
+    std::int64_t unpaid_ = 0;  // visits before the window may be moved again
     double reach_;
 };
 
@@ -83,6 +128,7 @@ class ApexSearch {
         Candidate candidate = candidate_at(k);
         while (!advance(candidate, patience))
             candidate = candidate_at(reached_from(candidate.vertex, best(candidate)));
+        outline_.follow(candidate.circle, visits_);
         return candidate.vertex;
     }
 
@@ -104,28 +150,38 @@ class ApexSearch {
                can_be_joined(j);
     }
 
-    bool cannot_replace(const Candidate& candidate, const Box2& box) const {
-        return is_outside(candidate.circle, box) || base_.rejects_all(box);
+    const Box2& box(std::ptrdiff_t run) const { return outline_.boxes()[run]; }
+
+    bool cannot_replace(const Candidate& candidate, std::ptrdiff_t run) const {
+        return base_.rejects_all(box(run)) || outline_.is_outside(candidate.circle, run);
     }
 
     /// Lets the candidate give way up to `times` times; whether it has been found to be the last.
     bool advance(Candidate& candidate, int times) {
-        return outline_.boxes().first_of(
-                   candidate.vertex + 1, last_ - 1,
-                   [&](const Box2& box) { return cannot_replace(candidate, box); },
-                   [&](int j) {
-                       if (!can_replace(candidate, j)) return false;
-                       candidate = candidate_at(j);
-                       return --times == 0;
-                   }) < 0;
+        while (times > 0) {
+            const bool in_window = outline_.shows(candidate.circle);
+            const int j = outline_.first_near(
+                candidate.circle, candidate.vertex + 1, last_ - 1,
+                [&](std::ptrdiff_t run) {
+                    ++visits_;
+                    return cannot_replace(candidate, run);
+                },
+                [&](int i) {
+                    if (!can_replace(candidate, i)) return false;
+                    candidate = candidate_at(i);
+                    return --times == 0 || (in_window && !outline_.shows(candidate.circle));
+                });
+            if (j < 0) return true;
+        }
+        return false;
     }
 
     /// A vertex behind the candidate that gives way to few, if to any.
     int best(Candidate candidate) {
         outline_.boxes().visit_in_order(
             candidate.vertex + 1, last_ - 1,
-            [&](const Box2& box) { return base_.least_height(box); },
-            [&](const Box2& box) { return cannot_replace(candidate, box); },
+            [&](std::ptrdiff_t run) { return base_.least_height(box(run)); },
+            [&](std::ptrdiff_t run) { return cannot_replace(candidate, run); },
             [&](int j) {
                 if (can_replace(candidate, j)) candidate = candidate_at(j);
             });
@@ -144,9 +200,10 @@ class ApexSearch {
             };
             const int w = outline_.boxes().first_of(
                 from, target - 1,
-                [&](const Box2& box) {
-                    return base_.rejects_all(box) ||
-                           base_.surely_beaten(box, point(target), goal.circle, outline_.reach());
+                [&](std::ptrdiff_t run) {
+                    return base_.rejects_all(box(run)) ||
+                           base_.surely_beaten(box(run), point(target), goal.circle,
+                                               outline_.reach());
                 },
                 holds);
             if (w < 0) return target;
@@ -160,7 +217,8 @@ class ApexSearch {
         const bool skips =
             outline_.all_finite();  // a triangle that is not a number is none to skip
         return outline_.boxes().first_of(
-            first_ + 2, last_ - 1, [&](const Box2& box) { return skips && base_.rejects_all(box); },
+            first_ + 2, last_ - 1,
+            [&](std::ptrdiff_t run) { return skips && base_.rejects_all(box(run)); },
             makes_triangle);
     }
 
@@ -177,14 +235,16 @@ class ApexSearch {
                    diagonal.is_crossed_by(point(k), point(k + 1));
         };
         if (blocking >= 0 && crosses(blocking)) return true;
-        const int k = outline_.boxes().first_of(
-            first_, last_ - 1, [&](const Box2& box) { return diagonal.is_clear_of(box); }, crosses);
+        const int k = outline_.first_near(
+            diagonal, first_, last_ - 1,
+            [&](std::ptrdiff_t run) { return diagonal.is_clear_of(box(run)); }, crosses);
         if (k >= 0) blocking = k;
         return k >= 0;
     }
 
     Outline& outline_;
     int first_, last_;
+    int visits_ = 0;  // of runs
     BaseEdge base_;
     int blocks_first_ = -1;  // the edge that last hid a vertex from the first vertex
     int blocks_last_ = -1;

@@ -2,6 +2,8 @@
 // all points of a box at once.
 #pragma once
 
+#include <cstdint>
+
 #include "facet/run_boxes.h"
 #include "kit/unitize.h"
 
@@ -9,6 +11,12 @@ namespace ztmath {
 
 /// Twice an area, a squared length, or a length: whichever is compared, this counts as 0.
 inline constexpr double fill_eps = 1.0e-10;
+
+/// What is farther from a diagonal than this does not cross it, rounding and all, where no point is
+/// farther from the origin than `reach`.
+inline double touching_margin(double reach) {
+    return 10.0 * fill_eps + 1.0e-13 * reach;
+}
 
 struct Circle {
     Vec2 centre;
@@ -87,10 +95,64 @@ inline bool is_outside(const Circle& circle, const Box2& box) {
     return !(length_squared(gap(box, circle.centre)) < circle.squared_radius - fill_eps);
 }
 
+/// A box outside of which no point is inside the circle, where none is farther from the origin than
+/// `reach`.
+inline Box2 around(const Circle& circle, double reach) {
+    const Vec2 c = circle.centre;
+    const double rounding = 2.0e-15 * (std::fabs(c.x) + std::fabs(c.y) + reach);
+    const double radius = std::sqrt(circle.squared_radius) * (1.0 + 1.0e-14) + rounding;
+    return {c - Vec2{radius, radius}, c + Vec2{radius, radius}};
+}
+
+/// A box along the chord of a run of points that follow a smooth curve, and nothing for other runs.
+/// Its coordinates are rounded: whoever asks it leaves a margin.
+class SlantedBox {
+  public:
+    SlantedBox() = default;
+
+    /// Around the points first to last of those that `point(i)` gives.
+    template <class Point>
+    static SlantedBox around(int first, int last, Point point) {
+        const Vec2 from = point(first);
+        const Vec2 chord = point(last) - from;
+        const auto is_near = [&](int quarters) {
+            const Vec2 p =
+                point(first + static_cast<int>((last - first) * std::int64_t{quarters} / 4));
+            return std::fabs(cross(chord, p - from)) < most_height * length_squared(chord);
+        };
+        if (is_null(chord) || !is_near(1) || !is_near(2) || !is_near(3)) return {false, {}, {}};
+        SlantedBox slanted{true, chord * (1.0 / length(chord)), empty_box};
+        for (int i = first; i <= last; ++i)
+            expand(slanted.box_, slanted.turned(point(i)));
+        return slanted;
+    }
+
+    /// Whether no point of the box is inside the circle, where none is farther from the origin than
+    /// `reach`.
+    bool is_outside(const Circle& circle, double reach) const {
+        if (!is_thin_) return false;
+        const Vec2 c = circle.centre;
+        const double rounding = 2.0e-15 * (std::fabs(c.x) + std::fabs(c.y) + 2.0 * reach);
+        const double radius = std::sqrt(circle.squared_radius) + rounding;
+        return length_squared(gap(box_, turned(c))) > (1.0 + 1.0e-14) * (radius * radius);
+    }
+
+  private:
+    static constexpr double most_height = 0.2;  // of a thin run, as a part of its chord
+
+    SlantedBox(bool is_thin, Vec2 way, const Box2& box) : is_thin_(is_thin), way_(way), box_(box) {}
+
+    Vec2 turned(Vec2 p) const { return {dot(way_, p), cross(way_, p)}; }
+
+    bool is_thin_;
+    Vec2 way_;
+    Box2 box_;  // turned
+};
+
 /// A frame along a diagonal, from which edges are seen: s along it, t to its left.
 class Diagonal {
   public:
-    Diagonal(Vec2 from, Vec2 to) : origin_(from) {
+    Diagonal(Vec2 from, Vec2 to) : origin_(from), end_(to) {
         const auto way = unitize_unchecked(to - from, null_length);
         way_ = way.unit;
         length_ = way.magnitude;
@@ -126,11 +188,20 @@ class Diagonal {
                across(leftmost(box, way_)) < fill_eps || across(rightmost(box, way_)) > fill_eps;
     }
 
+    /// A box outside of which no edge crosses the diagonal.
+    friend Box2 around(const Diagonal& diagonal, double reach) {
+        const double margin = touching_margin(reach);
+        Box2 box = empty_box;
+        expand(box, diagonal.origin_);
+        expand(box, diagonal.end_);
+        return {box.low - Vec2{margin, margin}, box.high + Vec2{margin, margin}};
+    }
+
   private:
     double along(Vec2 p) const { return dot(p - origin_, way_); }
     double across(Vec2 p) const { return cross(way_, p - origin_); }
 
-    Vec2 origin_, way_;
+    Vec2 origin_, end_, way_;
     double length_;
 };
 

@@ -76,14 +76,29 @@ class RunBoxes {
                 boxes_[start_[level] + run] = union_below(level, run);
     }
 
-    /// The first index in [first, last] at which `stop` holds, or -1. Runs whose box `skip` is true
-    /// of are left out.
+    int point_count() const { return static_cast<int>(n_); }
+
+    /// The number of runs, and the box of one.
+    std::ptrdiff_t run_count() const { return start_[levels_ - 1] + 1; }
+    const Box2& operator[](std::ptrdiff_t run) { return boxes_[run]; }
+
+    /// Calls visit(run, first, last) with each run and its points.
+    template <class Visit>
+    void for_each_run(Visit visit) const {
+        for (int level = 0; level < levels_; ++level)
+            for (std::ptrdiff_t run = 0; run < runs_at(level); ++run)
+                visit(start_[level] + run, static_cast<int>(run << shift(level)),
+                      static_cast<int>(least((run + 1) << shift(level), n_) - 1));
+    }
+
+    /// The first index in [first, last] at which `stop` holds, or -1. Runs that `skip` is true of
+    /// are left out.
     template <class Skip, class Stop>
     int first_of(int first, int last, Skip skip, Stop stop) {
         int level = 0;
         for (std::ptrdiff_t i = first; i <= last;) {
             const std::ptrdiff_t run = i >> shift(level);
-            const bool skipped = skip(boxes_[start_[level] + run]);
+            const bool skipped = skip(start_[level] + run);
             if (!skipped && level > 0) {
                 --level;
                 continue;
@@ -99,15 +114,15 @@ class RunBoxes {
     }
 
     /// Visits the points of [first, last] run by run, of the runs at hand that with the least
-    /// `order` of its box first. Runs whose box `skip` is true of are left out.
+    /// `order` first. Runs that `skip` is true of are left out.
     template <class Order, class Skip, class Visit>
     void visit_in_order(int first, int last, Order order, Skip skip, Visit visit) {
         WaitingRuns waiting;
         const auto add_runs = [&](int level, std::ptrdiff_t from, std::ptrdiff_t to) {
             const int others = waiting.count;
             for (std::ptrdiff_t run = from; run <= to; ++run) {
-                const Box2& box = boxes_[start_[level] + run];
-                if (!skip(box)) waiting.insert({order(box), level, run}, others);
+                const std::ptrdiff_t number = start_[level] + run;
+                if (!skip(number)) waiting.insert({order(number), level, run}, others);
             }
         };
         int top = 0;
@@ -116,7 +131,7 @@ class RunBoxes {
         add_runs(top, first >> shift(top), last >> shift(top));
         while (waiting.count > 0) {
             const auto [_, level, run] = waiting.runs[--waiting.count];
-            if (skip(boxes_[start_[level] + run])) continue;
+            if (skip(start_[level] + run)) continue;
             if (level > 0) {
                 const int below = level - 1;
                 add_runs(below, most(run * fan, first >> shift(below)),
@@ -146,7 +161,7 @@ class RunBoxes {
     }
 
     /// The box of all points.
-    const Box2& whole() { return boxes_[start_[levels_ - 1]]; }
+    const Box2& whole() { return boxes_[run_count() - 1]; }
 
   private:
     static constexpr int leaf_shift = 4;  // sixteen points to a run of the lowest level

@@ -47,7 +47,7 @@ TEST(FillPredicates, EdgesThatTouchADiagonalCountFromItsLeftOnly) {
 
 TEST(FillPredicates, WhatIsSaidOfABoxHoldsForEveryPointInIt) {
     Random random;
-    int said[4] = {};
+    int said[5] = {};
     for (int round = 0; round < rounds(20000); ++round) {
         // Small whole numbers make ties; the offset makes rounding.
         const double offset = round % 2 == 0 ? 0.0 : random.uniform(-1e6, 1e6);
@@ -62,14 +62,16 @@ TEST(FillPredicates, WhatIsSaidOfABoxHoldsForEveryPointInIt) {
         const Diagonal diagonal(a, b);
         const Circle circle = base.circle_through(p);
         const bool beaten = !base.rejects(p) && base.surely_beaten(box, p, circle, 2e6);
+        const auto slanted = SlantedBox::around(0, 2, [&](int i) { return inside[i]; });
         const bool claims[] = {is_outside(circle, box), base.rejects_all(box),
-                               diagonal.is_clear_of(box), beaten};
-        for (int k = 0; k < 4; ++k)
+                               diagonal.is_clear_of(box), beaten, slanted.is_outside(circle, 2e6)};
+        for (int k = 0; k < 5; ++k)
             said[k] += claims[k];
         for (const Vec2 q : inside) {
             ASSERT_FALSE(claims[0] && is_inside(circle, q));
             ASSERT_FALSE(claims[1] && !base.rejects(q));
             ASSERT_FALSE(claims[2] && diagonal.is_crossed_by(q, inside[0]));
+            ASSERT_FALSE(claims[4] && is_inside(circle, q));
             ASSERT_FALSE(claims[3] && (base.rejects(q) || !is_inside(base.circle_through(q), p)));
         }
     }

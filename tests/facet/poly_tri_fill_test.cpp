@@ -170,6 +170,19 @@ TEST(PolyTriFill, IsThePlainRuleTriangleForTriangle) {
     EXPECT_GT(filled, all / 3);
 }
 
+TEST(PolyTriFill, IsThePlainRuleOnOutlinesOfThousands) {
+    const NoBlocksLeft watch;
+    const int n = 2500;
+    int filled = 0;
+    for (int round = 0; round < rounds(1); ++round)
+        for (Polygon p : {convex_polygon(n), spiral_polygon(n), snapped(spiral_polygon(n), 0.5),
+                          densified(star_polygon(n / 8, 1), n), monotone_polygon(n, 1)}) {
+            std::rotate(p.begin(), p.begin() + 2 * (round * 611 % n), p.end());
+            expect_as_plain(p, filled);
+        }
+    EXPECT_GT(filled, 3);
+}
+
 const Polygon square = {0, 0, 1, 0, 1, 1, 0, 1};
 
 TEST(PolyTriFill, FillsASquare) {

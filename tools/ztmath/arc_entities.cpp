@@ -1,5 +1,6 @@
 #include "arc_entities.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cmath>
 #include <cstring>

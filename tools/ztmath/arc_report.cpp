@@ -1,8 +1,7 @@
 #include "arc_report.h"
 
-#include <nlohmann/json.hpp>
-
 #include "arc_picture.h"
+#include "json.h"
 #include "number.h"
 #include "output.h"
 #include "table.h"
@@ -10,8 +9,6 @@
 namespace tool {
 
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 constexpr int digits = 9;
 

@@ -1,5 +1,6 @@
 #include "arcs_command.h"
 
+#include <CLI/CLI.hpp>
 #include <memory>
 
 #include "arc_meetings.h"

@@ -1,11 +1,14 @@
 // How a subcommand joins the program: it adds its options to its parent and itself to the list.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <functional>
 #include <vector>
 
 #include "failure.h"
+
+namespace CLI {
+class App;
+}
 
 namespace tool {
 

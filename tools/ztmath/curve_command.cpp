@@ -1,12 +1,13 @@
 #include "curve_command.h"
 
+#include <CLI/CLI.hpp>
 #include <cmath>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <utility>
 
 #include "curve_picture.h"
+#include "json.h"
 #include "number.h"
 #include "output.h"
 #include "table.h"
@@ -14,8 +15,6 @@
 namespace tool {
 
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 const char* const curve_help = R"(
 Examples:

@@ -1,4 +1,5 @@
 // ztmath fit circle
+#include <CLI/CLI.hpp>
 #include <memory>
 
 #include "circle_picture.h"

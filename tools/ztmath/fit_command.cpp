@@ -1,5 +1,6 @@
 #include "fit_command.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cmath>
 

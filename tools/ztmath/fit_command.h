@@ -1,11 +1,11 @@
 // ztmath fit: what its subcommands share. Each of them is a file of its own.
 #pragma once
 
-#include <nlohmann/json.hpp>
 #include <string>
 
 #include "command.h"
 #include "fit.h"
+#include "json.h"
 #include "table.h"
 
 namespace tool {
@@ -31,8 +31,6 @@ void add_fit_options(CLI::App& command, FitOptions& options);
 
 /// The examples, units and exit codes below the help text of a fit.
 std::string fit_help(const std::string& examples);
-
-using Json = nlohmann::ordered_json;
 
 /// What was fitted, for messages.
 struct FitKind {

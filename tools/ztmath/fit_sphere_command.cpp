@@ -1,4 +1,5 @@
 // ztmath fit sphere
+#include <CLI/CLI.hpp>
 #include <memory>
 
 #include "fit_command.h"

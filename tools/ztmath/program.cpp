@@ -1,5 +1,6 @@
 #include "program.h"
 
+#include <CLI/CLI.hpp>
 #include <cstdio>
 #include <new>
 

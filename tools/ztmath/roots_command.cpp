@@ -1,9 +1,10 @@
 #include "roots_command.h"
 
+#include <CLI/CLI.hpp>
 #include <cstdio>
 #include <memory>
-#include <nlohmann/json.hpp>
 
+#include "json.h"
 #include "number.h"
 #include "output.h"
 #include "polynomial.h"
@@ -13,8 +14,6 @@
 namespace tool {
 
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 constexpr int root_digits = 16;
 constexpr int residual_digits = 2;

@@ -3,12 +3,13 @@
 #include <ztmath/mc.h>
 #include <ztmath/mtx3.h>
 #include <ztmath/mtx4.h>
+#include <CLI/CLI.hpp>
 
 #include <array>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <string>
 
+#include "json.h"
 #include "library_call.h"
 #include "number.h"
 #include "output.h"
@@ -19,7 +20,6 @@ namespace tool {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
 using Matrix = std::array<double, 16>;
 using MatrixBuilder = std::function<Matrix()>;
 

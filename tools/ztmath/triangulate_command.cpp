@@ -2,10 +2,11 @@
 
 #include <ztmath/facet.h>
 #include <ztmath/ptf.h>
+#include <CLI/CLI.hpp>
 
 #include <memory>
-#include <nlohmann/json.hpp>
 
+#include "json.h"
 #include "library_call.h"
 #include "number.h"
 #include "outline.h"
@@ -16,8 +17,6 @@
 namespace tool {
 
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 struct TriangulateOptions {
     std::string file;

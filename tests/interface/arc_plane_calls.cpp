@@ -65,18 +65,9 @@ std::vector<Call> arc_plane_calls() {
         mixed_row<ARC_SPLINE_inter_3_monge_planes>({4, 4, 4, 2}, {3, 2, 2, 2}),
         row<h634_>({3, 3, 3, 3, 1, 1}, {3, 3}, prepare_normals),
         row<ARC_SPLINE_proj_pt_to_pln>({3, 3, 3}, {3}),
-        copying("ARC_SPLINE_adjust_pt_on_pln", {3, 3, 3}, {3},
-                [](In in, Out out) -> double {
-                    std::copy_n(in[2], 3, out[0]);
-                    ARC_SPLINE_adjust_pt_on_pln(in[0], in[1], out[0]);
-                    return 0;
-                }),
+        in_place<ARC_SPLINE_adjust_pt_on_pln, 3, 3, 3>(),
         row<ARC_SPLINE_proj_vec_to_pln>({3, 3}, {3}),
-        copying("ARC_SPLINE_adjust_vec_on_pln", {3, 3}, {3},
-                [](In in, Out out) -> double {
-                    std::copy_n(in[1], 3, out[0]);
-                    return ARC_SPLINE_adjust_vec_on_pln(1, in[0], out[0]);
-                }),
+        in_place<ARC_SPLINE_adjust_vec_on_pln, 3, 3>(),
         row<ARC_SPLINE_proj_pt_along_vec_on_plane>({3, 3, 3, 3, 2}, {3, 1}),
         row<ARC_SPLINE_ask_householder_rotation>({3, 3}, {9}),
         row<ARC_SPLINE_ask_householder_transformation>({3, 3}, {16}),

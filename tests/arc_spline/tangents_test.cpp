@@ -172,7 +172,8 @@ TEST(TangentAtOtherEnd, MakesTheSameAngleWithTheChord) {
         ASSERT_NEAR(dot(left_of(end), t), -dot(left_of(end), along), 1e-13);
         ASSERT_NEAR(dot(end, t), dot(end, along), 1e-13);
     }
-    EXPECT_EQ(other_end({0, 3}, {0, -4}), (Pair{0, 3})) << "the chord along it";
+    for (const double end : {-4.0, 1.1e-9})
+        EXPECT_EQ(other_end({0, 3}, {0, end}), (Pair{0, 3})) << "the chord along it";
     for (const Pair& t : {other_end({0, 3}, {0, 1e-9}), other_end({0, 1e-11}, {0, -4})})
         EXPECT_TRUE(t == origin && status == 1);
     const Report report =

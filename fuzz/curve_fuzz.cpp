@@ -71,7 +71,10 @@ void require_whole(const BCDF* record) {
 void fuzz::run(Bytes& bytes) {
     const int n = bytes.integer(1, 12);
     Record record = new_record(bytes, n, bytes.integer(3, 4));
-    for (int i = 0; i < 40 && !bytes.empty(); ++i) {
+    // Where parameters coincide, no slope is found at its point: updates store each once more, and
+    // their number doubles.
+    const auto is_small = [&] { return BCDF_return_num_of_slopes(record.get()) < 300; };
+    for (int i = 0; i < 40 && !bytes.empty() && is_small(); ++i) {
         edit(record.get(), bytes);
         require_whole(record.get());
         BCDF_check_defining_data(record.get());

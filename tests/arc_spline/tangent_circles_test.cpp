@@ -270,6 +270,8 @@ TEST(CirclesAtAPoint, TouchTheLineThereAndTheRest) {
     const Segment x_axis = line({0, 0}, {1, 0});
     EXPECT_EQ(at_point(circle, line({0, 1}, {1, 0}), {5, 1}).count, 1) << "the line touches, too";
     EXPECT_EQ(at_point(circle, x_axis, {1, 0}).count, 0);
+    EXPECT_EQ(at_point(record({{0, 1 + 1.5e-9}, 1}), x_axis, {0, 0}).count, 0)
+        << "one is too small, the other is the given circle";
     EXPECT_EQ(at_point(circle, line({0, 3}, {1, 0}), {0, 3}, 90.0).count, 1);
     EXPECT_EQ(at_point(line({0, 2}, {-1, 0}), x_axis, {7, 0}).count, 1) << "parallel";
     EXPECT_EQ(at_point(line({0, 0}, {1, 1}), x_axis, {0, 0}).count, 0);

@@ -123,6 +123,16 @@ TEST(CurveSearches, StopAtTheirLimits) {
     EXPECT_EQ(recorder.take(), expected);
 }
 
+TEST(CurveEditing, PointsTakeTheirSlopesWithThemAndNoOther) {
+    const Record record = row_of(6);
+    for (const int at : {1, 2, 3})
+        BCDF_replace_slope(record.get(), Vector{1.0 * at, 0, 0}.data(), at, 1);
+    record->slope_parameters->points[1] += 0.25;  // at no point now
+    BCDF_remove_defining_points(record.get(), 1, 3);
+    ASSERT_EQ(BCDF_return_num_of_slopes(record.get()), 1);
+    EXPECT_EQ(record->slopes->points[0], 2.0);
+}
+
 TEST(CurveEditing, ReportsAndGoesOn) {
     const ReportRecorder recorder;
     const CheckingLevel checking(1);

@@ -9,13 +9,12 @@
 #include <utility>
 #include <vector>
 
-#include "support/plane.h"
 #include "support/reports.h"
+#include "support/segments.h"
 
 namespace {
 
 using namespace ztmath_test;
-using Segment = ARC_SPLINE_1_seg_2d_t;
 
 constexpr double tols[] = {1.0e-9, 1.0e-7};
 
@@ -23,12 +22,6 @@ constexpr double tols[] = {1.0e-9, 1.0e-7};
 Segment arc(const Pair& center, double r, double from = 90, double to = 450) {
     const Pair start = moved(center, r, direction_at(from - 90));
     return {1, 1, {start[0], start[1]}, from, to, {center[0], center[1]}, {0, 0}, r, r};
-}
-
-Segment straight(Pair start, Pair end) {
-    Segment s;
-    ARC_SPLINE_cre_strt_seg_2d(start.data(), end.data(), end.data(), &s);
-    return s;
 }
 
 struct Common {
@@ -48,10 +41,7 @@ Common common(const Segment* a, const Segment* b, int bounded_a = 0, int bounded
 }
 
 Pair at_parm(const Segment& s, double parm) {
-    Pair point{}, tangent;
-    int status = -1;
-    ARC_SPLINE_evaluate_1_seg_2d(&s, 1, parm, point.data(), tangent.data(), &status);
-    return point;
+    return evaluated(s, parm, 1).point;
 }
 
 /// Expects two points in common, which half the chord tells apart, and the same of the segments
@@ -103,7 +93,8 @@ TEST(Intersections, LieOnBoth) {
         }
         const double d = kind == 4 ? r1 - 2e-9 - close : random.uniform(0, r1 - 0.01);
         const Pair foot = moved(c1, d, left_of(way));
-        const Segment b = straight(moved(foot, random.uniform(-9, -5), way), moved(foot, 5, way));
+        const Segment b =
+            made_straight(moved(foot, random.uniform(-9, -5), way), moved(foot, 5, way));
         expect_crossing(a, b, (r1 - d) * (r1 + d));
     }
 }
@@ -112,10 +103,11 @@ TEST(Intersections, CountWhatIsInsideBothDomains) {
     const Segment whole = arc({0, 0}, 5), other = arc({6, 0}, 5), level = arc({10, 0}, 5);
     const Segment upper = arc({0, 0}, 5, 90, 270), lower = arc({0, 0}, 5, 270, 450);
     const Segment missed = arc({0, 0}, 5, 180, 200), right = arc({0, 0}, 5, 0, 180);
-    const Segment line = straight({-9, 3}, {9, 3}), half = straight({0, 3}, {4, 3});
-    const Segment beyond = straight({7, 3}, {9, 3}), far = straight({1, 5}, {9, 5});
+    const Segment line = made_straight({-9, 3}, {9, 3}), half = made_straight({0, 3}, {4, 3});
+    const Segment beyond = made_straight({7, 3}, {9, 3}), far = made_straight({1, 5}, {9, 5});
     const double brim = 5 + 9e-10;
-    const Segment tangent = straight({-9, brim}, {9, brim}), cross = straight({0, 0}, {3, 3});
+    const Segment tangent = made_straight({-9, brim}, {9, brim}),
+                  cross = made_straight({0, 0}, {3, 3});
     // The first circle's crossings are (3, -4) and (3, 4), the line's (-4, 3) and (4, 3).
     const std::tuple<const Segment*, const Segment*, int, Pair, Pair> cases[] = {
         {&whole, &other, 2, {3, -4}, {-1, -1}},     {&lower, &other, 1, {3, -4}, {-1, -1}},
@@ -147,7 +139,7 @@ TEST(Intersections, ThatAreNone) {
     const Segment circle = arc({0, 0}, 5), ring = arc({0, 0}, 3), apart = arc({11, 0}, 5);
     const Segment dot = arc({5, 0}, 0.9e-10), small = arc({2, 0}, 5e-10);
     const Segment bad{7, 0, {}, 0, 0, {}, {}, 0, 0}, aimless{0, 0, {}, 0, 0, {}, {}, 1, 1};
-    const Segment line = straight({0, 0}, {9, 0}), parallel = straight({0, 1}, {1, 1});
+    const Segment line = made_straight({0, 0}, {9, 0}), parallel = made_straight({0, 1}, {1, 1});
     // Where numbers are coarse, points fall on centres, and have no parameter there.
     const Segment row[] = {arc({1e17, 0}, 8), arc({1e17 + 16, 0}, 8), arc({1e17 + 32, 0}, 8)};
     const double coarse = std::ldexp(1.0, 57), tiny = std::ldexp(5.0, -33);
@@ -187,7 +179,7 @@ TEST(Intersections, StayAsTheyAre) {
     EXPECT_EQ(common(&circle, &beside).count, 2);
     EXPECT_EQ(common(&circle, &beside).points[1], (Pair{5, 0}));
     // Close to the foot, the start of a straight takes its place.
-    const Segment line = straight({5e-10, 3}, {9, 3}), other = straight({0, 3}, {0, 9});
+    const Segment line = made_straight({5e-10, 3}, {9, 3}), other = made_straight({0, 3}, {0, 9});
     EXPECT_NEAR(common(&circle, &line).points[1][0] - 4, 5e-10, 1e-14);
     EXPECT_EQ(common(&line, &other).points[0], (Pair{2.5e-10, 3}));
     // A straight without a length still has its line.

@@ -18,26 +18,72 @@ Vector times(const Matrix& m, const Vector& v) {
     return {dot(row(m, 0), v), dot(row(m, 1), v), dot(row(m, 2), v)};
 }
 
+Vector normal_of(const Plane& plane) {
+    return {plane.normal[0], plane.normal[1], plane.normal[2]};
+}
+
 double value(const Plane& plane, const Vector& p) {
-    return dot({plane.normal[0], plane.normal[1], plane.normal[2]}, p) + plane.offset;
+    return dot(normal_of(plane), p) + plane.offset;
+}
+
+/// What a construction wrote; what it left alone is 7, or 9.
+struct Common {
+    Vector point{7, 7, 7}, along{7, 7, 7};
+    double parm = 7;
+    int status = 9;
+};
+
+Common common_line(const Plane& a, const Plane& b) {
+    Common c;
+    ARC_SPLINE_inter_2_monge_planes(&a, &b, tols, c.point.data(), c.along.data(), &c.status);
+    return c;
+}
+
+/// Of the plane through q.
+Common hit(const Vector& p, const Vector& q, const Vector& n, const Vector& v) {
+    Common c;
+    ARC_SPLINE_proj_pt_along_vec_on_plane(p.data(), q.data(), n.data(), v.data(), tols,
+                                          c.point.data(), &c.parm, &c.status);
+    return c;
+}
+
+struct Map {
+    Matrix r;
+    int status = 9;
+};
+
+Map smallest_rotation(const Vector& from, const Vector& to) {
+    Map map;
+    ARC_SPLINE_ask_householder_rotation(from.data(), to.data(), map.r.data(), &map.status);
+    return map;
+}
+
+Map map_of(const Vector& a1, const Vector& a2, const Vector& b1, const Vector& b2) {
+    Map map;
+    ARC_SPLINE_cre_mtx3_from_2_vecs_to_2_vecs(a1.data(), a2.data(), b1.data(), b2.data(),
+                                              map.r.data(), &map.status);
+    return map;
+}
+
+Map map_of(const Vector (&a)[3], const Vector (&b)[3]) {
+    Map map;
+    ARC_SPLINE_cre_mtx3_from_3_vecs_to_3_vecs(a[0].data(), a[1].data(), a[2].data(), b[0].data(),
+                                              b[1].data(), b[2].data(), map.r.data(), &map.status);
+    return map;
 }
 
 TEST(CirclePoint, ComesBackAsTheCircleDownToItsPoint) {
-    struct Case {
-        double x, y, z;
-        int valid;
-        double radius;
-    };
-    for (const Case& c : {Case{3, 4, 0, 1, 5}, Case{0, 0, 1, 0, -7}, Case{1, 1, 2, 1, 0},
-                          Case{0, 0, 1e-20, 1, 0}, Case{0, 0, 1.1e-20, 0, -7}}) {
-        const double p[] = {c.x, c.y, c.z};
+    const double cases[][5] = {
+        {3, 4, 0, 1, 5}, {1, 1, 2, 1, 0}, {0, 0, 1e-20, 1, 0}, {0, 0, 1.1e-20, 0, -7}};
+    for (const auto& [x, y, z, has_circle, radius] : cases) {
+        const double p[] = {x, y, z};
         unsigned char valid = 9;
         ARC_SPLINE_1_seg_2d_t circle{};
         circle.radius = -7;
         ARC_SPLINE_convert_3d_pt_to_circle_2d(p, &valid, &circle);
-        EXPECT_EQ(valid, c.valid) << c.z;
-        EXPECT_EQ(circle.radius, c.radius) << c.z;
-        EXPECT_EQ(circle.center[0], c.valid == 1 ? c.x : 0);
+        EXPECT_EQ(valid, has_circle) << z;
+        EXPECT_EQ(circle.radius, radius) << z;
+        EXPECT_EQ(circle.center[0], has_circle * x);
     }
     const double centre[] = {3, 4};
     Vector p;
@@ -98,39 +144,28 @@ TEST(CommonLine, LiesOnBothPlanesNearestTheOrigin) {
         Plane b{{}, random.normal(), 0};
         std::ranges::copy(random.vector(), a.normal);
         std::ranges::copy(random.vector(), b.normal);
-        Vector point;
-        Vector along;
-        int status = 9;
-        ARC_SPLINE_inter_2_monge_planes(&a, &b, tols, point.data(), along.data(), &status);
+        const auto [point, along, parm, status] = common_line(a, b);
         ASSERT_EQ(status, 0);
         const double scale = 1e-13 * (1 + length(point));
         EXPECT_NEAR(value(a, moved(point, 3, along)), 0, scale);
         EXPECT_NEAR(value(b, moved(point, 3, along)), 0, scale);
         EXPECT_NEAR(dot(point, along), 0, scale);
-        EXPECT_GT(dot(along, cross({a.normal[0], a.normal[1], a.normal[2]},
-                                   {b.normal[0], b.normal[1], b.normal[2]})),
-                  0);
+        EXPECT_GT(dot(along, cross(normal_of(a), normal_of(b))), 0);
     }
 }
 
 TEST(CommonLine, OfParallelPlanesIsNone) {
     const Plane level{{0, 0, 2}, -2, 0};
-    struct Case {
-        Plane other;
-        int status;
-    };
     const double tilt = 0.01 * std::acos(-1.0) / 180;
-    for (const auto& [other, status] :
-         {Case{{{0, 0, -1}, 1, 0}, 2}, Case{{{0, 0, 1}, -1.001, 0}, 2},
-          Case{{{0, 0, 1}, -1.0011, 0}, 1}, Case{{{0.99 * tilt, 0, 1}, -3, 0}, 1},
-          Case{{{1.01 * tilt, 0, 1}, -3, 0}, 0}, Case{{{0, 0, 0}, 1, 0}, 1}}) {
-        Vector point{7, 7, 7};
-        Vector along{7, 7, 7};
-        int found = 9;
-        ARC_SPLINE_inter_2_monge_planes(&level, &other, tols, point.data(), along.data(), &found);
-        EXPECT_EQ(found, status) << other.normal[0] << ' ' << other.offset;
-        EXPECT_EQ(length(along) > 0.5, status == 0);
-        EXPECT_TRUE(status == 0 || point == Vector{}) << status;
+    const std::pair<Plane, int> cases[] = {
+        {{{0, 0, -1}, 1, 0}, 2},           {{{0, 0, 1}, -1.001, 0}, 2},
+        {{{0, 0, 1}, -1.0011, 0}, 1},      {{{0.99 * tilt, 0, 1}, -3, 0}, 1},
+        {{{1.01 * tilt, 0, 1}, -3, 0}, 0}, {{{0, 0, 0}, 1, 0}, 1}};
+    for (const auto& [other, status] : cases) {
+        const Common found = common_line(level, other);
+        EXPECT_EQ(found.status, status) << other.normal[0] << ' ' << other.offset;
+        EXPECT_EQ(length(found.along) > 0.5, status == 0);
+        EXPECT_TRUE(status == 0 || found.point == Vector{}) << status;
     }
 }
 
@@ -169,38 +204,24 @@ TEST(Projection, LandsOnThePlane) {
         EXPECT_LT(distance(scaled(unit, length(part)), part), 1e-14);
 
         const Vector v = random.vector();
-        Vector hit;
-        double t = 7;
-        int status = 9;
-        ARC_SPLINE_proj_pt_along_vec_on_plane(p.data(), q.data(), n.data(), v.data(), tols,
-                                              hit.data(), &t, &status);
+        const auto [point, along, t, status] = hit(p, q, n, v);
         ASSERT_EQ(status, 0);
-        EXPECT_NEAR(dot(moved(hit, -1, q), n), 0, 1e-13 * (1 + std::fabs(t)));
-        EXPECT_LT(distance(hit, moved(p, t, v)), 1e-14 * (1 + std::fabs(t)));
+        EXPECT_NEAR(dot(moved(point, -1, q), n), 0, 1e-13 * (1 + std::fabs(t)));
+        EXPECT_LT(distance(point, moved(p, t, v)), 1e-14 * (1 + std::fabs(t)));
     }
 }
 
 TEST(Projection, AlongADirectionInThePlane) {
     const Vector n{0, 0, 1};
-    const Vector q{0, 0, 0};
     const double rise = std::sin(0.01 * std::acos(-1.0) / 180);
-    struct Case {
-        double height, slope;
-        int status;
-    };
-    for (const auto& [height, slope, expected] :
-         {Case{0.5, 0, 1}, Case{0.001, 0, -1}, Case{0.0011, 0, 1}, Case{0.5, 0.99 * rise, 1},
-          Case{0.5, 1.01 * rise, 0}}) {
+    const double cases[][3] = {
+        {0.001, 0, -1}, {0.0011, 0, 1}, {0.5, 0.99 * rise, 1}, {0.5, 1.01 * rise, 0}};
+    for (const auto& [height, slope, expected] : cases) {
         const Vector p{1, 2, height};
-        const Vector v{1, 0, slope};
-        Vector hit{7, 7, 7};
-        double t = 7;
-        int status = 9;
-        ARC_SPLINE_proj_pt_along_vec_on_plane(p.data(), q.data(), n.data(), v.data(), tols,
-                                              hit.data(), &t, &status);
+        const auto [point, along, t, status] = hit(p, {0, 0, 0}, n, {1, 0, slope});
         EXPECT_EQ(status, expected) << height << ' ' << slope;
-        EXPECT_TRUE(status != 1 || (hit == Vector{7, 7, 7} && t == 7));
-        EXPECT_TRUE(status != -1 || (hit == p && t == 0));
+        EXPECT_TRUE(status != 1 || (point == Vector{7, 7, 7} && t == 7));
+        EXPECT_TRUE(status != -1 || (point == p && t == 0));
     }
     Vector normal = n;
     EXPECT_EQ(ARC_SPLINE_adjust_vec_on_pln(1, n.data(), normal.data()), 0);
@@ -214,9 +235,7 @@ TEST(HouseholderRotation, IsTheSmallestThatTakesOneDirectionToTheOther) {
         // From opposite within 1e-9 to anywhere.
         const double off = std::pow(10, random.uniform(-9, 1));
         const Vector t = moved(scaled(f, -1), off, random.vector());
-        Matrix r;
-        int status = 9;
-        ARC_SPLINE_ask_householder_rotation(scaled(f, 3).data(), t.data(), r.data(), &status);
+        const auto [r, status] = smallest_rotation(scaled(f, 3), t);
         ASSERT_EQ(status, 0);
         EXPECT_LT(rotation_defect(r), 1e-14);
         EXPECT_LT(distance(times(r, f), scaled(t, 1 / length(t))), 1e-15 * 8);
@@ -227,9 +246,7 @@ TEST(HouseholderRotation, IsTheSmallestThatTakesOneDirectionToTheOther) {
 
 TEST(HouseholderRotation, OfOppositeDirectionsIsAHalfTurn) {
     const Vector f{0, 0, 2};
-    Matrix r;
-    int status = 9;
-    ARC_SPLINE_ask_householder_rotation(f.data(), scaled(f, -1).data(), r.data(), &status);
+    const auto [r, status] = smallest_rotation(f, scaled(f, -1));
     EXPECT_EQ(status, 0);
     EXPECT_LT(rotation_defect(r), 1e-15);
     EXPECT_EQ(times(r, f), (Vector{0, 0, -2}));
@@ -274,27 +291,19 @@ TEST(MapsOfVectors, TakePairsAndTriplesToTheirImages) {
         Vector b[3];
         for (std::size_t k = 0; k < 3; ++k)
             a[k] = random.vector(), b[k] = random.vector();
+        const Map triple = map_of(a, b);
+        ASSERT_EQ(triple.status, 0);
+        for (std::size_t k = 0; k < 3; ++k)
+            EXPECT_LT(distance(times(triple.r, a[k]), b[k]), 1e-10);
         // Nearly parallel pairs too.
-        a[1] = moved(scaled(a[0], 2), std::pow(10, random.uniform(-9, 0)), a[1]);
-        Matrix r;
-        int status = 9;
-        ARC_SPLINE_cre_mtx3_from_2_vecs_to_2_vecs(a[0].data(), a[1].data(), b[0].data(),
-                                                  b[1].data(), r.data(), &status);
+        const double off = length(a[0]) * std::pow(10, random.uniform(-9, 0));
+        a[1] = moved(scaled(a[0], 2), off, unit_of(cross(a[0], a[1])));
+        const auto [r, status] = map_of(a[0], a[1], b[0], b[1]);
         ASSERT_EQ(status, 0);
         EXPECT_LT(rotation_defect(r), 1e-14);
-        EXPECT_LT(
-            distance(scaled(times(r, a[0]), 1 / length(a[0])), scaled(b[0], 1 / length(b[0]))),
-            1e-14);
+        EXPECT_LT(distance(times(r, unit_of(a[0])), unit_of(b[0])), 1e-14);
         const Vector image = times(r, a[1]);
         EXPECT_NEAR(dot(image, cross(b[0], b[1])), 0, 1e-13 * length(image) * length(b[1]) * 10);
-
-        a[1] = random.vector();
-        ARC_SPLINE_cre_mtx3_from_3_vecs_to_3_vecs(a[0].data(), a[1].data(), a[2].data(),
-                                                  b[0].data(), b[1].data(), b[2].data(), r.data(),
-                                                  &status);
-        ASSERT_EQ(status, 0);
-        for (std::size_t k = 0; k < 3; ++k)
-            EXPECT_LT(distance(times(r, a[k]), b[k]), 1e-10);
     }
 }
 
@@ -303,27 +312,18 @@ TEST(MapsOfVectors, OfNullOrParallelVectorsAreTheIdentity) {
     const Vector y{0, 1, 0};
     const Vector null{0, 0, 1e-10};
     const Vector near{1, 0.9e-10, 0};
-    const auto expect_none = [](const Matrix& r, int status) {
-        EXPECT_EQ(status, 1);
-        EXPECT_EQ(r, identity);
+    const auto expect_none = [](const Map& map) {
+        EXPECT_EQ(map.status, 1);
+        EXPECT_EQ(map.r, identity);
     };
-    Matrix r;
-    int status = 9;
-    ARC_SPLINE_ask_householder_rotation(null.data(), x.data(), r.data(), &status);
-    expect_none(r, status);
-    ARC_SPLINE_ask_householder_rotation(x.data(), null.data(), r.data(), &status);
-    expect_none(r, status);
+    expect_none(smallest_rotation(null, x));
+    expect_none(smallest_rotation(x, null));
     for (const Vector& bad : {null, x, near, scaled(near, -5)}) {
-        ARC_SPLINE_cre_mtx3_from_2_vecs_to_2_vecs(x.data(), bad.data(), x.data(), y.data(),
-                                                  r.data(), &status);
-        expect_none(r, status);
-        ARC_SPLINE_cre_mtx3_from_2_vecs_to_2_vecs(x.data(), y.data(), x.data(), bad.data(),
-                                                  r.data(), &status);
-        expect_none(r, status);
+        expect_none(map_of(x, bad, x, y));
+        expect_none(map_of(x, y, x, bad));
     }
-    ARC_SPLINE_cre_mtx3_from_3_vecs_to_3_vecs(x.data(), y.data(), x.data(), x.data(), y.data(),
-                                              null.data(), r.data(), &status);
-    expect_none(r, status);
+    expect_none(map_of({x, y, x}, {x, y, null}));
+    int status = 9;
     double m[16];
     ARC_SPLINE_ask_householder_transformation(x.data(), null.data(), m, &status);
     EXPECT_EQ(status, 1);

@@ -8,38 +8,27 @@
 #include <functional>
 #include <vector>
 
-#include "support/random.h"
 #include "support/reports.h"
+#include "support/segments.h"
 #include "support/session.h"
 
 namespace {
 
 using namespace ztmath_test;
-using Segment = ARC_SPLINE_1_seg_2d_t;
-using Point = std::array<double, 2>;
 
 constexpr double tols[] = {1.0e-9, 1.0e-7, 1.0e-9};
 
 struct Circle {
-    Point c;
+    Pair c;
     double r;
 };
 
 Segment record(const Circle& circle) {
-    Segment s;
-    ARC_SPLINE_cre_circle_from_center_and_radius_2d(circle.c.data(), circle.r, &s);
-    return s;
+    return made_circle(circle.c, circle.r);
 }
 
-Segment line(const Point& p, const Point& along) {
-    Point end = {p[0] + along[0], p[1] + along[1]};
-    Segment s;
-    ARC_SPLINE_cre_strt_seg_2d(p.data(), end.data(), along.data(), &s);
-    return s;
-}
-
-double distance(const double* a, const double* b) {
-    return std::hypot(a[0] - b[0], a[1] - b[1]);
+Segment line(const Pair& p, const Pair& along) {
+    return made_straight(p, moved(p, 1, along));
 }
 
 /// What a construction gave: its status and its circles.
@@ -64,7 +53,7 @@ Answer touching_three(const Circle& a, const Circle& b, const Circle& c) {
     return std::move(x).only();
 }
 
-Answer through_point(const Circle& a, const Circle& b, const Point& p) {
+Answer through_point(const Circle& a, const Circle& b, const Pair& p) {
     const Segment s[] = {record(a), record(b)};
     Answer x;
     ARC_SPLINE_cre_circle_tangent_to_2_circles_and_a_pt(&s[0], &s[1], p.data(), tols, &x.count,
@@ -80,7 +69,7 @@ Answer of_radius(const Circle& a, const Circle& b, double radius) {
     return std::move(x).only();
 }
 
-Answer through_two(const Point& p, const Point& q, const Circle& c) {
+Answer through_two(const Pair& p, const Pair& q, const Circle& c) {
     const Segment s = record(c);
     Answer x, y;
     ARC_SPLINE_cre_circle_thru_2_points_tangent_to_circle(p.data(), q.data(), &s, tols, &x.count,
@@ -93,7 +82,7 @@ Answer through_two(const Point& p, const Point& q, const Circle& c) {
 }
 
 /// At a point of a line: against a circle, against a line, and at an angle to a circle.
-Answer at_point(const Segment& other, const Segment& on, const Point& p, double angle = -1.0) {
+Answer at_point(const Segment& other, const Segment& on, const Pair& p, double angle = -1.0) {
     Answer x;
     Segment* const out = x.circles.data();
     if (other.type == 0)
@@ -108,43 +97,42 @@ Answer at_point(const Segment& other, const Segment& on, const Point& p, double 
     return std::move(x).only();
 }
 
-/// How far a circle is from touching another, or from a point; 0 when it does.
+/// How far a circle is from touching another, or from a point, from outside and from inside.
+Pair gaps(const Segment& s, const Circle& c) {
+    const double d = distance(center_of(s), c.c);
+    return {std::fabs(d - (s.radius + c.r)), std::fabs(d - std::fabs(s.radius - c.r))};
+}
+
 double gap(const Segment& s, const Circle& c) {
-    const double d = distance(s.center, c.c.data());
-    return std::min(std::fabs(d - (s.radius + c.r)), std::fabs(d - std::fabs(s.radius - c.r)));
+    return std::ranges::min(gaps(s, c));
 }
 
 unsigned code_of(const Segment& s, const std::vector<Circle>& given) {
     unsigned code = 0;
-    for (const Circle& c : given) {
-        const double d = distance(s.center, c.c.data());
-        const bool inside =
-            std::fabs(d - (s.radius + c.r)) > std::fabs(d - std::fabs(s.radius - c.r));
-        code = 2 * code + (inside ? 1 : 0);
-    }
+    for (const Circle& c : given)
+        code = 2 * code + (gaps(s, c)[0] > gaps(s, c)[1] ? 1 : 0);
     return code;
 }
 
 void expect_touching(const Answer& x, const std::vector<Circle>& given,
-                     const std::vector<Point>& through) {
+                     const std::vector<Pair>& through) {
     EXPECT_EQ(x.status, 0);
     for (const Segment& s : x.circles) {
         const double slack = 1.0e-9 * std::max(10.0, s.radius);
         for (const Circle& c : given)
             EXPECT_LT(gap(s, c), slack);
-        for (const Point& p : through)
+        for (const Pair& p : through)
             EXPECT_LT(gap(s, {p, 0.0}), slack);
     }
 }
 
-void expect_order_by_code(const Answer& x, const std::vector<Circle>& given) {
+/// By code, and of one code by radius.
+void expect_order(const Answer& x, const std::vector<Circle>& given) {
     for (std::size_t i = 1; i < x.circles.size(); ++i) {
-        const unsigned before = code_of(x.circles[i - 1], given);
-        const unsigned now = code_of(x.circles[i], given);
-        EXPECT_LE(before, now);
-        if (before == now) {
-            EXPECT_LE(x.circles[i - 1].radius, x.circles[i].radius + 1.0e-8);
-        }
+        const Segment &before = x.circles[i - 1], &now = x.circles[i];
+        EXPECT_LE(code_of(before, given), code_of(now, given));
+        EXPECT_TRUE(code_of(before, given) < code_of(now, given) ||
+                    before.radius <= now.radius + 1.0e-8);
     }
 }
 
@@ -158,21 +146,20 @@ TEST(TangentCircles, TouchWhatTheyMust) {
     for (int round = 0; round < rounds(3000); ++round) {
         const Circle a = random_circle(random), b = random_circle(random),
                      c = random_circle(random);
-        const Point p = random.vector<2>(), q = random.vector<2>();
+        const Pair p = random.vector<2>(), q = random.vector<2>();
         SCOPED_TRACE(round);
         const Answer three = touching_three(a, b, c);
         expect_touching(three, {a, b, c}, {});
-        expect_order_by_code(three, {a, b, c});
+        expect_order(three, {a, b, c});
         const Answer two = through_point(a, b, p);
         expect_touching(two, {a, b}, {p});
-        expect_order_by_code(two, {a, b});
+        expect_order(two, {a, b});
         const Answer radius = of_radius(a, b, 0.7);
         expect_touching(radius, {a, b}, {});
-        expect_order_by_code(radius, {a, b});
+        expect_order(radius, {a, b});
         const Answer chord = through_two(p, q, a);
         expect_touching(chord, {a}, {p, q});
-        const bool alike =
-            (distance(p.data(), a.c.data()) < a.r) == (distance(q.data(), a.c.data()) < a.r);
+        const bool alike = (distance(p, a.c) < a.r) == (distance(q, a.c) < a.r);
         EXPECT_EQ(chord.count, alike ? 2 : 0);
         most[0] = std::max(most[0], three.count);
         most[1] = std::max(most[1], two.count);
@@ -224,21 +211,16 @@ TEST(TangentCircles, MoveWithTheData) {
     for (int round = 0; round < rounds(500); ++round) {
         const Circle a = random_circle(random), b = random_circle(random),
                      c = random_circle(random);
-        const double angle = random.uniform(0, 6), size = std::exp(random.uniform(-4, 4));
-        const Point by = {10 * random.normal(), 10 * random.normal()};
-        const auto moved = [&](const Point& p) {
-            return Point{size * (std::cos(angle) * p[0] - std::sin(angle) * p[1]) + by[0],
-                         size * (std::sin(angle) * p[0] + std::cos(angle) * p[1]) + by[1]};
+        const Similarity move(random);
+        const auto image = [&](const Circle& x) {
+            return Circle{move.point(x.c), move.scale * x.r};
         };
-        const auto image = [&](const Circle& x) { return Circle{moved(x.c), size * x.r}; };
         const Answer here = touching_three(a, b, c);
         const Answer there = touching_three(image(a), image(b), image(c));
         ASSERT_EQ(here.count, there.count);
         for (int i = 0; i < here.count; ++i) {
-            const Point center = moved({here.circles[i].center[0], here.circles[i].center[1]});
-            const double slack =
-                1e-7 * size * (1.0 + here.circles[i].radius * here.circles[i].radius);
-            ASSERT_LT(distance(center.data(), there.circles[i].center), slack) << round;
+            const double r = here.circles[i].radius, slack = 1e-7 * move.scale * (1 + r * r);
+            expect_near(center_of(there.circles[i]), move.point(center_of(here.circles[i])), slack);
         }
     }
 }
@@ -247,7 +229,7 @@ TEST(CirclesAtAPoint, TouchTheLineThereAndTheRest) {
     Random random;
     for (int round = 0; round < rounds(3000); ++round) {
         const Circle c = random_circle(random);
-        const Point p = random.vector<2>();
+        const Pair p = random.vector<2>();
         const Segment on = line(p, random.vector<2>());
         const Segment other = line(random.vector<2>(), random.vector<2>());
         const double angle = random.uniform(0, 90);
@@ -256,11 +238,11 @@ TEST(CirclesAtAPoint, TouchTheLineThereAndTheRest) {
             EXPECT_EQ(x.status, 0);
             for (int i = 0; i < x.count; ++i) {
                 const Segment& s = x.circles[i];
-                const double across[] = {s.center[0] - p[0], s.center[1] - p[1]};
+                const Pair across = moved(center_of(s), -1, p);
+                const Pair along = {on.direction[0], on.direction[1]};
                 const double slack = 1e-9 * std::max(10.0, s.radius);
-                EXPECT_NEAR(across[0] * on.direction[0] + across[1] * on.direction[1], 0, slack);
-                const double left = across[1] * on.direction[0] - across[0] * on.direction[1];
-                EXPECT_NEAR(left, s.orientation * s.radius, slack);
+                EXPECT_NEAR(dot(across, along), 0, slack);
+                EXPECT_NEAR(dot(across, left_of(along)), s.orientation * s.radius, slack);
                 EXPECT_EQ(s.start_point[0], p[0]);
                 EXPECT_LT(std::fabs(miss(s)), slack);
             }
@@ -271,15 +253,14 @@ TEST(CirclesAtAPoint, TouchTheLineThereAndTheRest) {
         };
         expect_at_point(at_point(record(c), on, p), [&](const Segment& s) { return gap(s, c); });
         expect_at_point(at_point(other, on, p), [&](const Segment& s) {
-            const double height = (s.center[1] - other.start_point[1]) * other.direction[0] -
-                                  (s.center[0] - other.start_point[0]) * other.direction[1];
-            return std::fabs(height) - s.radius;
+            const Pair start = {other.start_point[0], other.start_point[1]};
+            const Pair aside = left_of({other.direction[0], other.direction[1]});
+            return std::fabs(dot(moved(center_of(s), -1, start), aside)) - s.radius;
         });
         // The law of cosines in the triangle of the centres and a crossing.
         expect_at_point(at_point(record(c), on, p, angle), [&](const Segment& s) {
-            const double d = distance(s.center, c.c.data());
-            const double cosine = std::cos(angle * 0.01745329251994328);
-            const double twice = 2.0 * s.radius * c.r * cosine;
+            const double d = distance(center_of(s), c.c);
+            const double twice = 2.0 * s.radius * c.r * direction_at(angle)[0];
             const double rest = d * d - s.radius * s.radius - c.r * c.r;
             return (std::fabs(rest) - twice) / (s.radius + c.r + d);
         });
@@ -299,7 +280,6 @@ TEST(CirclesAtAPoint, TouchTheLineThereAndTheRest) {
 TEST(TangentCircles, SayWhatCannotBeServed) {
     const CheckingLevel on(1);
     ReportRecorder recorder;
-    const std::string module = "arc_spline_apollonian_constructions";
     const Segment circle = record({{0, 0}, 1});
     const Segment x_axis = line({0, 0}, {1, 0});
     const Circle a{{0, 0}, 1}, b{{4, 0}, 1}, null{{0, 0}, 0};
@@ -324,11 +304,11 @@ TEST(TangentCircles, SayWhatCannotBeServed) {
     EXPECT_EQ(status, 1);
     EXPECT_EQ(
         recorder.take(),
-        (Reports{
-            assertion(module, "( local_status_flag == 0 && type_2 == 1 && radius_2 >= tols[0] )"),
-            assertion(module, "( given_radius >= tols[0] )"),
-            internal(module, "The input value of the angle is not valid."),
-            assertion(module, "seg_ptr_1 && seg_ptr_2")}));
+        (Reports{assertion(arc_module,
+                           "( local_status_flag == 0 && type_2 == 1 && radius_2 >= tols[0] )"),
+                 assertion(arc_module, "( given_radius >= tols[0] )"),
+                 internal(arc_module, "The input value of the angle is not valid."),
+                 assertion(arc_module, "seg_ptr_1 && seg_ptr_2")}));
 }
 
 }  // namespace

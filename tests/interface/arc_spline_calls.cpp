@@ -46,13 +46,8 @@ std::vector<Call> segment_calls() {
         mixed_row<ARC_SPLINE_ask_1_seg_2d_data>({in, 1}, {2, 2, 2, 1, 1, 2, 2, 2, 2, 2, 2, 2}),
         mixed_row<ARC_SPLINE_ask_is_arc_rather_strt_2d, first>({in, 3}, {out, 2}),
         mixed_row<ARC_SPLINE_ask_perp_vec>({1, 2}, {2}),
-        {"ARC_SPLINE_ask_angle_from_tan",
-         {2},
-         {},
-         [](In from, Out) {
-             return ARC_SPLINE_ask_angle_from_tan(from[0][0], from[0][1], 180) +
-                    ARC_SPLINE_ask_angle_from_tan(from[0][0], from[0][1], 90);
-         }},
+        row<ARC_SPLINE_ask_angle_from_tan, 180>({1, 1}),
+        row<ARC_SPLINE_ask_angle_from_tan, 90>({1, 1}),
         mixed_row<ARC_SPLINE_reverse_parm_of_1_seg_2d, first>({in}, {out}),
         mixed_row<ARC_SPLINE_reverse_parm_of_strt_2d, first>({in}, {out}),
         mixed_row<ARC_SPLINE_reverse_parm_of_arc_2d, first>({in}, {out}),
@@ -81,17 +76,13 @@ std::vector<Call> primitive_calls() {
         mixed_row<ARC_SPLINE_inter_line_line_2d, 1U << 4 | 1U << 5>({2, 2, 2, 1, 2, 2},
                                                                     {2, 2, 2, 2, 1, 2}),
         mixed_row<ARC_SPLINE_re_order_3pts_2d, second | third | fourth>({1, 2, 2, 2}, {2, 2, 2, 2}),
-        {"ARC_SPLINE_re_order_3pts_3d",
-         {1, 9},
-         {9},
-         [](In from, Out to) -> double {
-             int status = 0;
-             std::copy_n(from[1], 9, to[0]);
-             ARC_SPLINE_re_order_3pts_3d(*from[0], to[0], to[0] + 3, to[0] + 6, &status);
-             return status;
-         },
-         nullptr,
-         false},
+        copying("ARC_SPLINE_re_order_3pts_3d", {1, 9}, {9},
+                [](In from, Out to) -> double {
+                    int status = 0;
+                    std::copy_n(from[1], 9, to[0]);
+                    ARC_SPLINE_re_order_3pts_3d(*from[0], to[0], to[0] + 3, to[0] + 6, &status);
+                    return status;
+                }),
         mixed_row<ARC_SPLINE_ask_3pts_collinearity_2d>({2, 2, 2, 2, 1}, {2}),
         mixed_row<ARC_SPLINE_ask_3pts_collinearity_3d>({3, 3, 3, 2, 1}, {2}),
         mixed_row<ARC_SPLINE_ask_sign_of_var>({1, 1}),

@@ -56,12 +56,6 @@ double whole_records(In in, Out out) {
     return sum;
 }
 
-double box_of(In in, Out out) {
-    const int n = 3;
-    bc_xyz_box(in[0], &n, out[0]);
-    return 0.0;
-}
-
 double knots_of(In in, Out out) {
     const int n = 7;
     const int periodic = 1;
@@ -97,7 +91,7 @@ std::vector<Call> curve_calls() {
         row<bc_POLE_project_to_line>({4, 4, 4}, {4}),
         row<bc_POLE_average_in_3d, 3>({12}, {3}),
         row<bc_POLE_identical_poles_in_3d, 3>({12}),
-        {"bc_xyz_box", {12}, {6}, box_of},
+        row<bc_xyz_box, 3>({12}, {6}),
         row<h430_>({3, 3, 3}, {3}),
         {"knot_seq_order_4", {7}, {13}, knots_of, ascending},
     };

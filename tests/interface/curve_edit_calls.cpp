@@ -114,10 +114,7 @@ void release_held() {
 
 std::vector<Call> curve_edit_calls() {
     std::vector<Call> rows = {
-        {"BCDF_CALC_parameters",
-         {12},
-         {4},
-         [](In in, Out out) { return BCDF_CALC_parameters(4, 3, in[0], 1.0, out[0]), 0.0; }},
+        row<BCDF_CALC_parameters, 4, 3>({12, 1}, {4}),
         row<BCDF_CALC_weights, 9>({9}, {9}),
         row<BCDF_CALC_single_weight, 9, 4>({9}),
         row<BCDF_CALC_quadratic_apprx, 1, 2>({3, 3, 3, 3, 1}, {9}),

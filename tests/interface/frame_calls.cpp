@@ -1,7 +1,7 @@
 // Session state: each row sets the words it depends on.
 #include <algorithm>
 
-#include "interface/table.h"
+#include "interface/row.h"
 #include "ztmath/acom.h"
 #include "ztmath/session.h"
 #include "ztmath/tolerance.h"
@@ -11,15 +11,16 @@ namespace ztmath_test {
 
 namespace {
 
-/// The WCS matrix, its origin, what is mapped.
-const std::vector<std::size_t> mapping = {9, 3, 3};
-
+/// With the WCS matrix, its origin, what is mapped.
 template <void (*map)(const double*, double*)>
-double mapped(In in, Out out) {
-    std::copy_n(in[0], 9, acom_.wcs_matrix);
-    std::copy_n(in[1], 3, acom_.wcs_origin);
-    map(in[2], out[0]);
-    return 0;
+Call mapping() {
+    const auto run = [](In in, Out out) -> double {
+        std::copy_n(in[0], 9, acom_.wcs_matrix);
+        std::copy_n(in[1], 3, acom_.wcs_origin);
+        map(in[2], out[0]);
+        return 0;
+    };
+    return {name_of<map>(), {9, 3, 3}, {3}, run};
 }
 
 double tolerances(In in, Out out) {
@@ -38,9 +39,12 @@ int chosen(double number, int bad, int good) {
 }
 
 template <void (*set)(int), int (*ask)(), int bad, int good>
-double setting(In in, Out) {
-    set(chosen(*in[0], bad, good));
-    return ask();
+Call setting() {
+    const auto run = [](In in, Out) -> double {
+        set(chosen(*in[0], bad, good));
+        return ask();
+    };
+    return {name_of<set>(), {1}, {}, run};
 }
 
 double grid_counts(In in, Out out) {
@@ -57,23 +61,17 @@ double grid_counts(In in, Out out) {
 std::vector<Call> frame_calls() {
     std::vector<Call> calls = {
         {"sys22_", {1, 1, 1}, {1}, tolerances},
-        {"mapvaw_", mapping, {3}, mapped<mapvaw_>},
-        {"mapvwa_", mapping, {3}, mapped<mapvwa_>},
-        {"mappaw_", mapping, {3}, mapped<mappaw_>},
-        {"mappwa_", mapping, {3}, mapped<mappwa_>},
-        {"map10_", mapping, {3}, mapped<map10_>},
-        {"map11_", mapping, {3}, mapped<map11_>},
-        {"map12_", mapping, {3}, mapped<map12_>},
-        {"map13_", mapping, {3}, mapped<map13_>},
-        {"WCS_set_wcs_display", {1}, {}, setting<WCS_set_wcs_display, WCS_ask_wcs_display, 2, 1>},
-        {"DISPLAY_set_system_color",
-         {1},
-         {},
-         setting<DISPLAY_set_system_color, DISPLAY_ask_system_color, 0, 217>},
-        {"DISPLAY_set_view_of_last_cursor",
-         {1},
-         {},
-         setting<DISPLAY_set_view_of_last_cursor, DISPLAY_ask_view_of_last_cursor, 0, 3>},
+        mapping<mapvaw_>(),
+        mapping<mapvwa_>(),
+        mapping<mappaw_>(),
+        mapping<mappwa_>(),
+        mapping<map10_>(),
+        mapping<map11_>(),
+        mapping<map12_>(),
+        mapping<map13_>(),
+        setting<WCS_set_wcs_display, WCS_ask_wcs_display, 2, 1>(),
+        setting<DISPLAY_set_system_color, DISPLAY_ask_system_color, 0, 217>(),
+        setting<DISPLAY_set_view_of_last_cursor, DISPLAY_ask_view_of_last_cursor, 0, 3>(),
         {"PX_set_default_face_grid_counts", {2}, {2}, grid_counts},
     };
     for (Call& call : calls)

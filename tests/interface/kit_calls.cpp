@@ -29,12 +29,6 @@ void prepare_drifted(Random& random, Arrays& inputs) {
         element += 1.0e-7 * random.normal();
 }
 
-double all_angles(In in, Out out) {
-    int count = -1;
-    MTX3_ask_all_roll_pitch_yaw(in[0], &count, out[0]);
-    return count;
-}
-
 }  // namespace
 
 std::vector<Call> kit_calls() {
@@ -61,7 +55,7 @@ std::vector<Call> kit_calls() {
         row<MTX3_rot_about_axis>({1, 3}, {9}),
         row<MTX3_init_roll_pitch_yaw>({1, 1, 1}, {9}),
         row<MTX3_ask_roll_pitch_yaw>({9}, {1, 1, 1}, prepare_rotations),
-        {"MTX3_ask_all_roll_pitch_yaw", {9}, {24}, all_angles, prepare_rotations},
+        row<MTX3_ask_all_roll_pitch_yaw>({9}, {24}, prepare_rotations),
         row<MTX3_is_ortho_normal>({9}, {}, prepare_rotations),
         in_place<MTX3_ortho_normalize, 9>(prepare_drifted),
         row<MTX3_is_equal>({9, 9, 1}, {}, prepare_rotations),

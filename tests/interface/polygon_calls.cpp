@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "interface/table.h"
+#include "interface/row.h"
 #include "ztmath/facet.h"
 #include "ztmath/ptf.h"
 
@@ -49,18 +49,10 @@ double clip_ears(In in, Out out) {
 
 std::vector<Call> polygon_calls() {
     return {
-        {"PTF_poly_tri_fill", {2 * size}, {7 * size}, fill, prepare_star<2>, false},
-        {"PTF_validate_boundary",
-         {2 * size},
-         {},
-         [](In in, Out) -> double { return PTF_validate_boundary(size, in[0]); },
-         prepare_star<2>},
-        {"FACET_ask_triangles_of_polygon",
-         {3 * size, 3},
-         {3 * (size - 2)},
-         clip_ears,
-         prepare_star<3>,
-         false},
+        copying("PTF_poly_tri_fill", {2 * size}, {7 * size}, fill, prepare_star<2>),
+        row<PTF_validate_boundary, size>({2 * size}, {}, prepare_star<2>),
+        copying("FACET_ask_triangles_of_polygon", {3 * size, 3}, {3 * (size - 2)}, clip_ears,
+                prepare_star<3>),
     };
 }
 

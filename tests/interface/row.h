@@ -27,8 +27,10 @@ struct Arguments {
             return **in++;
         else if constexpr (std::is_same_v<Parameter, int*>)
             return &flag;
+        else if constexpr (std::is_same_v<Parameter, const int*>)
+            return integers++;
         else
-            return *integers++;
+            return static_cast<Parameter>(*integers++);
     }
     In in;
     Out out;
@@ -37,7 +39,7 @@ struct Arguments {
 };
 
 template <class Result, class... Parameters>
-double called(Result (*function)(Parameters...), In in, Out out, const int* integers = nullptr) {
+double called(Result (*function)(Parameters...), In in, Out out, const int* integers) {
     Arguments arguments{in, out, integers};
     const std::tuple<Parameters...> values{arguments.next<Parameters>()...};
     if constexpr (std::is_void_v<Result>) {
@@ -68,14 +70,16 @@ Call row(std::vector<std::size_t> inputs, std::vector<std::size_t> outputs = {},
     return {name_of<function>(), std::move(inputs), std::move(outputs), run, prepare};
 }
 
-/// The row of a function that changes an array in place.
-template <auto function, std::size_t size>
+/// The row of a function that changes its last array in place; the sizes of those before it follow.
+/// Flags are set.
+template <auto function, std::size_t size, std::size_t... before>
 Call in_place(void (*prepare)(Random&, Arrays&) = nullptr) {
     const auto run = [](In in, Out out) {
-        std::copy_n(in[0], size, out[0]);
-        return called(function, in, out);
+        static constexpr int set[] = {1, 0};
+        std::copy_n(in[sizeof...(before)], size, out[0]);
+        return called(function, in, out, set);
     };
-    return {name_of<function>(), {size}, {size}, run, prepare, false};
+    return {name_of<function>(), {before..., size}, {size}, run, prepare, false};
 }
 
 /// Puts rotations in the place of arrays of nine, of the axes of frames and the blocks of

@@ -176,65 +176,39 @@ double made(In in, Out out) {
     return 0;
 }
 
-/// The matrix in the form that a function takes: row pointers, or flat.
-template <class Form>
-Form in_form(RowsOf<helper_size>& matrix) {
-    if constexpr (std::is_same_v<Form, double**>)
-        return matrix;
-    else
-        return matrix.pointers[0];
-}
-
-template <class Form, class... Sizes>
-void call_with(void (*function)(Form, Sizes...), RowsOf<helper_size>& matrix) {
-    function(in_form<Form>(matrix), static_cast<Sizes>(helper_size)...);
-}
-
-template <class Form>
-void call_with(void (*multiply)(Form, Form, int, int, int, Form), RowsOf<helper_size>& a,
-               RowsOf<helper_size>& b, RowsOf<helper_size>& product) {
-    multiply(in_form<Form>(a), in_form<Form>(b), helper_size, helper_size, helper_size,
-             in_form<Form>(product));
+/// Calls with square matrices, as row pointers or flat, and their size for every integer. The last
+/// matrix is written; an only one is read as well.
+template <class... Parameters>
+void call_on_squares(void (*function)(Parameters...), In in, Out out) {
+    constexpr int matrices = (std::is_pointer_v<Parameters> + ...);
+    double elements[matrices][helper_square] = {};
+    for (int k = 0; k < std::max(matrices - 1, 1); ++k)
+        std::copy_n(in[k], helper_square, elements[k]);
+    double* rows[matrices][helper_size];
+    for (int k = 0; k < matrices; ++k)
+        std::copy_n(RowsOf<helper_size>(elements[k], helper_size).pointers, helper_size, rows[k]);
+    std::size_t next = 0;
+    const auto argument = [&]<class Parameter>(std::type_identity<Parameter>) -> Parameter {
+        if constexpr (std::is_same_v<Parameter, double**>)
+            return rows[next++];
+        else if constexpr (std::is_pointer_v<Parameter>)
+            return elements[next++];
+        else
+            return helper_size;
+    };
+    const std::tuple<Parameters...> values{argument(std::type_identity<Parameters>())...};
+    std::apply(function, values);
+    std::copy_n(elements[matrices - 1], helper_square, out[0]);
 }
 
 template <auto function>
-Call changing() {
+Call on_squares(std::size_t read = 1) {
     const auto run = [](In in, Out out) {
-        RowsOf<helper_size> rows(copied<helper_square>(in, out, 0), helper_size);
-        call_with(function, rows);
+        call_on_squares(function, in, out);
         return 0.0;
     };
-    return copying(name_of<function>(), {helper_square}, {helper_square}, run);
-}
-
-template <auto multiply>
-Call multiplying() {
-    const auto run = [](In in, Out out) {
-        double a[helper_square];
-        double b[helper_square];
-        std::copy_n(in[0], helper_square, a);
-        std::copy_n(in[1], helper_square, b);
-        RowsOf<helper_size> first(a, helper_size);
-        RowsOf<helper_size> second(b, helper_size);
-        RowsOf<helper_size> product(out[0], helper_size);
-        call_with(multiply, first, second, product);
-        return 0.0;
-    };
-    return copying(name_of<multiply>(), {helper_square, helper_square}, {helper_square}, run);
-}
-
-double copied_1d_to_2d(In in, Out out) {
-    RowsOf<helper_size> rows(out[0], helper_size);
-    NR_matrix_copy_1d_to_2d(in[0], helper_size, helper_size, rows);
-    return 0;
-}
-
-double copied_2d_to_1d(In in, Out out) {
-    double elements[helper_square];
-    std::copy_n(in[0], helper_square, elements);
-    RowsOf<helper_size> rows(elements, helper_size);
-    NR_matrix_copy_2d_to_1d(rows, helper_size, helper_size, out[0]);
-    return 0;
+    constexpr std::size_t square = helper_square;
+    return copying(name_of<function>(), std::vector(read, square), {square}, run);
 }
 
 }  // namespace
@@ -274,28 +248,23 @@ std::vector<Call> solve_calls() {
                 power_iterated, prepare_definite<power_size, 0>),
         copying("NR_cholesky_decomp", {factor_square}, {factor_square, factor_size},
                 cholesky_decomposed, prepare_definite<factor_size, 0>),
-        {"NR_cholesky_solver",
-         {factor_square, factor_size, factor_size},
-         {factor_size},
-         [](In in, Out out) -> double {
-             return NR_cholesky_solver(in[0], factor_size, in[1], in[2], out[0]);
-         },
-         prepare_factor<factor_size>},
+        row<NR_cholesky_solver, factor_size>({factor_square, factor_size, factor_size},
+                                             {factor_size}, prepare_factor<factor_size>),
         copying("NR_cholesky_inverse", {factor_square, factor_size}, {factor_square},
                 cholesky_inverted, prepare_factor<factor_size>),
         copying("NR_2d_matrix_allo", {square}, {square}, made),
-        {"NR_matrix_copy_1d_to_2d", {square}, {square}, copied_1d_to_2d},
-        copying("NR_matrix_copy_2d_to_1d", {square}, {square}, copied_2d_to_1d),
-        changing<NR_2d_matrix_identity>(),
-        changing<NR_2d_matrix_init_zero>(),
-        changing<NR_2d_matrix_nxn_transp>(),
-        multiplying<NR_2d_matrix_product_of_2>(),
-        changing<NR_matrix_2d_as_1d_identity>(),
-        changing<NR_matrix_2d_as_1d_init_zero>(),
-        changing<NR_matrix_2d_as_1d_init_zero_ut>(),
-        changing<NR_matrix_2d_as_1d_init_zero_lt>(),
-        changing<NR_matrix_2d_as_1d_nxn_transp>(),
-        multiplying<NR_matrix_2d_as_1d_product_of_2>(),
+        on_squares<NR_matrix_copy_1d_to_2d>(),
+        on_squares<NR_matrix_copy_2d_to_1d>(),
+        on_squares<NR_2d_matrix_identity>(),
+        on_squares<NR_2d_matrix_init_zero>(),
+        on_squares<NR_2d_matrix_nxn_transp>(),
+        on_squares<NR_2d_matrix_product_of_2>(2),
+        on_squares<NR_matrix_2d_as_1d_identity>(),
+        on_squares<NR_matrix_2d_as_1d_init_zero>(),
+        on_squares<NR_matrix_2d_as_1d_init_zero_ut>(),
+        on_squares<NR_matrix_2d_as_1d_init_zero_lt>(),
+        on_squares<NR_matrix_2d_as_1d_nxn_transp>(),
+        on_squares<NR_matrix_2d_as_1d_product_of_2>(2),
     };
 }
 

@@ -22,17 +22,6 @@ void prepare_axes(Random& random, Arrays& inputs) {
     }
 }
 
-double closest_of_four(In in, Out out) {
-    PNT3_ask_closest_point(in[0], in[1], in[2], 4, out[0]);
-    return 0;
-}
-
-double expanded_box(In in, Out out) {
-    std::copy_n(in[1], 6, out[0]);
-    BOX3_expand_with_box(in[0], out[0]);
-    return 0;
-}
-
 }  // namespace
 
 std::vector<Call> transform_calls() {
@@ -86,8 +75,8 @@ std::vector<Call> transform_calls() {
         row<PLN3_is_segment_intersecting>({6, 3, 3, 1}),
         row<PNT3_is_colinear>({3, 3, 3, 1}),
         row<PNT3_colinear_condition>({3, 3, 3, 1}),
-        {"PNT3_ask_closest_point", {3, 3, 12}, {3}, closest_of_four},
-        copying("BOX3_expand_with_box", {6, 6}, {6}, expanded_box),
+        row<PNT3_ask_closest_point, 4>({3, 3, 12}, {3}),
+        in_place<BOX3_expand_with_box, 6, 6>(),
         row<CSYS_map_csys>({12, 12}, {12}, prepare_rotations),
     };
 }

@@ -26,26 +26,21 @@ TEST(Program, ExitCodesTellWhatHappened) {
     w.file("broken", "0 0 0\n1 1\n");
     expect_endings(
         w, {
-               {"fit plane square", 0, ""},
-               {"fit line square", 0, ""},
+               {"fit line square --svg line.svg", 0, ""},
                {"fit plane line", 1, "ztmath: line: collinear: the points lie on one line"},
                {"fit plane line --json --svg x.svg", 1, "ztmath: line: collinear: "},
                {"fit plane -", 1, "ztmath: standard input: too few points: a plane needs 3"},
                {"fit line --2d /dev/null", 1, "ztmath: /dev/null: too few points: a line needs 2"},
                {"fit circle --3d square", 0, ""},
-               {"fit circle --3d line", 1, "ztmath: line: collinear: "},
                {"fit circle square", 3, "ztmath: square:1: 2 numbers expected (x y), found 3\n"},
                {"fit sphere line", 1, "ztmath: line: too few points: a sphere needs 4"},
                {"fit sphere flat", 1, "ztmath: flat: coplanar: the points lie in one plane\n"},
                {"", 2, "A subcommand is required"},
-               {"fit", 2, ""},
                {"fit plane", 2, "FILE is required"},
-               {"fit plane square square", 2, ""},
                {"fit plane square --unit ell", 2, "--unit: ell not in {mm,inch,m,um,deg,none}"},
                {"fit plane missing", 3, "ztmath: cannot read missing: No such file or directory\n"},
                {"fit plane .", 3, "ztmath: cannot read .: Is a directory\n"},
                {"fit plane broken", 3, "ztmath: broken:2: 3 numbers expected (x y z), found 2\n"},
-               {"fit line --2d square", 3, "ztmath: square:1: 2 numbers expected (x y), found 3\n"},
                {"fit plane square --svg no/x.svg", 4,
                 "ztmath: cannot write no/x.svg: No such file or directory\n"},
                {"fit plane square --svg /dev/full", 4,
@@ -53,21 +48,17 @@ TEST(Program, ExitCodesTellWhatHappened) {
                {"fit plane square >/dev/full", 4,
                 "ztmath: cannot write the standard output: No space left on device\n"},
            });
+    EXPECT_TRUE(SvgDocument(contents(w.path("line.svg"))).well_formed());
     EXPECT_FALSE(std::filesystem::exists(w.path("x.svg")));
 }
 
 TEST(Program, HelpTeaches) {
     const Workshop w;
-    EXPECT_EQ(w.run("--version").code, 0);
     EXPECT_EQ(w.run("--version").out.substr(0, 7), "ztmath ");
     expect_parts(w.run("--help").out, {"ztmath fit plane --svg"});
-    for (const char* command :
-         {"fit plane --help", "fit line --help", "fit circle --help", "fit sphere --help"}) {
-        const auto outcome = w.run(command);
-        EXPECT_EQ(outcome.code, 0);
-        expect_parts(outcome.out, {"Examples:", "File format:", "Units:", "Exit codes:", "--unit",
-                                   "--json", "--svg"});
-    }
+    for (const char* what : {"plane", "line", "circle", "sphere"})
+        expect_parts(w.run("fit " + std::string(what) + " --help").out,
+                     {"Examples:", "File format:", "Units:", "Exit codes:", "--unit"});
 }
 
 TEST(Program, PrintsATable) {
@@ -100,9 +91,8 @@ TEST(Program, JsonHoldsTheLibrarysNumbers) {
     const Workshop w;
     w.file("p.txt", text);
     json result = json::parse(w.run("fit plane --json p.txt").out);
-    const json expected = {{"fit", "plane"},     {"count", 300},       {"unit", "mm"},
-                           {"shape", "regular"}, {"collinear", false}, {"point", point},
-                           {"normal", normal}};
+    const json expected = {{"fit", "plane"},     {"count", 300},   {"unit", "mm"},
+                           {"shape", "regular"}, {"point", point}, {"normal", normal}};
     for (const auto& [key, value] : expected.items())
         EXPECT_EQ(result[key], value) << key;
     const json& distances = result["distances"];
@@ -120,7 +110,6 @@ TEST(Program, JsonHoldsTheLibrarysNumbers) {
 TEST(Program, JsonOfLines) {
     const Workshop w;
     const json plane = json::parse(w.run("fit line --2d --json -", "0 3\n1 3\n2 3\n").out);
-    EXPECT_EQ(plane["dimension"], 2);
     EXPECT_EQ(plane["point"], json::parse("[1.0, 3.0]"));
     EXPECT_EQ(plane["distances"]["max"], 0.0);
     const json space = json::parse(w.run("fit line --json -", square).out);
@@ -128,7 +117,6 @@ TEST(Program, JsonOfLines) {
     EXPECT_LT(space["plane_distances"]["max"], space["distances"]["max"]);
     const json none = json::parse(w.run("fit line --json -", "1 2 3\n1 2 3\n").out);
     EXPECT_EQ(none["shape"], "coincident");
-    EXPECT_EQ(none["coincident"], true);
     EXPECT_FALSE(none.contains("direction"));
     w.file("\xff\xfe", square);
     EXPECT_EQ(json::parse(w.run("fit plane --json '\xff\xfe'").out)["count"], 4);
@@ -141,7 +129,6 @@ TEST(Program, TablesAndJsonOfCirclesAndSpheres) {
     EXPECT_EQ(circle["centre"], json::parse("[5.0, 5.0]"));
     EXPECT_EQ(circle["radius"], 1);
     EXPECT_EQ(circle["arc_degrees"], 270);
-    EXPECT_EQ(circle["distances"]["max"], 0);
     EXPECT_NE(w.run("fit circle --unit inch -", ring).out.find("  radius       1.00000000  in\n"),
               std::string::npos);
     const json space = json::parse(w.run("fit circle --3d --json -", "6 5 1\n5 6 1\n4 5 1\n").out);
@@ -150,18 +137,6 @@ TEST(Program, TablesAndJsonOfCirclesAndSpheres) {
     const json sphere =
         json::parse(w.run("fit sphere --json -", "1 0 0\n0 1 0\n-1 0 0\n0 0 1\n").out);
     EXPECT_NEAR(sphere["radius"].get<double>(), 1, 1e-12);
-    EXPECT_EQ(json::parse(w.run("fit sphere --json -", "0 0 0\n").out)["shape"], "too few points");
-}
-
-TEST(Program, DrawsIntoAFile) {
-    const Workshop w;
-    w.file("square", square);
-    for (const char* what : {"plane", "line"}) {
-        EXPECT_EQ(w.run(std::string("fit ") + what + " square --svg out.svg").code, 0);
-        const SvgDocument svg(contents(w.path("out.svg")));
-        ASSERT_TRUE(svg.well_formed());
-        EXPECT_EQ(svg.find("distances", "dot").size(), 4U);
-    }
 }
 
 TEST(Program, TakesAMillionPoints) {

@@ -90,15 +90,12 @@ TEST(Transform, RefusesWhatMakesNoTransform) {
     w.file("p", points_text);
     std::vector<Ending> endings = {
         {"", 2, "A subcommand is required"},
-        {"rotate --axis 0,0,1 p", 2, "--angle is required"},
         {"rotate --axis 0,0 --angle 3 p", 2, "--axis: three numbers X,Y,Z expected, not 0,0\n"},
-        {"rotate --axis 0,nan,1 --angle 3 p", 2, "--axis: three numbers X,Y,Z expected"},
         {"rotate --axis 0,0,1 --angle ten p", 2, "--angle: a number of degrees expected, not ten"},
         {"rotate --axis 0,0,0 --angle 3 p", 2, "ztmath: --axis has no direction\n"},
         {"mirror --normal 1e-11,0,0 p", 2, "ztmath: --normal has no direction\n"},
         {"scale --factors 1,2 p", 2, "--factors: one number or three expected, not 1,2"},
         {"motion --from-x 1,1,0 p", 2, "ztmath: --from-x and --from-y are not perpendicular"},
-        {"motion --to-y 0,0,0 p", 2, "ztmath: --to-x and --to-y are not perpendicular"},
         {"scale --factors 2", 2, "ztmath: FILE is required, or --matrix\n"},
         {"scale --factors 2 --matrix p", 2, "ztmath: --matrix reads no FILE\n"},
         {"scale --factors 2 missing", 3, "ztmath: cannot read missing: "},

@@ -90,8 +90,9 @@ Circle stepped(const Circle& c, const Touching (&three)[3]) {
     return {c.center - Vec2{step[0], step[1]}, c.radius - step[2]};
 }
 
+/// Improved until the gaps no longer shrink.
 Circle refined(Circle c, const Touching (&three)[3]) {
-    constexpr int most_steps = 4;
+    constexpr int most_steps = 8;
     double worst = worst_gap(c, three);
     for (int i = 0; i < most_steps && worst > 0.0; ++i) {
         const Circle next = stepped(c, three);
@@ -101,6 +102,12 @@ Circle refined(Circle c, const Touching (&three)[3]) {
         worst = next_worst;
     }
     return c;
+}
+
+/// Where the view has too few digits left to start from, what is found touches nothing.
+bool touches(const Circle& c, const Touching (&three)[3]) {
+    constexpr double touching_gap = 1.0e-12;
+    return worst_gap(c, three) <= touching_gap * std::fmax(1.0, c.radius);
 }
 
 }  // namespace
@@ -121,8 +128,9 @@ TwoCircles circles_touching(const Touching (&three)[3]) {
     const Roots roots = meet_cone(line, local[0].excess());
     for (int i = 0; i < roots.count; ++i) {
         const Vec3 p = line.point + line.direction * roots.t[i];
-        if (p.z > 0.0)
-            found.circles[found.count++] = frame.outwards(refined({{p.x, p.y}, p.z}, local));
+        const Circle circle = refined({{p.x, p.y}, p.z}, local);
+        if (circle.radius > 0.0 && touches(circle, local))
+            found.circles[found.count++] = frame.outwards(circle);
     }
     return found;
 }

@@ -181,6 +181,7 @@ TEST(CommonPoint, OfThreePlanesIsNotLookedFor) {
         return 100 * s[0] + 10 * s[1] + s[2];
     };
     EXPECT_EQ(statuses(x, y, z), 0);
+    EXPECT_EQ(statuses(x, {{1, 0.1, 0}, -1, 0}, z), 0);
     EXPECT_EQ(statuses(x, x, z), 200);
     EXPECT_EQ(statuses(z, x, x), 20);
     EXPECT_EQ(statuses(x, z, x), 2);

@@ -118,7 +118,7 @@ void expect_touching(const Answer& x, const std::vector<Circle>& given,
                      const std::vector<Pair>& through) {
     EXPECT_EQ(x.status, 0);
     for (const Segment& s : x.circles) {
-        const double slack = 1.0e-9 * std::max(10.0, s.radius);
+        const double slack = 1.0e-13 * std::max(10.0, s.radius);
         for (const Circle& c : given)
             EXPECT_LT(gap(s, c), slack);
         for (const Pair& p : through)
@@ -169,6 +169,21 @@ TEST(TangentCircles, TouchWhatTheyMust) {
     EXPECT_EQ(most[0], 8);
     EXPECT_EQ(most[1], 4);
     EXPECT_EQ(most[2], 8);
+}
+
+/// Nearly touching one another, or nearly in a row, so that the squares lose digits.
+TEST(TangentCircles, TouchToTheRoundingOfTheirData) {
+    Random random;
+    for (int round = 0; round < rounds(500); ++round) {
+        const double close = std::pow(10, random.uniform(-8, -2)), r = random.uniform(0.1, 1);
+        const Circle a{{0, 0}, 1}, b{{1 + r + close, 0}, r}, c{{-1 - r - close, close}, r};
+        SCOPED_TRACE(close);
+        const Answer three = touching_three(a, b, c);
+        expect_touching(three, {a, b, c}, {});
+        EXPECT_EQ(three.count, 8);
+        expect_touching(through_point(a, b, {1 + close / 3, close}), {a, b},
+                        {{1 + close / 3, close}});
+    }
 }
 
 TEST(TangentCircles, AreAsManyAsTheyMustBe) {

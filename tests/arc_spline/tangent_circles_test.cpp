@@ -216,6 +216,8 @@ TEST(TangentCircles, AreAsManyAsTheyMustBe) {
     EXPECT_EQ(through_point({{0, 0}, 2}, {{4, 0}, 2}, {2, 0}).count, 0) << "on both";
     EXPECT_EQ(through_point({{0, 0}, 2}, {{0, 0}, 4}, {0, 3}).count, 4) << "in a ring";
     EXPECT_EQ(through_two({-2, 1}, {2, 1}, a).count, 1) << "the line through them touches";
+    for (const double off : {0.9e-9, 1.1e-9})
+        EXPECT_EQ(through_two({-2, 1 + off}, {2, 1 + off}, a).count, off < 1e-9 ? 1 : 2);
     EXPECT_EQ(through_two({0, 1}, {3, 3}, a).count, 1);
     EXPECT_EQ(through_two({0, 1}, {3, 1}, a).count, 0);
     EXPECT_EQ(through_two({0, 1}, {1, 0}, a).count, 0);

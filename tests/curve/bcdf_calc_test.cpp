@@ -12,7 +12,6 @@
 namespace {
 
 using namespace ztmath_test;
-using Values = std::vector<double>;
 
 Vector on_circle(double angle) {
     return {std::cos(angle), std::sin(angle), 0.0};

@@ -14,19 +14,12 @@ namespace {
 
 using namespace ztmath_test;
 
-using List = std::unique_ptr<PNTLST, Release>;
-using Values = std::vector<double>;
-
 List counting(int number, int dimension) {
     return List(PNTLST_get_from_func(number, dimension, [](int n, double* array) {
         for (int i = 0; i < n; ++i)
             array[i] = i;
         return n;
     }));
-}
-
-Values values_of(const PNTLST* list) {
-    return {list->points, list->points + list->num_points * list->dimension};
 }
 
 /// Random edits beside a plain vector, with points of the list itself handed in.
@@ -37,21 +30,23 @@ TEST(PointList, EditsAsAPlainVectorDoes) {
     Values model{0.0};
     for (int round = 0; round < rounds(2000); ++round) {
         const int n = list->num_points;
+        const int capacity = list->points_allocated;
         const int position = random.integer(0, n);
         const double* own = n > 0 ? list->points + n - 1 : nullptr;
-        const double value = own != nullptr ? *own + 1.0 : 0.5;
+        const double fresh = round;
+        const double* given = own != nullptr && random.integer(0, 1) == 0 ? own : &fresh;
+        const double value = *given;
         switch (random.integer(0, 3)) {
-            case 0: {
-                const int capacity = list->points_allocated;
-                PNTLST_insert_points(list.get(), 1, position, own != nullptr ? own : &value);
-                model.insert(model.begin() + position, own != nullptr ? model.back() : value);
+            case 0:
+                PNTLST_insert_points(list.get(), 1, position, given);
+                model.insert(model.begin() + position, value);
                 ASSERT_EQ(list->points_allocated,
                           capacity < n + 1 ? n + 1 + 2 * capacity : capacity);
                 break;
-            }
             case 1:
-                PNTLST_concat_one_point(list.get(), &value);
+                PNTLST_concat_one_point(list.get(), given);
                 model.push_back(value);
+                ASSERT_EQ(list->points_allocated, std::max(capacity, n + 1));
                 break;
             case 2:
                 if (n == 0) break;
@@ -75,13 +70,6 @@ TEST(PointList, MovesTheTailByOnePlaceHoweverManyPointsComeIn) {
     ASSERT_EQ(list->num_points, 7);
     EXPECT_EQ(list->points_allocated, 17);
     EXPECT_EQ(Values(list->points, list->points + 6), (Values{0, 10, 11, 2, 3, 4}));
-}
-
-TEST(PointList, GrowsByOnePointWhenAppendedTo) {
-    List list = counting(3, 1);
-    PNTLST_concat_one_point(list.get(), list->points + 2);
-    EXPECT_EQ(list->points_allocated, 4);
-    EXPECT_EQ(values_of(list.get()), (Values{0, 1, 2, 2}));
 }
 
 TEST(PointList, ConvertsHomogeneousPoints) {
@@ -127,38 +115,30 @@ TEST(PointList, OwnsAnArrayAsItsCapacitySays) {
 }
 
 TEST(PointList, ReportsOnlyWithCheckingAndStaysInsideItsArray) {
-    ReportRecorder recorder;
-    const auto run = [](PNTLST* list) {
-        double out[8] = {-1, -1, -1, -1, -1, -1, -1, -1};
+    const auto run = [] {
+        const List list = new_list({0, 1, 2, 3}, 1);
+        double out[3] = {-1, -1, -1};
         const double given[8] = {50, 51, 52, 53, 54, 55, 56, 57};
-        PNTLST_copy_single_point(list, -1, out);
-        PNTLST_copy_single_point(list, 4, out + 1);
-        EXPECT_EQ(out[0], 0.0);
-        EXPECT_EQ(out[1], 0.0);
-        EXPECT_EQ(out[2], -1.0);
-        EXPECT_EQ(PNTLST_calc_point_distance(list, 0, 4), 0.0);
-        PNTLST_replace_points(list, 8, 3, given);
-        PNTLST_replace_points(list, 2, -1, given);
-        EXPECT_EQ(values_of(list), (Values{51, 1, 2, 50}));
-        PNTLST_remove_points(list, 3, 2);
-        EXPECT_EQ(values_of(list), (Values{51, 1}));
-        PNTLST_convert_4d_to_3d(list);
+        PNTLST_copy_single_point(list.get(), -1, out);
+        PNTLST_copy_single_point(list.get(), 4, out + 1);
+        EXPECT_EQ(Values(out, out + 3), (Values{0, 0, -1}));
+        EXPECT_EQ(PNTLST_calc_point_distance(list.get(), 0, 4), 0.0);
+        PNTLST_replace_points(list.get(), 8, 3, given);
+        PNTLST_replace_points(list.get(), 2, -1, given);
+        EXPECT_EQ(values_of(list.get()), (Values{51, 1, 2, 50}));
+        PNTLST_remove_points(list.get(), 3, 2);
+        EXPECT_EQ(values_of(list.get()), (Values{51, 1}));
+        PNTLST_convert_4d_to_3d(list.get());
         EXPECT_EQ(list->dimension, 3);
-        PNTLST_remove_points(list, 0, 3);
+        PNTLST_remove_points(list.get(), 0, 3);
         EXPECT_EQ(list->num_points, 0);
     };
-    for (const int level : {0, 1}) {
-        const NoBlocksLeft watch;
-        const CheckingLevel checking(level);
-        run(counting(4, 1).get());
-        const Reports expected{internal("pntlst_gen", "Invalid Point Position Given"),
-                               internal("pntlst_gen", "Invalid Point Position Given"),
-                               raised("pntlst_gen", 1005337, "Invalid Point Position Given"),
-                               internal("pntlst_gen", "Too Many Points To Replace"),
-                               internal("pntlst_gen", "Dimension Of The Input Points Is Not Valid"),
-                               internal("pntlst_gen", "Too Many Points To Remove")};
-        EXPECT_EQ(recorder.take(), level > 0 ? expected : Reports{});
-    }
+    const Report invalid = internal("pntlst_gen", "Invalid Point Position Given");
+    expect_reports_when_checking(
+        run, {invalid, invalid, raised("pntlst_gen", 1005337, "Invalid Point Position Given"),
+              internal("pntlst_gen", "Too Many Points To Replace"),
+              internal("pntlst_gen", "Dimension Of The Input Points Is Not Valid"),
+              internal("pntlst_gen", "Too Many Points To Remove")});
 }
 
 }  // namespace

@@ -13,7 +13,6 @@
 namespace {
 
 using namespace ztmath_test;
-using Values = std::vector<double>;
 
 /// Vectors by the position of their point; codes by index, as they may stray from their vectors.
 struct Attached {
@@ -58,12 +57,27 @@ struct Attached {
     }
 };
 
-void write(Values& out, const PNTLST* vectors, const PNTLST* sites, const int* types) {
-    EXPECT_EQ(sites == nullptr || types == nullptr, vectors == nullptr);
+/// What a copy holds, which goes. Its size is what the call for the copy tells.
+template <class T>
+Values taken(T* copy, const int& number, const int& width = 1) {
+    const Values values(copy, copy + number * width);
+    SM_free(copy);
+    return values;
+}
+
+void write(Values& out, const PNTLST* vectors, const Values& sites, const Values& types) {
     for (int k = 0; vectors != nullptr && k < vectors->num_points; ++k) {
         const Vector v = vector_in(vectors, k);
-        out.insert(out.end(), {sites->points[k], v[0], v[1], v[2], double(types[k])});
+        out.insert(out.end(), {sites.at(k), v[0], v[1], v[2], types.at(k)});
     }
+}
+
+/// What a record is by itself.
+Values head_of(const BCDF* r) {
+    Values head = values_of(r->weights);
+    head.insert(head.end(), {double(BCDF_return_order(r)), double(BCDF_return_periodicity(r)),
+                             r->ls_tolerance, double(r->ls_num_segments)});
+    return head;
 }
 
 struct Model {
@@ -105,22 +119,30 @@ struct Model {
         parameters.erase(parameters.begin() + first, parameters.begin() + first + number);
     }
 
+    /// Looks at a copy, which is the record only if both are right.
     void expect_same() const {
-        ASSERT_EQ(record->points->num_points, size());
-        if (record->weights != nullptr) {
-            EXPECT_EQ(record->weights->num_points, size());
-        }
-        const double* p = record->points->points;
-        Values expected, found(p, p + points.size() * points[0].size());
+        const Record copy(BCDF_make_bcdf_data_persistent(BCDF_copy_structure(record)));
+        const BCDF* r = copy.get();
+        EXPECT_EQ(head_of(r), head_of(record));
+        ASSERT_EQ(BCDF_return_num_of_points(r), size());
+        ASSERT_EQ(BCDF_return_num_of_slopes(r), slopes.size());
+        ASSERT_EQ(BCDF_return_num_of_crvatrs(r), curvatures.size());
+        EXPECT_EQ(values_of(r->weights).size(), r->weights == nullptr ? 0 : points.size());
+        Values expected;
         for (const Values& point : points)
             expected.insert(expected.end(), point.begin(), point.end());
-        p = record->parameters->points;
-        found.insert(found.end(), p, p + record->parameters->num_points);
         expected.insert(expected.end(), parameters.begin(), parameters.end());
         slopes.write(expected, parameters);
         curvatures.write(expected, parameters);
-        write(found, record->slopes, record->slope_parameters, record->slope_types);
-        write(found, record->curvatures, record->curvature_parameters, record->curvature_types);
+        int n = 0, d = 0;
+        Values found = taken(BCDF_copy_points(r, &n, &d), n, d);
+        const Values at = taken(BCDF_copy_parameters(r, &n), n);
+        found.insert(found.end(), at.begin(), at.end());
+        EXPECT_EQ(taken(BCDF_copy_slopes(r, &n, &d), n, d), values_of(r->slopes));
+        write(found, r->slopes, taken(BCDF_copy_slope_pars(r, &n), n),
+              taken(BCDF_copy_slope_type_array(r), slopes.size()));
+        write(found, r->curvatures, values_of(r->curvature_parameters),
+              taken(BCDF_copy_crvatr_type_array(r), curvatures.size()));
         ASSERT_EQ(found, expected);
         for (int i = 0; i < size(); ++i)
             expect_searches(i, slopes.index_of(i), curvatures.index_of(i));
@@ -292,6 +314,7 @@ TEST(CurveEditing, RandomEditsLeaveWhatAPlainModelLeaves) {
         }
         const Record record = new_record(all, width, 0, sequence % 4 == 0);
         record->order = random.integer(4, 6);
+        record->ls_tolerance = sequence;
         m.record = record.get();
         m.parameters = {1.0};
         m.set_parameters({});

@@ -17,14 +17,26 @@ struct Release {
     void operator()(PNTLST* list) const { PNTLST_free_structure(list); }
 };
 using Record = std::unique_ptr<BCDF, Release>;
+using List = std::unique_ptr<PNTLST, Release>;
+using Values = std::vector<double>;
+
+inline List new_list(const Values& values, int dimension = 3) {
+    const int n = static_cast<int>(values.size()) / dimension;
+    List list(PNTLST_allocate_struct(dimension, n));
+    std::copy(values.begin(), values.end(), list->points);
+    list->num_points = n;
+    return list;
+}
+
+inline Values values_of(const PNTLST* list) {
+    if (list == nullptr) return {};
+    return {list->points, list->points + list->num_points * list->dimension};
+}
 
 /// A record of order 4 with chord-length parameters.
-inline Record new_record(const std::vector<double>& points, int dimension = 3, int periodicity = 0,
+inline Record new_record(const Values& points, int dimension = 3, int periodicity = 0,
                          int least_squares = 0) {
-    const int n = static_cast<int>(points.size()) / dimension;
-    std::unique_ptr<PNTLST, Release> list(PNTLST_allocate_struct(dimension, n));
-    std::copy(points.begin(), points.end(), list->points);
-    list->num_points = n;
+    List list = new_list(points, dimension);
     Record record(BCDF_create_from_pntlst(periodicity, 4, least_squares, list.get(), nullptr,
                                           nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
                                           nullptr));

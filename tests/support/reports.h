@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "support/session.h"
 #include "syss/host.h"
 
 namespace ztmath_test {
@@ -82,5 +83,17 @@ class ReportRecorder {
 };
 
 using Reports = std::vector<Report>;
+
+/// Runs without checking, which is silent, and with it.
+template <class Run>
+void expect_reports_when_checking(const Run& run, const Reports& expected) {
+    for (const int level : {0, 1}) {
+        const NoBlocksLeft watch;
+        const ReportRecorder recorder;
+        const CheckingLevel checking(level);
+        run();
+        EXPECT_EQ(recorder.reports(), level > 0 ? expected : Reports{});
+    }
+}
 
 }  // namespace ztmath_test

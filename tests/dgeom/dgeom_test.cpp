@@ -55,7 +55,7 @@ CurvePoint reparametrised(CurvePoint p, double f1, double f2, double f3) {
 }
 
 void expect_properties(const CurvePoint& p) {
-    constexpr double tolerance = 2e-12;
+    constexpr double tolerance = 1e-12;
     const auto same = [](const Vector& a, const Vector& b) {
         EXPECT_LE(distance(a, b), tolerance * std::fmax(1, length(b)));
     };

@@ -1,8 +1,8 @@
 #!/bin/sh
 # same_bits.sh PROGRAM SOURCES_ROOT LIBSYSS COMPILER... - the program prints the same digests of
 # results on its own library and on those built by each compiler without optimisation and with all
-# of it. A compiler that is missing is passed over with a word. ARITHMETIC holds the flags that the
-# results depend on.
+# of it, or with the flags that ZTMATH_LEVELS lists. A compiler that is missing is passed over with a
+# word. ARITHMETIC holds the flags that the results depend on.
 set -eu
 program=$1 root=$2 libsyss=$3
 shift 3
@@ -13,6 +13,7 @@ cd "$root/src"
 sources=$(find . -name '*.cpp' -printf '%P\n')
 levels='-O0 -O3'
 case $(uname -m) in x86_64) levels='-O0 -O3,-march=x86-64-v3' ;; esac
+levels=${ZTMATH_LEVELS:-$levels}
 
 # build LIBRARY COMPILER FLAG...: all sources, several at a time.
 build() {

@@ -37,7 +37,7 @@ CurvePoint twisted_cubic(double t, int s) {
 }
 
 void expect_properties(const CurvePoint& p) {
-    constexpr double tolerance = 2e-12;
+    constexpr double tolerance = 1e-12;
     const auto same = [](const Vector& a, const Vector& b) {
         EXPECT_LE(distance(a, b), tolerance * std::fmax(1, length(b)));
     };

@@ -116,8 +116,8 @@ TEST(McPerpVec, DividesByALargeComponent) {
         {{-0.5, 0.6, std::sqrt(0.39)}, {1, 0.5 / 0.6, 0}},
         {{0.6, -0.8, 0}, {0.8 / 0.6, 1, 0}},
     };
-    for (const auto& [a, along] : rows)
-        EXPECT_EQ(written([&](double* out) { MC_perp_vec(a.data(), out); }), unitized(along));
+    for (const auto& row : rows)
+        EXPECT_EQ(written([&](double* out) { MC_perp_vec(row[0].data(), out); }), unitized(row[1]));
 }
 
 Vector solution_of(const System& system) {

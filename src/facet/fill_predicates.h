@@ -108,6 +108,7 @@ inline Box2 around(const Circle& circle, double reach) {
 /// Its coordinates are rounded: whoever asks it leaves a margin.
 class SlantedBox {
   public:
+    // cppcheck-suppress uninitMemberVar // an element of work memory, made before it is read
     SlantedBox() = default;
 
     /// Around the points first to last of those that `point(i)` gives.

@@ -78,7 +78,7 @@ Circle stepped(const Circle& c, const Touching (&three)[3]) {
     double slopes[9];
     double gaps[3];
     double step[3];
-    for (int i = 0; i < 3; ++i) {
+    for (std::size_t i = 0; i < 3; ++i) {
         const Vec2 way = c.center - three[i].circle.center;
         const double distance = length(way);
         if (distance == 0.0) return c;

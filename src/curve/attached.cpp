@@ -32,14 +32,21 @@ void open_place(PNTLST& list, int k) {
 }
 
 /// Closes a place again when what belongs beside it cannot be had.
-struct OpenPlace {
-    PNTLST& list;
-    int k;
-    bool keep = false;
-
+class OpenPlace {
+  public:
+    OpenPlace(PNTLST& list, int k) : list_(list), k_(k) {}
+    OpenPlace(const OpenPlace&) = delete;
+    OpenPlace& operator=(const OpenPlace&) = delete;
     ~OpenPlace() {
-        if (!keep) PNTLST_remove_points(&list, k, 1);
+        if (!keeps_) PNTLST_remove_points(&list_, k_, 1);
     }
+
+    void keep() { keeps_ = true; }
+
+  private:
+    PNTLST& list_;
+    int k_;
+    bool keeps_ = false;
 };
 
 void release(PNTLST*& list) {
@@ -62,7 +69,7 @@ void insert(const Attached& a, int dimension, int k, Vec3 v, double parameter, i
     open_place(*a.vectors, k);
     OpenPlace vector_place{*a.vectors, k};
     open_place(*a.parameters, k);
-    vector_place.keep = true;
+    vector_place.keep();
     std::copy_backward(a.types + k, a.types + number, a.types + number + 1);
     a.parameters->points[static_cast<std::ptrdiff_t>(k) * a.parameters->dimension] = parameter;
     overwrite(a, k, v, type);

@@ -78,7 +78,7 @@ class Outline {
     void follow(const Circle& found, int visits) {
         unpaid_ -= visits;
         if (is_large_ && visits > many_visits && unpaid_ < 0)
-            unpaid_ = 2 * window_.move_to(boxes_, around(found, reach_));
+            unpaid_ = std::int64_t{2} * window_.move_to(boxes_, around(found, reach_));
     }
 
     /// Whether no vertex of a run is inside the circle.

@@ -99,9 +99,10 @@ auto moments_about(const std::array<double, Dimension>& mean, const double* poin
 template <int Size>
 void set_constraint(double* matrix) {
     std::fill_n(matrix, Size * Size, 0.0);
-    for (int i = 1; i < Size - 1; ++i)
+    constexpr std::ptrdiff_t last = Size - 1;
+    for (std::ptrdiff_t i = 1; i < last; ++i)
         matrix[i * Size + i] = 1.0;
-    matrix[Size - 1] = matrix[(Size - 1) * Size] = -2.0;
+    matrix[last] = matrix[last * Size] = -2.0;
 }
 
 template <int Size, class Triangle>

@@ -42,7 +42,7 @@ void reduce_row(double* const* a, int i, Range by, Range columns) {
 /// Reduces Rows rows of lane groups by all of a panel, in registers.
 template <class Lanes, int Rows>
 [[gnu::always_inline]] inline void reduce_tile(double* const* a, Range panel, int row, int column) {
-    constexpr int width = width_of<Lanes>;
+    constexpr std::ptrdiff_t width = width_of<Lanes>;
     double* rows[Rows];
     Lanes tile[Rows][tile_groups];
     for (int r = 0; r < Rows; ++r) {

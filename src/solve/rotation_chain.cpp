@@ -16,7 +16,7 @@ namespace {
 template <class Lanes, int Count>
 [[gnu::always_inline]] inline void rotate_strip(double* p, std::ptrdiff_t stride,
                                                 const Givens* rotations, int count) {
-    constexpr int width = width_of<Lanes>;
+    constexpr std::ptrdiff_t width = width_of<Lanes>;
     Lanes shared[Count];
     for (int i = 0; i < Count; ++i)
         load(p + i * width, shared[i]);

@@ -125,12 +125,13 @@ TEST(EveryCall, EndsOnEverySpecialValueAndComputesAlikeAtEveryCheckingLevel) {
         const std::size_t step = 1 + count / 40;  // of large inputs, some places
         for (std::size_t i = 0; i < call.inputs.size(); ++i)
             for (std::size_t k = 0; k < call.inputs[i];
-                 k += static_cast<std::size_t>(random.integer(1, 2 * static_cast<int>(step) - 1)))
+                 k += static_cast<std::size_t>(random.integer(1, 2 * static_cast<int>(step) - 1))) {
+                Arrays inputs = draw_inputs(call, random, Draw::regular);
                 for (const double value : special_values) {
-                    Arrays inputs = draw_inputs(call, random, Draw::regular);
                     inputs[i][k] = value;
                     expect_checking_adds_assertions_only(call, inputs);
                 }
+            }
         for (const double value : special_values)
             for (int round = 0; round < rounds(4); ++round) {
                 Arrays inputs = draw_inputs(call, random, Draw::whole_numbers);

@@ -1,9 +1,11 @@
 // Seeded random input. ZTMATH_TEST_SEED chooses another seed, ZTMATH_TEST_ROUNDS multiplies the
-// number of rounds: the same binary is the quick check and the soak.
+// number of rounds: the same binary is the quick check, the soak and, by less than 1, the check
+// under slow instruments.
 #pragma once
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstdlib>
@@ -12,20 +14,20 @@
 
 namespace ztmath_test {
 
-inline std::uint64_t environment_number(const char* name, std::uint64_t otherwise) {
+inline const char* environment(const char* name, const char* otherwise) {
     const char* value = std::getenv(name);
-    return value != nullptr ? std::strtoull(value, nullptr, 10) : otherwise;
+    return value != nullptr ? value : otherwise;
 }
 
 /// How many rounds a random test makes: `quick`, or the multiple that the environment asks for.
 inline int rounds(int quick) {
-    return quick * static_cast<int>(environment_number("ZTMATH_TEST_ROUNDS", 1));
+    return std::max(1, static_cast<int>(quick * std::atof(environment("ZTMATH_TEST_ROUNDS", "1"))));
 }
 
 class Random {
   public:
     Random()
-        : seed_(environment_number("ZTMATH_TEST_SEED", 20260101)),
+        : seed_(std::strtoull(environment("ZTMATH_TEST_SEED", "20260101"), nullptr, 10)),
           engine_(seed_),
           trace_(__FILE__, __LINE__, "seed " + std::to_string(seed_)) {}
 

@@ -123,7 +123,7 @@ class Bench {
         } else {
             integers_[at] = integer_count_++ == swept_ ? value_ : 3;
             if constexpr (std::is_pointer_v<Parameter>)
-                return reinterpret_cast<Parameter>(&integers_[at]);
+                return &integers_[at];
             else
                 return static_cast<Parameter>(integers_[at]);
         }

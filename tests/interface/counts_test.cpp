@@ -2,9 +2,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
+#include <functional>
+#include <numeric>
 #include <tuple>
 
 #include "interface/table.h"
+#include "support/curve_record.h"
 #include "support/reports.h"
 #include "support/session.h"
 #include "ztmath/bc_pole.h"
@@ -15,8 +20,18 @@ namespace {
 
 using namespace ztmath_test;
 
-/// Lays out whatever a function's parameters ask for: numbers, arrays, matrices by rows, integers.
-/// All lie in two blocks, where the neighbours of an array stand guard.
+/// A record of eight points, with a slope and a curvature at each.
+Record full_record(const double* numbers) {
+    Record record = new_record({numbers, numbers + 24});
+    for (int i = 0; i < 8; ++i) {
+        BCDF_replace_slope(record.get(), numbers + i, i, 0);
+        BCDF_replace_curvature(record.get(), numbers + i, i, 0);
+    }
+    return record;
+}
+
+/// Lays out whatever a function's parameters ask for: numbers, arrays, matrices by rows, integers,
+/// lists, records. All arrays lie in two blocks, where their neighbours stand guard.
 class Bench {
   public:
     /// All integers are 3, but the one that is swept.
@@ -30,10 +45,12 @@ class Bench {
     template <class Result, class... Parameters>
     void call(Result (*function)(Parameters...)) {
         const std::tuple<Parameters...> values{next<Parameters>()...};
-        if constexpr (std::is_same_v<Result, double**>)
-            SM_free(std::apply(function, values));
-        else
+        if constexpr (std::is_void_v<Result>)
             std::apply(function, values);
+        else
+            keep(std::apply(function, values));
+        keep(record_.release());
+        keep(list_.release());
         for (int k = 0; k < matrices_; ++k)  // blocks handed out
             if (rows_[k][0] < numbers_ || rows_[k][0] >= numbers_ + size) SM_free(rows_[k][0]);
     }
@@ -50,11 +67,43 @@ class Bench {
         return places;
     }
 
+    /// Whether a call gave back, and left in records and lists, what another did.
+    bool answers_as(const Bench& other) const { return answers_ == other.answers_; }
+
   private:
     static constexpr int room = 128;   // of an array and those that guard it
     static constexpr int guards = 32;  // before it
     static constexpr int width = 8;    // of a matrix
-    static constexpr int size = 12 * room;
+    static constexpr int size = 16 * room;
+
+    void keep(double answer) { answers_.push_back(std::bit_cast<std::uint64_t>(answer)); }
+    void keep(double** rows) { SM_free(rows); }
+    void keep(const int*) {}  // one that was passed
+
+    void keep(PNTLST* made) {
+        const List list(made);
+        if (list == nullptr) return;
+        list->num_points = std::min(list->num_points, list->points_allocated);  // the caller's duty
+        for (const int field : {list->num_points, list->points_allocated, list->dimension})
+            keep(field);
+        const List copy(PNTLST_copy_structure(list.get()));
+        if (list->dimension < 1) return;
+        for (const double value : values_of(copy.get()))
+            keep(value);
+    }
+
+    void keep(BCDF* made) {
+        const Record record(made);
+        if (record == nullptr) return;
+        for (const int field : {record->order, record->periodicity, record->ls_num_segments,
+                                record->num_knots, BCDF_check_defining_data(record.get())})
+            keep(field);
+        const Record copy(BCDF_copy_structure(record.get()));
+        for (PNTLST** list :
+             {&copy->points, &copy->parameters, &copy->weights, &copy->slopes,
+              &copy->slope_parameters, &copy->curvatures, &copy->curvature_parameters})
+            keep(std::exchange(*list, nullptr));
+    }
 
     template <class Parameter>
     Parameter next() {
@@ -65,20 +114,27 @@ class Bench {
             for (int i = 0; i < width; ++i)
                 rows_[matrices_][i] = &numbers_[at + width * i];
             return rows_[matrices_++];
+        } else if constexpr (std::is_convertible_v<BCDF*, Parameter>) {
+            return (record_ = full_record(&numbers_[at])).get();
+        } else if constexpr (std::is_convertible_v<PNTLST*, Parameter>) {
+            return (list_ = new_list({&numbers_[at], &numbers_[at] + 24})).get();
         } else if constexpr (std::is_convertible_v<double*, Parameter>) {
             return &numbers_[at];
         } else {
             integers_[at] = integer_count_++ == swept_ ? value_ : 3;
-            if constexpr (std::is_same_v<Parameter, int>)
-                return integers_[at];
-            else
+            if constexpr (std::is_pointer_v<Parameter>)
                 return &integers_[at];
+            else
+                return static_cast<Parameter>(integers_[at]);
         }
     }
 
     double numbers_[size];
     int integers_[size];
     double* rows_[3][width];
+    Record record_;
+    List list_;
+    std::vector<std::uint64_t> answers_;
     int array_count_ = 0;
     int integer_count_ = 0;
     int matrices_ = 0;
@@ -110,6 +166,100 @@ void space_circle(const double* points, int n, double* point, double* normal, do
     LSFIT_circle_to_points_3d(points, n, point, normal, centre, radius, failed, stats, frame);
 }
 
+/// A system of one size and band, of which a smaller one may be solved.
+void banded_solved(int size, int band, int n, int bw, double* b) {
+    double** matrix = nullptr;
+    double* rhs = nullptr;
+    merrorflush();
+    msetup_banded(size, band, &matrix, &rhs);
+    for (int i = 0; matrix != nullptr && i < size; ++i)
+        for (int j = std::max(0, i - band); j <= std::min(size - 1, i + band); ++j)
+            matrix[i][j] = i == j ? 4.0 : 1.0;
+    if (matrix != nullptr) {
+        mdecompose_banded(matrix, std::min(n, size), std::min(bw, band));
+        msolve_banded(matrix, std::min(n, size), std::min(bw, band), b);
+        testing::internal::CaptureStdout();
+        mdump_banded(matrix, b, std::min(n, size), std::min(bw, band));
+        testing::internal::GetCapturedStdout();
+    }
+    mdispose_banded(&matrix, &rhs);
+}
+
+/// Cubed, the usual limit is enough; 0, 1 and -1 stay.
+/// Cubed, the usual limit is enough; 0, 1 and -1 stay.
+int minimised(double** p, double* y, int n, int max_evaluations, int* evaluations) {
+    const auto distance = [](const double* x, int size, void*) {
+        return std::inner_product(x, x + size, x, 0.0);
+    };
+    return NR_amoeba(p, y, n, 1e-3, distance, nullptr,
+                     max_evaluations * max_evaluations * max_evaluations, evaluations);
+}
+
+int integrated_equation(double* y, int n, int max_steps, double* reached, int* good, int* bad) {
+    const auto decay = [](double, const double* at, double* rates, void* size) {
+        std::transform(at, at + *static_cast<int*>(size), rates, std::negate());
+    };
+    return NR_odeint(y, n, 0.0, 1.0, 1e-3, 0.0, 0.0, max_steps, decay, &n, nullptr, reached, good,
+                     bad);
+}
+
+int integrated(int max_level, double* integral, int* evaluations) {
+    const auto square = [](double x, void*) { return x * x; };
+    return NR_qsimp(square, nullptr, 0.0, 1.0, 1e-3, max_level, integral, evaluations);
+}
+
+int filled(int n, const double* points, int* count, int* corners) {
+    PTF_triangle_t* triangles = nullptr;
+    PTF_vertex_edge_t* edges = nullptr;
+    PTF_neighbor_list_t* neighbors = nullptr;
+    const int status = PTF_poly_tri_fill(n, points, count, &triangles, &edges, &neighbors);
+    for (int i = 0; i < *count; ++i)
+        corners[i] = triangles[i].a;
+    PTF_free_output(n, triangles, neighbors, edges);
+    return status;
+}
+
+PNTLST* list_from_function(int number, int dimension) {
+    PNTLST* const list = PNTLST_get_from_func(number, dimension, [](int, double*) { return 0; });
+    if (list != nullptr) std::fill_n(list->points, number * std::max(dimension, 0), 1.0);
+    return list;
+}
+
+double* block_of_points() {
+    int n = 0;
+    int dimension = 0;
+    return PNTLST_copy_points(new_list(Values(24, 1.0)).get(), &n, &dimension);
+}
+
+/// Without points, a block stays the caller's.
+BCDF* record_over_block(int number, int dimension, int least_squares) {
+    double* const points = block_of_points();
+    BCDF* const record = BCDF_create_df_from_pts(points, number, dimension, least_squares);
+    if (number < 1) SM_free(points);
+    return record;
+}
+
+BCDF* record_over_list(int number, int dimension, int periodicity, int order, int least_squares) {
+    double* const points = block_of_points();
+    PNTLST* const list = PNTLST_create_from_list_of_pts(points, number, dimension);
+    if (number < 1) SM_free(points);
+    return BCDF_create_from_pntlst(periodicity, order, least_squares, list, nullptr, nullptr,
+                                   nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
+}
+
+void fitted(BCDF* record, int segments, int position, double weight) {
+    BCDF_change_number_of_segments(record, segments);
+    BCDF_replace_weight(record, position, weight);
+}
+
+/// What looks at a position for some types and modes only.
+int curved(BCDF* record, const double* vector, int position) {
+    for (const int type : {0, 1})
+        BCDF_change_curvature(record, type, vector, position, 2.0);
+    return BCDF_check_overlap_points(record, 1, position, vector) +
+           BCDF_check_overlap_points(record, 2, position, vector);
+}
+
 struct Row {
     const char* name;
     void (*run)(Bench&);
@@ -125,9 +275,22 @@ std::vector<Row> rows_of() {
     return {row<functions>()...};
 }
 
+/// Left out, since they only store a number of the session, or one by which the caller knows an
+/// object: ACOM_set_application, DISPLAY_set_system_color, DISPLAY_set_view_of_last_cursor,
+/// PX_set_default_face_grid_counts, WCS__set_matrix_tag, WCS_set_linked_to_view, WCS_set_tag,
+/// WCS_set_wcs_display, a406_, cu0008_, d7391_, merrorpush, sys10_.
 const std::vector<Row> rows = rows_of<
-    lu_solved, vertex_normal, space_line, space_circle, BCDF_CALC_parameters,
+    lu_solved, vertex_normal, space_line, space_circle, banded_solved, minimised,
+    integrated_equation, integrated, filled, list_from_function, record_over_block,
+    record_over_list, fitted, curved, BCDF_CALC_auto_curvature, BCDF_CALC_auto_derivatives,
+    BCDF_CALC_auto_slope, BCDF_CALC_normalized_slope, BCDF_CALC_parameters,
     BCDF_CALC_quadratic_apprx, BCDF_CALC_single_weight, BCDF_CALC_weights,
+    BCDF_attach_knot_sequence, BCDF_change_curvature, BCDF_change_order, BCDF_change_slope,
+    BCDF_check_overlap_points, BCDF_copy_single_3d_crvatr, BCDF_copy_single_3d_point,
+    BCDF_copy_single_3d_slope, BCDF_curvature_at_point, BCDF_curvature_at_slope,
+    BCDF_num_of_knots_needed, BCDF_point_at_curvature, BCDF_point_at_slope, BCDF_remove_curvatures,
+    BCDF_remove_defining_points, BCDF_remove_slopes, BCDF_replace_curvature,
+    BCDF_replace_defining_point, BCDF_replace_slope, BCDF_slope_at_curvature, BCDF_slope_at_point,
     FACET_ask_triangles_of_polygon, FACET_shepards_weights, LSFIT_circle_to_points_2d,
     LSFIT_line_to_points_2d, LSFIT_plane_to_points, LSFIT_sphere_to_points_3d, NR_2d_matrix_allo,
     NR_2d_matrix_identity, NR_2d_matrix_init_zero, NR_2d_matrix_nxn_transp,
@@ -135,10 +298,17 @@ const std::vector<Row> rows = rows_of<
     NR_cholesky_decomp, NR_cholesky_inverse, NR_cholesky_solver, NR_generalized_eigenvalues_symm,
     NR_matrix_2d_as_1d_identity, NR_matrix_2d_as_1d_init_zero, NR_matrix_2d_as_1d_init_zero_lt,
     NR_matrix_2d_as_1d_init_zero_ut, NR_matrix_2d_as_1d_nxn_transp, NR_matrix_2d_as_1d_product_of_2,
-    NR_matrix_copy_1d_to_2d, NR_matrix_copy_2d_to_1d, PNT3_ask_closest_point, PTF_validate_boundary,
-    SOLVE_lu_solver, SOLVE_polynomial, SOLVE_svd_decompose, SOLVE_svd_solver, SOLVE_svd_solver_r,
-    VEC2_ask_shortest_vector, bc_POLE_average_in_3d, bc_POLE_identical_poles_in_3d, bc_xyz_box,
-    get_unique_reals, knot_seq_order_4>();
+    NR_matrix_copy_1d_to_2d, NR_matrix_copy_2d_to_1d, PNT3_ask_closest_point,
+    PNTLST_allocate_points, PNTLST_allocate_struct, PNTLST_calc_point_distance,
+    PNTLST_copy_single_point, PNTLST_insert_points, PNTLST_remove_points, PNTLST_replace_points,
+    PTF_validate_boundary, SOLVE_lu_solver, SOLVE_polynomial, SOLVE_svd_decompose, SOLVE_svd_solver,
+    SOLVE_svd_solver_r, VEC2_ask_shortest_vector, bc_POLE_average_in_3d,
+    bc_POLE_identical_poles_in_3d, bc_xyz_box, get_unique_reals, knot_seq_order_4, sys22_,
+    ARC_SPLINE_ask_3pts_collinearity_2d, ARC_SPLINE_ask_3pts_collinearity_3d,
+    ARC_SPLINE_ask_angle_from_tan, ARC_SPLINE_ask_central_angle_from_inclination_angles,
+    ARC_SPLINE_ask_interior_angle_of_triangle_2d, ARC_SPLINE_ask_perp_vec,
+    ARC_SPLINE_trig_eqt_linear_sin_cos, DGEOM_crv_diff_property, DGEOM_srf_curvatures,
+    FACET_point_line_proj, FACET_points_to_param_line, h813_>();
 
 Bench called(const Row& row, Bench bench) {
     row.run(bench);
@@ -160,7 +330,8 @@ TEST(EveryCount, WritesNowhereElseBeingSmallOrNegativeAndLeavesTheNextCallAsItWa
                     EXPECT_TRUE(std::ranges::includes(usual.changes_from(Bench()),
                                                       bench.changes_from(Bench())))
                         << "integer " << swept << " being " << value;
-                    EXPECT_TRUE(called(row, Bench()).changes_from(usual).empty());
+                    const Bench again = called(row, Bench());
+                    EXPECT_TRUE(again.changes_from(usual).empty() && again.answers_as(usual));
                 }
     }
     tell_calls();

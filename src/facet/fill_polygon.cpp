@@ -4,7 +4,7 @@
 // A part is a run of consecutive vertices, its base edge a diagonal of the whole. A part of m
 // vertices takes m - 2 triangles, so the places of all its triangles are known when it is cut off,
 // and the parts can be filled in any order: the smaller one first, so that few are ever waiting.
-#include "facet/fill_predicates.h"
+#include "facet/fill_shadow.h"
 #include "facet/poly_tri_fill.h"
 #include "facet/run_window.h"
 
@@ -126,7 +126,7 @@ class ApexSearch {
         int k = first_triangle();
         if (k < 0) return -1;
         Candidate candidate = candidate_at(k);
-        while (!advance(candidate, patience))
+        while (!advance(candidate, patience_with(candidate)))
             candidate = candidate_at(reached_from(candidate.vertex, best(candidate)));
         outline_.follow(candidate.circle, visits_);
         return candidate.vertex;
@@ -135,7 +135,7 @@ class ApexSearch {
   private:
     Vec2 point(int i) const { return outline_.point(i); }
 
-    static constexpr int patience = 3;
+    static constexpr int few = 8;  // runs, or edges
 
     /// A vertex and its circle.
     struct Candidate {
@@ -144,6 +144,13 @@ class ApexSearch {
     };
 
     Candidate candidate_at(int k) const { return {k, base_.circle_through(point(k))}; }
+
+    /// How often a candidate may give way before the last one is looked for. A coordinate that is
+    /// not a number allows no shorter way.
+    int patience_with(const Candidate& candidate) const {
+        if (!outline_.all_finite()) return last_ - first_;
+        return base_.is_small_beside(candidate.circle) ? 1 : 3;
+    }
 
     bool can_replace(const Candidate& candidate, int j) {
         return is_inside(candidate.circle, point(j)) && !base_.rejects(point(j)) &&
@@ -193,22 +200,70 @@ class ApexSearch {
     int reached_from(int from, int target) {
         for (;;) {
             const Candidate goal = candidate_at(target);
-            const auto holds = [&](int w) {
+            const auto stays = [&](int w) {
                 return !base_.rejects(point(w)) &&
-                       !is_inside(base_.circle_through(point(w)), point(target)) &&
-                       (w == from || can_be_joined(w));
+                       !is_inside(base_.circle_through(point(w)), point(target));
             };
+            if (stays(from)) return from;
             const int w = outline_.boxes().first_of(
-                from, target - 1,
+                from + 1, target - 1,
                 [&](std::ptrdiff_t run) {
                     return base_.rejects_all(box(run)) ||
-                           base_.surely_beaten(box(run), point(target), goal.circle,
-                                               outline_.reach());
+                           base_.surely_beaten(box(run), least_cross_seen(box(run)), point(target),
+                                               goal.circle, outline_.reach());
                 },
-                holds);
+                [&](int i) { return stays(i) && can_be_joined(i); });
             if (w < 0) return target;
             target = w;
         }
+    }
+
+    /// A lower bound of the cross product of the base edge with the points of a box that are to its
+    /// left and can be joined to it. It is looked for only where many runs are on both sides.
+    double least_cross_seen(const Box2& box) {
+        if (base_.accepts_all(box) || ++straddling_runs_ < few) return 0.0;
+        double height = 0.0;
+        if (base_.is_behind_start(box))
+            height = shadow_along(Extension::behind_start(base_), behind_last_).least_height(box);
+        else if (base_.is_beyond_end(box))
+            height = shadow_along(Extension::beyond_end(base_), beyond_first_).least_height(box);
+        return height * length(base_.way());
+    }
+
+    /// What is hidden along an extension of the base edge, once that has been asked for.
+    struct Outlook {
+        Shadow shadow;
+        bool is_known = false;
+    };
+
+    const Shadow& shadow_along(const Extension& extension, Outlook& outlook) {
+        if (!outlook.is_known) outlook = {nearest_shadow(extension), true};
+        return outlook.shadow;
+    }
+
+    /// The shadow of the nearest edge to hide anything along an extension.
+    Shadow nearest_shadow(const Extension& extension) {
+        Shadow shadow;
+        double nearest = HUGE_VAL;
+        int in_vain = 0;  // edges that meet the extension and are not sure to hide anything
+        outline_.boxes().visit_in_order(
+            first_, last_ - 1, [&](std::ptrdiff_t run) { return extension.least_along(box(run)); },
+            [&](std::ptrdiff_t run) {
+                return in_vain == few || extension.least_along(box(run)) > nearest ||
+                       extension.misses(box(run));
+            },
+            [&](int k) {
+                const double at = extension.meets_at(point(k), point(k + 1));
+                if (!(at > 0.0 && at < nearest) || in_vain == few) return;
+                const Shadow found(extension, point(k), point(k + 1), outline_.reach());
+                if (found.hides()) {
+                    nearest = at;
+                    shadow = found;
+                } else {
+                    ++in_vain;
+                }
+            });
+        return shadow;
     }
 
     int first_triangle() {
@@ -230,9 +285,14 @@ class ApexSearch {
     /// found last is tried first: what hides one vertex tends to hide the next.
     bool is_crossed(int j, int end, int& blocking) {
         const Diagonal diagonal(point(j), point(end));
+        int reached = -1;  // the point that `side` is of: an edge begins where the one before ended
+        double side = 0.0;
         const auto crosses = [&](int k) {
-            return k != j && k + 1 != j && k != end && k + 1 != end &&
-                   diagonal.is_crossed_by(point(k), point(k + 1));
+            const double start_side = k == reached ? side : diagonal.across(point(k));
+            reached = k + 1;
+            side = diagonal.across(point(k + 1));
+            return !Diagonal::is_beside(start_side, side) && k != j && k + 1 != j && k != end &&
+                   k + 1 != end && diagonal.is_crossed_by(point(k), point(k + 1));
         };
         if (blocking >= 0 && crosses(blocking)) return true;
         const int k = outline_.first_near(
@@ -244,10 +304,12 @@ class ApexSearch {
 
     Outline& outline_;
     int first_, last_;
-    int visits_ = 0;  // of runs
+    int visits_ = 0;           // of runs
+    int straddling_runs_ = 0;  // seen on both sides of the base edge's line
     BaseEdge base_;
     int blocks_first_ = -1;  // the edge that last hid a vertex from the first vertex
     int blocks_last_ = -1;
+    Outlook behind_last_, beyond_first_;
 };
 
 /// The part that a triangle with the apex leaves on one side, if it leaves one.

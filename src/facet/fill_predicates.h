@@ -28,6 +28,10 @@ class BaseEdge {
   public:
     BaseEdge(Vec2 a, Vec2 b) : a_(a), way_(b - a) {}
 
+    Vec2 start() const { return a_; }
+    Vec2 way() const { return way_; }
+    Vec2 left() const { return {-way_.y, way_.x}; }
+
     /// Twice the signed area of the triangle with p.
     double cross_with(Vec2 p) const { return cross(way_, p - a_); }
 
@@ -36,6 +40,22 @@ class BaseEdge {
 
     /// Whether every point of the box is rejected.
     bool rejects_all(const Box2& box) const { return rejects(leftmost(box, way_)); }
+
+    /// Whether no point of the box is rejected.
+    bool accepts_all(const Box2& box) const { return cross_with(rightmost(box, way_)) > fill_eps; }
+
+    /// Whether all of the box is farther back than the edge's start, or farther on than its end.
+    bool is_behind_start(const Box2& box) const {
+        return dot(way_, foremost(box, way_) - a_) < 0.0;
+    }
+    bool is_beyond_end(const Box2& box) const {
+        return dot(way_, hindmost(box, way_) - a_) > length_squared(way_);
+    }
+
+    /// Whether the circle is so much wider than the edge that many points may be inside it.
+    bool is_small_beside(const Circle& circle) const {
+        return circle.squared_radius > 100.0 * length_squared(way_);
+    }
 
     /// Through both ends and p.
     Circle circle_through(Vec2 p) const {
@@ -58,15 +78,17 @@ class BaseEdge {
         return nearest > 0.0 ? power / nearest : -HUGE_VAL;
     }
 
-    /// Whether p lies inside the circle through both ends and any point of the box that is not
-    /// rejected, rounding and all, where `circle` is the one through p.
+    /// Whether p lies inside the circle through both ends and any point of the box for which
+    /// `cross_with` gives `least` or more and that is not rejected, rounding and all, where
+    /// `circle` is the one through p.
     ///
     /// The power of p in the circle of w is minus the power of w in the circle of p, times the
     /// ratio of the distances of p and w from the edge. The rounding of a circle through w is at
     /// most 60 units of the last place of (d / sine) (d / sine + reach), where d is the largest
     /// distance from a and the sine that of the angle between the edge and w.
-    bool surely_beaten(const Box2& box, Vec2 p, const Circle& circle, double reach) const {
-        const double nearest = cross_with(rightmost(box, way_));
+    bool surely_beaten(const Box2& box, double least, Vec2 p, const Circle& circle,
+                       double reach) const {
+        const double nearest = std::fmax(least, cross_with(rightmost(box, way_)));
         if (!(nearest > fill_eps)) return false;
         const double farthest = cross_with(leftmost(box, way_));
         const double edge = length(way_);
@@ -159,19 +181,26 @@ class Diagonal {
         length_ = way.magnitude;
     }
 
+    /// How far to the left of the diagonal's line a point is.
+    double across(Vec2 p) const { return cross(way_, p - origin_); }
+
+    /// Whether an edge whose ends are so far across stays on one side, which settles most edges.
+    static bool is_beside(double t0, double t1) {
+        // Kept as it stands: the two sides are held to different margins.
+        return (t0 < fill_eps && t1 < fill_eps) || (t0 > -fill_eps && t1 > fill_eps);
+    }
+
     /// Whether the edge crosses the diagonal.
     bool is_crossed_by(Vec2 e0, Vec2 e1) const {
         const double s0 = along(e0);
         const double s1 = along(e1);
         // Kept as it stands: the two ends are held to different margins, before as well as beyond
-        // the diagonal's end and to its right as well as to its left. Fills depend on which edges
-        // that merely touch a diagonal count.
+        // the diagonal's end. Fills depend on which edges that merely touch a diagonal count.
         if (s0 < fill_eps && s1 < fill_eps) return false;
         if (s0 > length_ - fill_eps && s1 > length_ + fill_eps) return false;
         const double t0 = across(e0);
         const double t1 = across(e1);
-        if (t0 < fill_eps && t1 < fill_eps) return false;
-        if (t0 > -fill_eps && t1 > fill_eps) return false;
+        if (is_beside(t0, t1)) return false;
         // Kept as it stands: an edge square to the diagonal has no slope and does not cross it.
         if (s0 - s1 == 0.0) return false;
         const double slope = (t0 - t1) / (s0 - s1);
@@ -181,11 +210,8 @@ class Diagonal {
 
     /// Whether no edge within the box crosses the diagonal.
     bool is_clear_of(const Box2& box) const {
-        const bool right = way_.x >= 0.0;
-        const bool up = way_.y >= 0.0;
-        const Vec2 ahead{right ? box.high.x : box.low.x, up ? box.high.y : box.low.y};
-        const Vec2 behind{right ? box.low.x : box.high.x, up ? box.low.y : box.high.y};
-        return along(ahead) < fill_eps || along(behind) > length_ + fill_eps ||
+        return along(foremost(box, way_)) < fill_eps ||
+               along(hindmost(box, way_)) > length_ + fill_eps ||
                across(leftmost(box, way_)) < fill_eps || across(rightmost(box, way_)) > fill_eps;
     }
 
@@ -200,7 +226,6 @@ class Diagonal {
 
   private:
     double along(Vec2 p) const { return dot(p - origin_, way_); }
-    double across(Vec2 p) const { return cross(way_, p - origin_); }
 
     Vec2 origin_, end_, way_;
     double length_;

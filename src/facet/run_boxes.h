@@ -48,6 +48,14 @@ inline Vec2 span(const Box2& box, Vec2 p) {
             std::fmax(std::fabs(box.low.y - p.y), std::fabs(box.high.y - p.y))};
 }
 
+/// The corners of a box that are farthest and least far in a direction.
+inline Vec2 foremost(const Box2& box, Vec2 way) {
+    return {way.x >= 0.0 ? box.high.x : box.low.x, way.y >= 0.0 ? box.high.y : box.low.y};
+}
+inline Vec2 hindmost(const Box2& box, Vec2 way) {
+    return {way.x >= 0.0 ? box.low.x : box.high.x, way.y >= 0.0 ? box.low.y : box.high.y};
+}
+
 /// The corners of a box that are farthest to the left and to the right of a direction.
 inline Vec2 leftmost(const Box2& box, Vec2 way) {
     return {way.y >= 0.0 ? box.low.x : box.high.x, way.x >= 0.0 ? box.high.y : box.low.y};
@@ -164,7 +172,7 @@ class RunBoxes {
     const Box2& whole() { return boxes_[run_count() - 1]; }
 
   private:
-    static constexpr int leaf_shift = 4;  // sixteen points to a run of the lowest level
+    static constexpr int leaf_shift = 3;  // eight points to a run of the lowest level
     static constexpr int fan_shift = 2;   // and four runs to one of the next
     static constexpr int leaf = 1 << leaf_shift;
     static constexpr int fan = 1 << fan_shift;

@@ -1,6 +1,6 @@
 // Which edges count as crossing a diagonal, down to those that only touch it; and that what is said
 // of a box holds for every point in it.
-#include "facet/fill_predicates.h"
+#include "facet/fill_shadow.h"
 
 #include <gtest/gtest.h>
 
@@ -62,7 +62,7 @@ TEST(FillPredicates, WhatIsSaidOfABoxHoldsForEveryPointInIt) {
         const BaseEdge base(a, b);
         const Diagonal diagonal(a, b);
         const Circle circle = base.circle_through(p);
-        const bool beaten = !base.rejects(p) && base.surely_beaten(box, p, circle, 2e6);
+        const bool beaten = !base.rejects(p) && base.surely_beaten(box, 0.0, p, circle, 2e6);
         const auto slanted = SlantedBox::around(0, 2, [&](int i) { return inside[i]; });
         const bool claims[] = {is_outside(circle, box), base.rejects_all(box),
                                diagonal.is_clear_of(box), beaten, slanted.is_outside(circle, 2e6)};
@@ -78,6 +78,37 @@ TEST(FillPredicates, WhatIsSaidOfABoxHoldsForEveryPointInIt) {
     }
     for (const int count : said)
         EXPECT_GT(count, tries / 200);
+}
+
+TEST(FillShadow, HidesWhatItSaysFromTheEndOfTheBaseEdge) {
+    Random random;
+    const int tries = rounds(20000);
+    int hidden = 0;
+    for (int round = 0; round < tries; ++round) {
+        const double offset = round % 2 == 0 ? 0.0 : random.uniform(-1e5, 1e5);
+        const double angle = random.uniform(-4.0, 4.0);
+        const double flat = std::pow(10.0, random.uniform(-9.0, 0.0));
+        const auto placed = [&](double x, double y) {
+            return Vec2{offset + x * std::cos(angle) - flat * y * std::sin(angle),
+                        offset + x * std::sin(angle) + flat * y * std::cos(angle)};
+        };
+        const auto somewhere = [&](double low, double high) {
+            return placed(random.uniform(low, high), random.uniform(-1.0, 1.0));
+        };
+        const Vec2 start = placed(0, 0), other = placed(-random.uniform(0.1, 9.0), 0);
+        const Vec2 u = somewhere(0.0, 2.0), v = somewhere(0.0, 2.0), q = somewhere(0.0, 9.0);
+        const bool forward = random.integer(0, 1) == 0;
+        const BaseEdge base = forward ? BaseEdge(other, start) : BaseEdge(start, other);
+        const auto extension =
+            forward ? Extension::beyond_end(base) : Extension::behind_start(base);
+        const Shadow shadow(extension, u, v, 4e5);
+        Box2 box{q, q};
+        if (round % 3 == 0) expand(box, somewhere(0.0, 9.0));
+        if (base.rejects(q) || extension.above(q) > shadow.least_height(box)) continue;
+        ASSERT_TRUE(Diagonal(q, start).is_crossed_by(u, v));
+        ++hidden;
+    }
+    EXPECT_GT(hidden, tries / 200);
 }
 
 }  // namespace

@@ -213,6 +213,14 @@ TEST(ArcSplinePredicates, Rays) {
         expect_near(on.iso_1, at.iso_1, 1e-15);
         expect_near(on.bisector, at.bisector, 1e-15);
     }
+    for (const int parallel : {0, 1, 2}) {  // known before, of directions that are square
+        const double tol = 1e-9;
+        Pair d1 = right, d2 = up, parms{2, 3};
+        int status = parallel;
+        EXPECT_EQ(ARC_SPLINE_ask_are_two_rays_homodromic_2d(
+                      o.data(), d1.data(), o.data(), d2.data(), 1, 0, &tol, parms.data(), &status),
+                  parallel == 0);
+    }
 }
 
 TEST(ArcSplinePredicates, InscribedAngles) {

@@ -177,11 +177,16 @@ double deviation(const Record& record) {
 TEST(CurveCalculations, CorrectedSlopesComeCloserToCircles) {
     Random random;
     for (const int order : {4, 5, 6}) {
-        for (const double turn : {0.1, 1.0, 2.0, 3.1, 4.0}) {
+        for (const double turn : {0.1, 1.0, 2.0, M_PI, 4.0}) {
             const Record arc = circle({0.0, turn}, 5, order);
             BCDF_update_slopes(arc.get());
             EXPECT_NEAR(length(hermite(arc, 0, 0.5)), 1.0, 1e-12) << order << ' ' << turn;
         }
+        const Record straight = new_record({0, 0, 0, 0, 3, 0});
+        straight->order = order;
+        Vector ahead = {0, 7, 0};
+        BCDF_CALC_normalized_slope(straight.get(), 5, 0, ahead.data());
+        EXPECT_EQ(ahead[1], 1.0);
         double worst_gain = HUGE_VAL;
         for (int round = 0; round < rounds(100); ++round) {
             Values angles = {0.0};

@@ -295,6 +295,12 @@ TEST(SphereFit, FallsBackOnFourPointsThatAreSpread) {
     const Result four = fit<3>({r, 0, 0, 0, r, 0, -r, 0, 0, 0, -r, 0, 0, 0, r, r / 4, r / 4, 0});
     EXPECT_NEAR(four.radius, r, 1e-3);
     EXPECT_EQ(four.stats, nothing);
+    // Anywhere: of four points the third is not to be one of the first two.
+    for (const double x : {-2 * r, 2 * r})
+        for (const double y : {-2 * r, 2 * r}) {
+            const Result at = fit<3>({x, y, 0, x + r, y, 0, x, y + r, 0, x, y, r});
+            EXPECT_NEAR(at.radius, r * std::sqrt(0.75), 1e-3);
+        }
     for (const double height : {0.0011, 1.0}) {
         const Result pyramid = fit<3>({0, 0, 0, 3, 0, 0, 0, 4, 0, 1, 1, height});
         EXPECT_EQ(pyramid.failed, height < 1);

@@ -76,6 +76,13 @@ TEST(FunctionRoot, EndsAtAnExactZeroOrWithTheRootBeforeTheLastStep) {
     const Found found = find(cubic, 0.0, 3.0, 3.0);
     EXPECT_EQ(found.iterations, 1);
     EXPECT_TRUE(0.0 < found.root && found.root < 3.0) << found.root;
+    // Exactly as wide as the tolerance is not narrower; a step of exactly the tolerance is not
+    // taken.
+    const auto table = [](double x) { return x == 8 ? 3.0 : x == 4 ? 1.0 : x == 3 ? 0.0 : -1.0; };
+    for (const double tolerance : {2.0, 1.0})
+        EXPECT_EQ(find(table, 0.0, 8.0, tolerance), (Found{2, 2.0, {0, 8, 4, 2, 3}}));
+    // Between zeros at both ends it goes to the upper one.
+    EXPECT_EQ(find([](double x) { return x * (4.0 - x); }, 0.0, 4.0, 1e-9).root, 4.0);
     // A jump runs out of iterations.
     const Found last = find([](double x) { return x < 0.3 ? -1.0 : 1e6; }, -1e9, 1e9, 0.0);
     EXPECT_EQ(last.iterations, -1);

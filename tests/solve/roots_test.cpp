@@ -339,9 +339,16 @@ TEST(Polynomial, LeavesPointsWithoutDirectionAndDropsLeadingCoefficientsUpToTheT
     const struct {
         Roots coeffs;
         std::size_t count;
-    } rows[] = {{{-1, 0, 0, 1}, 1},   {{1, 0, 0, 0, 1}, 0},     {{-1, 0, 0, 0, 1}, 2},
-                {{-6, 2, coarse}, 1}, {{-6, 2, 2 * coarse}, 2}, {{5, coarse}, 0},
-                {{0, 0, 0}, 0}};
+    } rows[] = {{{-1, 0, 0, 1}, 1},
+                {{1, 0, 0, 0, 1}, 0},
+                {{-1, 0, 0, 0, 1}, 2},
+                {{-6, 2, coarse}, 1},
+                {{-6, 2, 2 * coarse}, 2},
+                {{5, coarse}, 0},
+                {{0, 0, 0}, 0},
+                // An imaginary part of 4e-5 of the real one is none.
+                {{1 + 3.99e-5 * 3.99e-5, -2, 1}, 2},
+                {{1 + 4.01e-5 * 4.01e-5, -2, 1}, 0}};
     for (const auto& row : rows)
         EXPECT_EQ(iterated(row.coeffs).size(), row.count) << "row " << &row - rows;
     EXPECT_EQ(SOLVE_polynomial(-3, nullptr, nullptr), 0);

@@ -154,9 +154,10 @@ TEST(ArcSplineSegments, DomainsAreClosedAndEndsAttract) {
     EXPECT_TRUE(parm == 10 && domain == 0) << parm;
     // A whole circle has no outside, also where it starts less beyond a foot than a turn tells.
     Segment circle = made_circle({0, 0}, 1);
+    const Pair below = direction_at(269.9);
     const double exact[] = {0, 0};
     const auto ask = [&] {
-        ARC_SPLINE_ask_parm_at_a_point_2d(&circle, early.data(), exact, foot.data(), &parm, &domain,
+        ARC_SPLINE_ask_parm_at_a_point_2d(&circle, below.data(), exact, foot.data(), &parm, &domain,
                                           &status);
         return parm;
     };

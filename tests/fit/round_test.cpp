@@ -297,10 +297,8 @@ TEST(SphereFit, FallsBackOnFourPointsThatAreSpread) {
     EXPECT_EQ(four.stats, nothing);
     // Anywhere: of four points the third is not to be one of the first two.
     for (const double x : {-2 * r, 2 * r})
-        for (const double y : {-2 * r, 2 * r}) {
-            const Result at = fit<3>({x, y, 0, x + r, y, 0, x, y + r, 0, x, y, r});
-            EXPECT_NEAR(at.radius, r * std::sqrt(0.75), 1e-3);
-        }
+        EXPECT_NEAR(fit<3>({x, r, 0, x, 3 * r, 0, x + r, 2 * r, r, x, 0, r}).radius,
+                    r * std::sqrt(7.25), 1e-3);
     for (const double height : {0.0011, 1.0}) {
         const Result pyramid = fit<3>({0, 0, 0, 3, 0, 0, 0, 4, 0, 1, 1, height});
         EXPECT_EQ(pyramid.failed, height < 1);

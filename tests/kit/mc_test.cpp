@@ -154,6 +154,7 @@ TEST(McSolve3, ReportsASmallDeterminantAndDividesByItAllTheSame) {
     x = {7, 7, 7};
     EXPECT_THROW(MC_solve_3(diagonal(0).data(), x.data()), Report);
     EXPECT_EQ(x, (Vector{7, 7, 7})) << "a report that unwinds leaves the output";
+    EXPECT_EQ(unwinding.lines().at(0) / 1000, 2) << "in the second of the module's files";
 }
 
 TEST(McDistLines, IsThatOfTheCommonPerpendicular) {

@@ -144,6 +144,7 @@ TEST(Jacobi, CountsSweepsAndReportsExhaustion) {
 
 TEST(GeneralizedEigen, SolvesThePencilWithVectorsOfLengthOneInB) {
     Random random;
+    const ReportRecorder recorder;
     for (const int n : {1, 2, 4, 9}) {
         const Matrix a = random_symmetric(random, n);
         const Matrix b = random_definite(random, n, 0.5);
@@ -169,6 +170,7 @@ TEST(GeneralizedEigen, SolvesThePencilWithVectorsOfLengthOneInB) {
         EXPECT_LT(distance(a * x, b * x * diagonal(values)), 1e-9);
         EXPECT_LT(distance(transposed(x) * b * x, identity(n)), 1e-12);
     }
+    EXPECT_EQ(recorder.reports(), Reports{});
 }
 
 TEST(GeneralizedEigen, PassesOnThatBIsNotPositiveDefinite) {

@@ -58,9 +58,17 @@ TEST(FunctionRoot, NeedsABracketButTakesZeroAtAnEnd) {
         EXPECT_EQ(find([=](double x) { return side * (x * x + 0.1); }, -0.5, 0.5, 1e-9),
                   (Found{-2, unwritten, {-0.5, 0.5}}));
     // A zero at an end does not end it early: the iteration runs, and comes close.
-    const Found at_end = find([](double x) { return x * (x + 3.0); }, 0.0, 1.0, 1e-9);
-    EXPECT_GE(at_end.iterations, 1);
-    EXPECT_NEAR(at_end.root, 0.0, 1e-6);
+    for (const double side : {1.0, -1.0}) {
+        for (const bool reversed : {false, true}) {
+            const Found at_end =
+                find([=](double x) { return side * x * (x + 3.0); }, reversed, !reversed, 1e-9);
+            EXPECT_GE(at_end.iterations, 1);
+            EXPECT_NEAR(at_end.root, 0.0, 1e-6);
+        }
+        // Rounding leads to just above the zero, which has the sign of what is positive.
+        EXPECT_EQ(find([=](double x) { return side * (x - 0.1); }, 0.1, 0.8, 1e-9).iterations,
+                  side > 0 ? 2 : 1);
+    }
 }
 
 TEST(FunctionRoot, EndsAtAnExactZeroOrWithTheRootBeforeTheLastStep) {

@@ -262,6 +262,13 @@ TEST(ClosedForms, GiveExactRootsInTheirOrder) {
     };
     for (const auto& [coeffs, roots] : rows)
         EXPECT_EQ(closed(coeffs), roots) << ::testing::PrintToString(coeffs);
+    // A cubic's own coefficients are exact to the last digits, those made of a quartic's are not.
+    EXPECT_EQ(closed(expanded({{1}, {{3, 3.2e-6}}}, 1.0)).size(), 1u);
+    for (const double mean : {0.1, 0.2, 0.3, 0.7, 3.1, 5.7})
+        EXPECT_EQ(closed(expanded({{mean, mean + 0.2, mean - 0.1, mean - 0.1}, {}}, 1.0)).size(),
+                  4u);
+    const double small = 0x1p-20;  // of three roots this close on either side the middle one goes
+    EXPECT_GT(closed({small - 1, 3 - small, -3, 1})[0], 1);
     const Roots apart = closed({1 - 5 * epsilon, -2, 1});
     ASSERT_EQ(apart.size(), 2u);
     EXPECT_GT(apart[0], apart[1]);

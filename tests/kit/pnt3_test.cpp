@@ -15,11 +15,10 @@ namespace {
 using namespace ztmath_test;
 
 TEST(Pnt3Colinear, TakesOneToleranceForASquaredLengthAndASquaredSine) {
-    const Vector a = {0, 0, 8};
-    const Vector b = {1, 0, 8};
-    const auto colinear = [&](Vector c, double tolerance) {
-        c[2] = 8;
-        return PNT3_is_colinear(a.data(), b.data(), c.data(), tolerance);
+    const Vector a = {0, 4, 0};
+    const auto colinear = [&](const Vector& c, double tolerance, const Vector& b = {1, 0, 0}) {
+        const Vector second = moved(b, 1, a), third = moved(c, 1, a);
+        return PNT3_is_colinear(a.data(), second.data(), third.data(), tolerance);
     };
     const double bend = 0.1;
     const Vector c = {1 + 10 * std::cos(bend), 10 * std::sin(bend), 0};
@@ -30,10 +29,10 @@ TEST(Pnt3Colinear, TakesOneToleranceForASquaredLengthAndASquaredSine) {
     EXPECT_EQ(colinear({1, 0.5, 0}, 0.25), 0) << "the squared distance must be less";
     EXPECT_EQ(colinear({1, 0.5, 0}, std::nextafter(0.25, 1)), 1);
     EXPECT_EQ(colinear({0.5, 0.5, 0}, 0.5), 0) << "that from a, too";
-    EXPECT_EQ(colinear({0, 0.5, 0}, std::nextafter(0.25, 1)), 1);
+    EXPECT_EQ(colinear({0, 0.5, 0}, 0.3, {0.75, 0, 0}), 1);
     EXPECT_EQ(colinear({1, 5, 0}, 1), 0) << "and so must the squared sine";
     EXPECT_EQ(colinear({5, 5, 0}, 1.0001), 1) << "a near b";
-    EXPECT_EQ(colinear(b, 0), 0) << "nothing is less than 0";
+    EXPECT_EQ(colinear({1, 0, 0}, 0), 0) << "nothing is less than 0";
 }
 
 TEST(Pnt3ColinearCondition, RunsAlongTheLine) {

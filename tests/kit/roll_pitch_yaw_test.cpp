@@ -124,6 +124,8 @@ TEST(AllRollPitchYaw, StandInAFixedOrder) {
         std::vector<Vector> all;
     } rows[] = {
         {{0.1, 0.2, 0.3}, {{0.1, 0.2, 0.3}, {pi + 0.1, pi - 0.2, pi + 0.3}}},
+        {{pi / 2, 0.2, 0.3},
+         {{pi / 2, 0.2, 0.3}, {-pi / 2, pi - 0.2, pi + 0.3}, {3 * pi / 2, pi - 0.2, pi + 0.3}}},
         {{0.7, pi / 2, 0.2}, {{0.5, pi / 2, 0}, {0, pi / 2, -0.5}}},    // only roll - yaw counts
         {{0.7, -pi / 2, 0.2}, {{0.9, -pi / 2, 0}, {0, -pi / 2, 0.9}}},  // only roll + yaw
         {{0.2, pi / 2, 0.2}, {{0, pi / 2, 0}}},                         // both zero is one triple

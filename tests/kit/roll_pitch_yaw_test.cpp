@@ -80,6 +80,7 @@ TEST(RollPitchYaw, AreCleanedTowardsRightAngles) {
     EXPECT_LT(angles_of({0.8, 0, 0, 0.6, 1, 0, 0, edge, 0.3})[0], pi / 2 - 1.4e-5);
     // A pair of length other than 1 is rebuilt from its larger member.
     EXPECT_DOUBLE_EQ(angles_of({0.8, 0, 0, 0.6, 1, 0, 0, 0.3, 0.6})[0], std::atan2(0.8, 0.6));
+    EXPECT_DOUBLE_EQ(angles_of({0.8, 0, 0, 0.6, 1, 0, 0, 0.6, 0.6})[0], std::atan2(0.6, 0.8));
 }
 
 TEST(RollPitchYaw, AtAPitchOfARightAngleGiveAllTheTurnToRoll) {

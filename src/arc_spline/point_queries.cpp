@@ -25,8 +25,7 @@ InDomain in_arc_domain(const Segment& arc, double tol, double parm) {
 /// The smallest t + 360 k that is not below the limit.
 double not_below(double limit, double t) {
     const double moved = t + 360.0 * std::ceil((limit - t) / 360.0);
-    if (moved < limit) return moved + 360.0;
-    return moved - 360.0 >= limit ? moved - 360.0 : moved;
+    return moved < limit ? moved + 360.0 : moved;  // the difference was rounded down
 }
 
 SegmentFoot foot_on_arc(const Segment& arc, Vec2 point, double angle_tol) {

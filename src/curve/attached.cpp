@@ -1,14 +1,15 @@
 #include "curve/attached.h"
 
+#include <iterator>
+
 namespace ztmath {
 
 namespace {
 
 void put(const PNTLST& list, int k, Vec3 v) {
-    const double coordinates[3] = {v.x, v.y, v.z};
-    double* at = point_at(list, k);
-    for (int j = 0; j < list.dimension; ++j)
-        at[j] = j < 3 ? coordinates[j] : 0.0;
+    const double coordinates[] = {v.x, v.y, v.z, 0.0};
+    std::copy_n(coordinates, std::min(std::ptrdiff_t{list.dimension}, std::ssize(coordinates)),
+                point_at(list, k));
 }
 
 /// Room for one more code, kept when the rest of an insertion fails.

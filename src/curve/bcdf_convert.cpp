@@ -30,7 +30,7 @@ double normalize(BCDF& record) {
     if (t.empty()) return 0.0;
     const double last = t.back();
     t.front() = 0.0;
-    divide(t.first(t.size() - 1), last);
+    divide(t, last);
     t.back() = 1.0;
     divide(slope_parameters(record), last);
     return last;

@@ -104,19 +104,21 @@ TEST(Intersections, CountWhatIsInsideBothDomains) {
     const Segment upper = arc({0, 0}, 5, 90, 270), lower = arc({0, 0}, 5, 270, 450);
     const Segment missed = arc({0, 0}, 5, 180, 200), right = arc({0, 0}, 5, 0, 180);
     const Segment line = made_straight({-9, 3}, {9, 3}), half = made_straight({0, 3}, {4, 3});
+    const Segment early = made_straight({0, 3}, {4 - 1e-8, 3});
     const Segment beyond = made_straight({7, 3}, {9, 3}), far = made_straight({1, 5}, {9, 5});
     const double brim = 5 + 9e-10;
     const Segment tangent = made_straight({-9, brim}, {9, brim}),
                   cross = made_straight({0, 0}, {3, 3});
     // The first circle's crossings are (3, -4) and (3, 4), the line's (-4, 3) and (4, 3).
     const std::tuple<const Segment*, const Segment*, int, Pair, Pair> cases[] = {
-        {&whole, &other, 2, {3, -4}, {-1, -1}},     {&lower, &other, 1, {3, -4}, {-1, -1}},
-        {&upper, &other, 1, {3, 4}, {-1, -1}},      {&other, &upper, 1, {3, 4}, {-1, -1}},
-        {&missed, &other, 0, {3, -4}, {1, -1}},     {&whole, &line, 2, {-4, 3}, {-1, -1}},
-        {&right, &line, 1, {4, 3}, {-1, -1}},       {&half, &whole, 1, {4, 3}, {0, -1}},
-        {&whole, &half, 1, {4, 3}, {-1, 0}},        {&whole, &beyond, 0, {-4, 3}, {-1, 1}},
-        {&whole, &tangent, 1, {0, brim}, {-1, -1}}, {&whole, &far, 0, {0, 5}, {-1, 1}},
-        {&upper, &level, 1, {5, 0}, {0, -1}},       {&line, &cross, 1, {3, 3}, {-1, 0}},
+        {&whole, &other, 2, {3, -4}, {-1, -1}}, {&lower, &other, 1, {3, -4}, {-1, -1}},
+        {&upper, &other, 1, {3, 4}, {-1, -1}},  {&other, &upper, 1, {3, 4}, {-1, -1}},
+        {&missed, &other, 0, {3, -4}, {1, -1}}, {&whole, &line, 2, {-4, 3}, {-1, -1}},
+        {&right, &line, 1, {4, 3}, {-1, -1}},   {&half, &whole, 1, {4, 3}, {0, -1}},
+        {&whole, &half, 1, {4, 3}, {-1, 0}},    {&whole, &beyond, 0, {-4, 3}, {-1, 1}},
+        {&whole, &early, 0, {-4, 3}, {-1, 1}},  {&whole, &tangent, 1, {0, brim}, {-1, -1}},
+        {&whole, &far, 0, {0, 5}, {-1, 1}},     {&upper, &level, 1, {5, 0}, {0, -1}},
+        {&line, &cross, 1, {3, 3}, {-1, 0}},
     };
     for (const auto& [a, b, count, first, flags] : cases) {
         const Common found = common(a, b, 1, 1);

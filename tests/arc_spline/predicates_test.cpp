@@ -84,11 +84,12 @@ TEST(ArcSplinePredicates, Quadratics) {
         EXPECT_NEAR(static_cast<double>(roots[0] / (d < 0 ? half : far)), 1, slack);
         EXPECT_NEAR(static_cast<double>(roots[1] / (d < 0 ? way : k0 / (k2 * far))), 1, slack);
     }
-    const double cases[][7] = {{0, 0, 0, 0, -3, 9, 9},         {0, 0, 1, 0, 0, 9, 9},
-                               {0.9e-12, 2, -4, 0, 1, 2, 2},   {-1, 0, -1, 0, -2, 0, -1},
-                               {1, 0, 2e-25, 0, 2, 0, 0},      {1e-11, 0, -1e-11, 0, 2, -1, 1},
-                               {4, -8, 4, 0, 2, 1, 1},         {1e-11, 0, -1e-11, 1, 2, -1, 1},
-                               {1e-13, 0, -1e-13, 1, -3, 9, 9}};
+    const double cases[][7] = {{0, 0, 0, 0, -3, 9, 9},          {0, 0, 1, 0, 0, 9, 9},
+                               {0.9e-12, 2, -4, 0, 1, 2, 2},    {-1, 0, -1, 0, -2, 0, -1},
+                               {1, 0, 2e-25, 0, 2, 0, 0},       {1e-11, 0, -1e-11, 0, 2, -1, 1},
+                               {4, -8, 4, 0, 2, 1, 1},          {1e-11, 0, -1e-11, 1, 2, -1, 1},
+                               {1e-13, 0, -1e-13, 1, -3, 9, 9}, {4, 3e-12, 0, 0, 2, 0, -7.5e-13},
+                               {2, 2e-12, 0, 0, 2, -1e-12, 0}};
     for (const auto& [k2, k1, k0, normalise, found, x1, x2] : cases) {
         EXPECT_EQ(solve(k2, k1, k0, static_cast<int>(normalise)), found);
         expect_near(roots, {x1, x2}, 1e-14);
@@ -212,6 +213,14 @@ TEST(ArcSplinePredicates, Rays) {
         EXPECT_EQ(on.longer, at.longer);
         expect_near(on.iso_1, at.iso_1, 1e-15);
         expect_near(on.bisector, at.bisector, 1e-15);
+    }
+    for (const int parallel : {0, 1, 2}) {  // known before, of directions that are square
+        const double tol = 1e-9;
+        Pair d1 = right, d2 = up, parms{2, 3};
+        int status = parallel;
+        EXPECT_EQ(ARC_SPLINE_ask_are_two_rays_homodromic_2d(
+                      o.data(), d1.data(), o.data(), d2.data(), 1, 0, &tol, parms.data(), &status),
+                  parallel == 0);
     }
 }
 

@@ -207,7 +207,7 @@ TEST(ArcSplinePrimitives, LinesMeet) {
     }
     d1 = {1, 0}, d2 = {-2, 0};
     EXPECT_EQ(status({0, 0}, {5, 0.02}), 2);  // the way, too, is within the angle
-    EXPECT_EQ(status({0, 0}, {0, 1}), 1);
+    EXPECT_EQ(status({0, 0}, {0, 1e-6}), 1);
     EXPECT_EQ(pt, (Pair{9, 9}));
     EXPECT_EQ(status({0, 0}, {0, 5e-7}), 2);
     EXPECT_EQ(pt, (Pair{0, 2.5e-7}));

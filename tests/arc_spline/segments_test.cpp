@@ -152,6 +152,22 @@ TEST(ArcSplineSegments, DomainsAreClosedAndEndsAttract) {
     ARC_SPLINE_ask_parm_at_a_point_2d(&left, early.data(), tols, foot.data(), &parm, &domain,
                                       &status);
     EXPECT_TRUE(parm == 10 && domain == 0) << parm;
+    // A whole circle has no outside, also where it starts less beyond a foot than a turn tells.
+    Segment circle = made_circle({0, 0}, 1);
+    const Pair below = direction_at(269.9);
+    const double exact[] = {0, 0};
+    const auto ask = [&] {
+        ARC_SPLINE_ask_parm_at_a_point_2d(&circle, below.data(), exact, foot.data(), &parm, &domain,
+                                          &status);
+        return parm;
+    };
+    const double full = ask();
+    for (const double start : {full, std::nextafter(full - 360, 0)}) {
+        circle.start_angle = start;
+        circle.end_angle = start + 360;
+        EXPECT_EQ(ask(), full);
+        EXPECT_EQ(domain, 0);
+    }
     const double cases[][3] = {{50, -1, 50}, {89.25, -1, 89.25}, {89.5, 0, 89.5}, {90.5, 0, 90},
                                {91, 1, 91},  {9.5, 0, 10},       {10.5, 0, 10.5}, {410, 1, 410}};
     for (const auto& [given, flag, moved_to] : cases)

@@ -177,7 +177,7 @@ double deviation(const Record& record) {
 TEST(CurveCalculations, CorrectedSlopesComeCloserToCircles) {
     Random random;
     for (const int order : {4, 5, 6}) {
-        for (const double turn : {0.1, 1.0, 2.0, 3.1, 4.0}) {
+        for (const double turn : {0.1, 1.0, 2.0, M_PI, 4.0}) {
             const Record arc = circle({0.0, turn}, 5, order);
             BCDF_update_slopes(arc.get());
             EXPECT_NEAR(length(hermite(arc, 0, 0.5)), 1.0, 1e-12) << order << ' ' << turn;
@@ -194,6 +194,19 @@ TEST(CurveCalculations, CorrectedSlopesComeCloserToCircles) {
         }
         EXPECT_GT(worst_gain, 4.0) << "order " << order;
     }
+}
+
+/// Straight on, each side asks for its own speed; square to the chord a quintic for 8/5 of it.
+TEST(CurveCalculations, CorrectedSlopesOfQuinticsWhereTheRuleDividesByZero) {
+    const Record record = new_record({0, 0, 0, 3, 0, 0, 4, 0, 0});
+    const double t[] = {0, 3, 5};
+    BCDF_add_params(record.get(), t);
+    record->order = 5;
+    Vector on = {7, 0, 0}, square = {1e-10, 1, 0};
+    BCDF_CALC_normalized_slope(record.get(), 5, 1, on.data());
+    EXPECT_DOUBLE_EQ(on[0], (9 * 1.0 + 2 * 0.5) / 11);
+    BCDF_CALC_normalized_slope(record.get(), 5, 0, square.data());
+    EXPECT_DOUBLE_EQ(square[1], 1.6);
 }
 
 /// The closing point of a ring is its first one, whichever of the two has the slope.

@@ -191,6 +191,12 @@ TEST(CurveRecord, NormalisesParametersAndBack) {
 
 TEST(CurveRecord, DropsTheFourthCoordinateOfSlopesWithoutDividing) {
     const Record record = new_record({2, 4, 6, 2, 0, 0, 0, 1, 5, 0, 0, 0.5}, 4);
+    for (const double fourth : {9.0, 0.0}) {  // new, and over another
+        BCDF_replace_slope(record.get(), Vector{5, 6, 7}.data(), 1, 1);
+        EXPECT_EQ(values_of(record->slopes), (Values{5, 6, 7, 0}));
+        record->slopes->points[3] = fourth;
+    }
+    BCDF_remove_slopes(record.get(), 0, 1);
     record->slopes = new_list({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}, 4).release();
     BCDF_convert_4d_to_3d(record.get());
     EXPECT_EQ(values_of(record->points), (Values{1, 2, 3, 0, 0, 0, 10, 0, 0}));

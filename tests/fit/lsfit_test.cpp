@@ -230,7 +230,7 @@ TEST(Line3dFit, TakesTheCallersPlaneUnlessToldOtherwise) {
 }
 
 TEST(Line3dFit, CollinearPointsOfTheCallersPlaneRunThroughTheFarthest) {
-    const Line3d line({0, 0, 3, 1, 1, 3, 2, 2, 3, 6, 6, 3}, {0, 0, 1}, 1);
+    const Line3d line({0, 0, 3, 6, 6, 3, 1, 1, 3, 2, 2, 3}, {0, 0, 1}, 1);
     EXPECT_EQ(line.collinear, 1);
     EXPECT_EQ(line.coincident, 0);
     EXPECT_DOUBLE_EQ(line.direction[0], std::sqrt(0.5));

@@ -295,6 +295,12 @@ TEST(SphereFit, FallsBackOnFourPointsThatAreSpread) {
     const Result four = fit<3>({r, 0, 0, 0, r, 0, -r, 0, 0, 0, -r, 0, 0, 0, r, r / 4, r / 4, 0});
     EXPECT_NEAR(four.radius, r, 1e-3);
     EXPECT_EQ(four.stats, nothing);
+    // Anywhere: of four points the third is not to be one of the first two.
+    for (const double x : {-2 * r, 2 * r})
+        EXPECT_NEAR(fit<3>({x, r, 0, x, 3 * r, 0, x + r, 2 * r, r, x, 0, r, x + r / 4, 1.5 * r,
+                            r / 2})  // the mean of the four beside them
+                        .radius,
+                    r * std::sqrt(7.25), 1e-3);
     for (const double height : {0.0011, 1.0}) {
         const Result pyramid = fit<3>({0, 0, 0, 3, 0, 0, 0, 4, 0, 1, 1, height});
         EXPECT_EQ(pyramid.failed, height < 1);

@@ -274,6 +274,15 @@ TEST(Mtx3OrthoNormalize, KeepsPerpendicularXAndZAndSnapsRowsToTheAxes) {
         EXPECT_EQ(repaired(m), expected);
     const Matrix m = {1 + small, small, 1.0e-3, small, 1 - small, small, 1.0e-3, -small, 0.999999};
     EXPECT_EQ(row(repaired(m), 0), row(identity, 0)) << "after an element snapped to 1 come zeros";
+    // So what the angles are read from is gone, unless the element is 1 as it stands.
+    const double one = 1 - small;
+    const Vector y = row(identity, 1);
+    EXPECT_EQ(row(repaired({0.8, 0, 0.1, 0.3, one, 0, 0.1, 0, 0.9}), 1), y);
+    EXPECT_NE(row(repaired({0.8, 0, 0.1, 0.3, 1, 0, 0.1, 0, 0.9}), 1), y);
+    EXPECT_EQ(row(repaired({0.8, 0.1, 0.1, 0.1, 0.8, 0.1, 0.3, one, 0.4}), 2), y);
+    EXPECT_EQ(row(repaired({1e-11, 0.2, one, 0, 0.6, 0.3, -1, 0, 0}), 1), y);
+    for (const double up : {1, -1})
+        EXPECT_EQ(row(repaired({1e-11, 0.2, 1, 0, up * one, 0.3, -1, 0, 0}), 1), scaled(y, up));
 }
 
 TEST(Mtx3OrthoNormalize, EndsOnEveryInput) {

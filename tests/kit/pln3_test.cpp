@@ -32,17 +32,17 @@ TEST(Pln3, CoincidenceIsOfPointsAndEqualityOfNormalVectors) {
     } const rows[] = {
         {{0, 0, 1, 0, 0, -2}, 1, 0},     // turned over
         {{0, 0, 1, 0, 0, 3}, 1, 0},      // scaled
-        {{0, 0, 1, 0, 0, 2.1}, 1, 1},    // scaled within the tolerance
+        {{0, 0, 1, 0, 0, 2.25}, 1, 1},   // scaled within the tolerance
         {{0, 0, 1.01, 0, 0, 2}, 1, 1},   // shifted within the tolerance
         {{0, 0, 1.02, 0, 0, 2}, 0, 0},   // beyond
-        {{0, 0, 1, 0, 0.25, 2}, 0, 0},   // turned beyond the tolerances
+        {{0, 0, 1, 0, 0.5, 2}, 0, 0},    // turned beyond the tolerances
         {{0, 0, 1, 0, 0.099, 2}, 1, 1},  // within
     };
     for (const auto& row : rows) {
         const double distance = 0.0125;
         EXPECT_EQ(PLN3_is_coincident(z_is_1.data(), row.other.data(), distance, 0.05),
                   row.coincident);
-        EXPECT_EQ(PLN3_is_equal(z_is_1.data(), row.other.data(), distance, 0.1001), row.equal);
+        EXPECT_EQ(PLN3_is_equal(z_is_1.data(), row.other.data(), distance, 0.25), row.equal);
     }
 }
 

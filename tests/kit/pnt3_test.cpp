@@ -15,10 +15,10 @@ namespace {
 using namespace ztmath_test;
 
 TEST(Pnt3Colinear, TakesOneToleranceForASquaredLengthAndASquaredSine) {
-    const Vector a = {0, 0, 0};
-    const Vector b = {1, 0, 0};
-    const auto colinear = [&](const Vector& c, double tolerance) {
-        return PNT3_is_colinear(a.data(), b.data(), c.data(), tolerance);
+    const Vector a = {0, 4, 0};
+    const auto colinear = [&](const Vector& c, double tolerance, const Vector& b = {1, 0, 0}) {
+        const Vector second = moved(b, 1, a), third = moved(c, 1, a);
+        return PNT3_is_colinear(a.data(), second.data(), third.data(), tolerance);
     };
     const double bend = 0.1;
     const Vector c = {1 + 10 * std::cos(bend), 10 * std::sin(bend), 0};
@@ -28,10 +28,11 @@ TEST(Pnt3Colinear, TakesOneToleranceForASquaredLengthAndASquaredSine) {
     EXPECT_EQ(colinear({-5, 0, 0}, 1.0e-12), 1) << "folded back";
     EXPECT_EQ(colinear({1, 0.5, 0}, 0.25), 0) << "the squared distance must be less";
     EXPECT_EQ(colinear({1, 0.5, 0}, std::nextafter(0.25, 1)), 1);
-    EXPECT_EQ(colinear({0, 0.5, 0}, std::nextafter(0.25, 1)), 1);
+    EXPECT_EQ(colinear({0.5, 0.5, 0}, 0.5), 0) << "that from a, too";
+    EXPECT_EQ(colinear({0, 0.5, 0}, 0.3, {0.75, 0, 0}), 1);
     EXPECT_EQ(colinear({1, 5, 0}, 1), 0) << "and so must the squared sine";
     EXPECT_EQ(colinear({5, 5, 0}, 1.0001), 1) << "a near b";
-    EXPECT_EQ(colinear(b, 0), 0) << "nothing is less than 0";
+    EXPECT_EQ(colinear({1, 0, 0}, 0), 0) << "nothing is less than 0";
 }
 
 TEST(Pnt3ColinearCondition, RunsAlongTheLine) {
@@ -44,18 +45,22 @@ TEST(Pnt3ColinearCondition, RunsAlongTheLine) {
         {{1.0e-6, 0, 0}, 1.0e-6, 3}, {{1.1e-6, 0, 0}, 1.0e-6, 4},      {{1.5, 0, 0}, 0.5, 5},
         {{1, 0, 0}, 1, 3},           {{1.9e-3, 0.5e-3, 0}, 1.0e-5, 4},
     };
-    const Vector a = {0, 0, 0};
-    const Vector b = {2, 0, 0};
+    const Vector a = {0, 0, 8};
+    const auto condition = [&](Vector b, Vector c, double tolerance) {
+        b[2] = c[2] = 8;
+        return PNT3_colinear_condition(a.data(), b.data(), c.data(), tolerance);
+    };
     for (const auto& row : rows)
-        EXPECT_EQ(PNT3_colinear_condition(a.data(), b.data(), row.c.data(), row.tolerance),
-                  row.expected)
+        EXPECT_EQ(condition({2, 0, 0}, row.c, row.tolerance), row.expected)
             << row.c[0] << ", " << row.c[1] << " within " << row.tolerance;
-    EXPECT_EQ(PNT3_colinear_condition(a.data(), a.data(), b.data(), 1.0e-6), 6) << "a = b";
+    EXPECT_EQ(condition(a, {2, 0, 0}, 1.0e-6), 6) << "a = b";
+    EXPECT_EQ(condition({5, 0, 0}, {4, 3, 0}, 1), 6) << "as far from a as b is, and so not between";
+    EXPECT_EQ(condition({5, 0, 0}, {1, 3, 0}, 1), 2);
 }
 
 TEST(Pnt3AskClosestPoint, DecidesTiesByTheAngleOffTheAxis) {
     const double before = acom_.tolerances[ZTMATH_LENGTH_TOLERANCE];
-    acom_.tolerances[ZTMATH_LENGTH_TOLERANCE] = 0.1;
+    acom_.tolerances[ZTMATH_LENGTH_TOLERANCE] = 0.125;
     const Vector p = {0, 0, 8};
     const Vector x = {2, 0, 0};
     const auto closest = [&](std::vector<Vector> points) {
@@ -74,12 +79,14 @@ TEST(Pnt3AskClosestPoint, DecidesTiesByTheAngleOffTheAxis) {
     EXPECT_EQ(closest({}), untouched);
     EXPECT_EQ(closest({behind, ahead, beside}), ahead);
     EXPECT_EQ(closest({beside, {0, -3, 0}, {0, 0, 3}}), beside) << "equal angles: the first";
-    EXPECT_EQ(closest({behind, {-3.09, 0, 0}}), (Vector{-3.09, 0, 0})) << "a tie may be farther";
-    EXPECT_EQ(closest({behind, {-3.11, 0, 0}}), behind);
-    EXPECT_EQ(closest({ahead, {2.91, 0, 0}}), ahead);
-    EXPECT_EQ(closest({ahead, {2.89, 0, 0}}), (Vector{2.89, 0, 0}));
+    EXPECT_EQ(closest({behind, {-3.125, 0, 0}}), (Vector{-3.125, 0, 0})) << "a tie may be farther";
+    EXPECT_EQ(closest({behind, {-3.13, 0, 0}}), behind);
+    EXPECT_EQ(closest({ahead, {2.875, 0, 0}}), ahead);
+    EXPECT_EQ(closest({ahead, {2.87, 0, 0}}), (Vector{2.87, 0, 0}));
+    EXPECT_EQ(closest({beside, {-2.4e-10, 3, 0}})[0], 0) << "angles this close are equal";
+    EXPECT_EQ(closest({beside, {-3.6e-10, 3, 0}})[0], -3.6e-10);
     // Kept oddity: each tie is with the best so far, which may recede from the closest.
-    EXPECT_EQ(closest({behind, {0, 3.09, 0}, {-3.18, 0, 0}}), (Vector{-3.18, 0, 0}));
+    EXPECT_EQ(closest({behind, {0, 3.125, 0}, {-3.25, 0, 0}}), (Vector{-3.25, 0, 0}));
     EXPECT_EQ(closest({{NAN, 0, 0}, beside})[1], 0) << "nothing is closer than what is no point";
     acom_.tolerances[ZTMATH_LENGTH_TOLERANCE] = before;
 }

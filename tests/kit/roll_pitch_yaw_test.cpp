@@ -80,6 +80,7 @@ TEST(RollPitchYaw, AreCleanedTowardsRightAngles) {
     EXPECT_LT(angles_of({0.8, 0, 0, 0.6, 1, 0, 0, edge, 0.3})[0], pi / 2 - 1.4e-5);
     // A pair of length other than 1 is rebuilt from its larger member.
     EXPECT_DOUBLE_EQ(angles_of({0.8, 0, 0, 0.6, 1, 0, 0, 0.3, 0.6})[0], std::atan2(0.8, 0.6));
+    EXPECT_DOUBLE_EQ(angles_of({0.8, 0, 0, 0.6, 1, 0, 0, 0.6, 0.6})[0], std::atan2(0.6, 0.8));
 }
 
 TEST(RollPitchYaw, AtAPitchOfARightAngleGiveAllTheTurnToRoll) {
@@ -124,6 +125,8 @@ TEST(AllRollPitchYaw, StandInAFixedOrder) {
         std::vector<Vector> all;
     } rows[] = {
         {{0.1, 0.2, 0.3}, {{0.1, 0.2, 0.3}, {pi + 0.1, pi - 0.2, pi + 0.3}}},
+        {{pi / 2, 0.2, 0.3},
+         {{pi / 2, 0.2, 0.3}, {-pi / 2, pi - 0.2, pi + 0.3}, {3 * pi / 2, pi - 0.2, pi + 0.3}}},
         {{0.7, pi / 2, 0.2}, {{0.5, pi / 2, 0}, {0, pi / 2, -0.5}}},    // only roll - yaw counts
         {{0.7, -pi / 2, 0.2}, {{0.9, -pi / 2, 0}, {0, -pi / 2, 0.9}}},  // only roll + yaw
         {{0.2, pi / 2, 0.2}, {{0, pi / 2, 0}}},                         // both zero is one triple

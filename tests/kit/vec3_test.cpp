@@ -101,7 +101,7 @@ TEST(Vec3AngleBetween, RunsCounterClockwiseAboutTheReference) {
         {{-1, 0, 0}, down, pi},
         {{0, 3, 0}, x, pi / 2},
         {{0, 0, 1.0e-10}, up, 0},
-        {{1, -0.9e-10, 0}, up, 0},
+        {{1, -1e-10, 0}, up, 0},
         {{1, -1.1e-10, 0}, up, 2 * pi - 1.1e-10},
     };
     for (const auto& row : rows)

@@ -58,9 +58,17 @@ TEST(FunctionRoot, NeedsABracketButTakesZeroAtAnEnd) {
         EXPECT_EQ(find([=](double x) { return side * (x * x + 0.1); }, -0.5, 0.5, 1e-9),
                   (Found{-2, unwritten, {-0.5, 0.5}}));
     // A zero at an end does not end it early: the iteration runs, and comes close.
-    const Found at_end = find([](double x) { return x * (x + 3.0); }, 0.0, 1.0, 1e-9);
-    EXPECT_GE(at_end.iterations, 1);
-    EXPECT_NEAR(at_end.root, 0.0, 1e-6);
+    for (const double side : {1.0, -1.0}) {
+        for (const bool reversed : {false, true}) {
+            const Found at_end =
+                find([=](double x) { return side * x * (x + 3.0); }, reversed, !reversed, 1e-9);
+            EXPECT_GE(at_end.iterations, 1);
+            EXPECT_NEAR(at_end.root, 0.0, 1e-6);
+        }
+        // Rounding leads to just above the zero, which has the sign of what is positive.
+        const Found beside = find([=](double x) { return side * (x - 0.1); }, 0.1, 0.8, 1e-9);
+        EXPECT_EQ(beside.visited.back() == (0.1 + 0.8) / 2, side > 0);  // tried again, or narrowed
+    }
 }
 
 TEST(FunctionRoot, EndsAtAnExactZeroOrWithTheRootBeforeTheLastStep) {
@@ -76,6 +84,13 @@ TEST(FunctionRoot, EndsAtAnExactZeroOrWithTheRootBeforeTheLastStep) {
     const Found found = find(cubic, 0.0, 3.0, 3.0);
     EXPECT_EQ(found.iterations, 1);
     EXPECT_TRUE(0.0 < found.root && found.root < 3.0) << found.root;
+    // Exactly as wide as the tolerance is not narrower; a step of exactly the tolerance is not
+    // taken.
+    const auto table = [](double x) { return x == 5 ? 3.0 : x == 1 ? 1.0 : x == 0 ? 0.0 : -1.0; };
+    for (const double tolerance : {2.0, 1.0})
+        EXPECT_EQ(find(table, -3.0, 5.0, tolerance), (Found{2, -1.0, {-3, 5, 1, -1, 0}}));
+    // Between zeros at both ends it goes to the upper one.
+    EXPECT_EQ(find([](double x) { return x * (4.0 - x); }, 0.0, 4.0, 1e-9).root, 4.0);
     // A jump runs out of iterations.
     const Found last = find([](double x) { return x < 0.3 ? -1.0 : 1e6; }, -1e9, 1e9, 0.0);
     EXPECT_EQ(last.iterations, -1);

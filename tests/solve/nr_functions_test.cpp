@@ -354,6 +354,12 @@ TEST(Qsimp, ErrorStaysWithinTheTolerance) {
 TEST(Qsimp, IsExactForCubicsAndOfOrderSixWithTheCorrection) {
     const auto cubic = [](double x) { return ((4.0 * x - 3.0) * x + 2.0) * x - 1.0; };
     EXPECT_NEAR(integrate(cubic, -1.0, 3.0, 0.0, 60).value, 56.0, 1e-13);
+    // The error of a quartic is told exactly.
+    const auto quartic = [](double x) { return x * x * x * x; };
+    const double told =
+        (std::pow(0.4384471871911697, 5) + std::pow(1 - 0.4384471871911697, 5)) / 1920;
+    for (const double share : {0.99, 1.01})
+        EXPECT_EQ(integrate(quartic, 0, 1, share * told / 0.2, 1).status, share < 1);
     // Every division into halves, with all levels made: 2^6 less error.
     double errors[2];
     for (int i = 0; i < 2; ++i) {

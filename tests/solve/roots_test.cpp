@@ -262,6 +262,10 @@ TEST(ClosedForms, GiveExactRootsInTheirOrder) {
     };
     for (const auto& [coeffs, roots] : rows)
         EXPECT_EQ(closed(coeffs), roots) << ::testing::PrintToString(coeffs);
+    // A cubic's own coefficients are exact to the last digits.
+    EXPECT_EQ(closed(expanded({{1}, {{3, 3.2e-6}}}, 1.0)).size(), 1u);
+    const double small = 0x1p-20;  // of three roots this close on either side the middle one goes
+    EXPECT_GT(closed({small - 1, 3 - small, -3, 1})[0], 1);
     const Roots apart = closed({1 - 5 * epsilon, -2, 1});
     ASSERT_EQ(apart.size(), 2u);
     EXPECT_GT(apart[0], apart[1]);
@@ -345,6 +349,8 @@ TEST(Polynomial, LeavesPointsWithoutDirectionAndDropsLeadingCoefficientsUpToTheT
     for (const auto& row : rows)
         EXPECT_EQ(iterated(row.coeffs).size(), row.count) << "row " << &row - rows;
     EXPECT_EQ(SOLVE_polynomial(-3, nullptr, nullptr), 0);
+    for (const double part : {3.99e-5, 4.01e-5})  // what is beside 1 is nothing up to 4e-5
+        EXPECT_EQ(iterated({1 + part * part, -2, 1}).size(), part < 4e-5 ? 2u : 0u);
     EXPECT_EQ(recorder.reports(), Reports{});
 }
 

@@ -1,5 +1,6 @@
 #include "curve/attached.h"
 
+#include <algorithm>
 #include <iterator>
 
 namespace ztmath {

@@ -69,6 +69,11 @@ class Outline {
     /// circle or at a diagonal, and not in the runs that `skip` is true of.
     template <class Place, class Skip, class Stop>
     int first_near(const Place& place, int first, int last, Skip skip, Stop stop) {
+        if (last - first < few_points) {
+            for (int i = first; i <= last; ++i)
+                if (stop(i)) return i;
+            return -1;
+        }
         const RunWindow& window = shows(place) ? window_ : everything_;
         return window.first_of(boxes_, first, last, skip, stop);
     }
@@ -94,6 +99,7 @@ class Outline {
     double reach() const { return reach_; }
 
   private:
+    static constexpr int few_points = 16;  // quicker looked at than excluded
     static constexpr int large = 2000;
     static constexpr int many_visits = 50;
 

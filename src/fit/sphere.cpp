@@ -79,7 +79,7 @@ FourPoints select_four(const double* points, int n, const PlaneFit& plane) {
 
     // Of the two directions square to both, that from which the first point lies ahead.
     Vec3 direction = unitize(cross(plane.normal, p2 - p1)).unit;
-    if (std::signbit(dot(p1 - plane.point, direction))) direction = -direction;
+    if (dot(p1 - plane.point, direction) < 0.0) direction = -direction;
     const Extreme third = most(points, n, [&](Vec3 p) { return -dot(p - plane.point, direction); });
     if (!third.found) return ended(Selection::no_least_point);
     p3 = third.point;

@@ -69,7 +69,7 @@ double clamped_cosine(double r, double m) {
 RealRoots three_roots(double q_sum, double r_sum, double shift) {
     constexpr double sine_of_third = 0.5 * std::numbers::sqrt3;
     // A positive discriminant beside a negative q is rounding: the roots are one.
-    const double q = std::max(q_sum, 0.0) / 9.0;
+    const double q = std::max(0.0, q_sum) / 9.0;
     const double theta = std::acos(clamped_cosine(r_sum / 54.0, std::sqrt(q * q * q)));
     const double k = -2.0 * std::sqrt(q);
     const double cosine = std::cos(theta / 3.0);

@@ -4,6 +4,8 @@
 // A part is a run of consecutive vertices, its base edge a diagonal of the whole. A part of m
 // vertices takes m - 2 triangles, so the places of all its triangles are known when it is cut off,
 // and the parts can be filled in any order: the smaller one first, so that few are ever waiting.
+#include <algorithm>
+
 #include "facet/fill_shadow.h"
 #include "facet/poly_tri_fill.h"
 #include "facet/run_window.h"
@@ -141,7 +143,8 @@ class ApexSearch {
   private:
     Vec2 point(int i) const { return outline_.point(i); }
 
-    static constexpr int few = 8;  // runs, or edges
+    static constexpr int few = 8;     // runs, or edges
+    static constexpr int beside = 3;  // edges on either side
 
     /// A vertex and its circle.
     struct Candidate {
@@ -288,7 +291,8 @@ class ApexSearch {
     }
 
     /// Whether an edge of the part crosses the diagonal from j to an end of the base edge. The edge
-    /// found last is tried first: what hides one vertex tends to hide the next.
+    /// found last and those beside it are tried first: what hides one vertex tends to hide the
+    /// next.
     bool is_crossed(int j, int end, int& blocking) {
         const Diagonal diagonal(point(j), point(end));
         int reached = -1;  // the point that `side` is of: an edge begins where the one before ended
@@ -300,12 +304,18 @@ class ApexSearch {
             return !Diagonal::is_beside(start_side, side) && k != j && k + 1 != j && k != end &&
                    k + 1 != end && diagonal.is_crossed_by(point(k), point(k + 1));
         };
-        if (blocking >= 0 && crosses(blocking)) return true;
-        const int k = outline_.first_near(
-            diagonal, first_, last_ - 1,
-            [&](std::ptrdiff_t run) { return diagonal.is_clear_of(box(run)); }, crosses);
-        if (k >= 0) blocking = k;
-        return k >= 0;
+        const auto find = [&](int first, int last) {
+            const int k = outline_.first_near(
+                diagonal, first, last,
+                [&](std::ptrdiff_t run) { return diagonal.is_clear_of(box(run)); }, crosses);
+            if (k >= 0) blocking = k;
+            return k >= 0;
+        };
+        const int last = last_ - 1;
+        if (blocking >= 0 &&
+            find(std::max(first_, blocking - beside), std::min(blocking + beside, last)))
+            return true;
+        return find(first_, last);
     }
 
     Outline& outline_;

@@ -247,6 +247,12 @@ BCDF* record_over_list(int number, int dimension, int periodicity, int order, in
                                    nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
 }
 
+/// Without the last places, which hold whatever was in the array.
+void inserted(PNTLST* list, int number, int position, const double* points) {
+    PNTLST_insert_points(list, number, position, points);
+    if (number > 1) PNTLST_remove_points(list, list->num_points - (number - 1), number - 1);
+}
+
 void fitted(BCDF* record, int segments, int position, double weight) {
     BCDF_change_number_of_segments(record, segments);
     BCDF_replace_weight(record, position, weight);
@@ -282,9 +288,9 @@ std::vector<Row> rows_of() {
 const std::vector<Row> rows = rows_of<
     lu_solved, vertex_normal, space_line, space_circle, banded_solved, minimised,
     integrated_equation, integrated, filled, list_from_function, record_over_block,
-    record_over_list, fitted, curved, BCDF_CALC_auto_curvature, BCDF_CALC_auto_derivatives,
-    BCDF_CALC_auto_slope, BCDF_CALC_normalized_slope, BCDF_CALC_parameters,
-    BCDF_CALC_quadratic_apprx, BCDF_CALC_single_weight, BCDF_CALC_weights,
+    record_over_list, inserted, fitted, curved, BCDF_CALC_auto_curvature,
+    BCDF_CALC_auto_derivatives, BCDF_CALC_auto_slope, BCDF_CALC_normalized_slope,
+    BCDF_CALC_parameters, BCDF_CALC_quadratic_apprx, BCDF_CALC_single_weight, BCDF_CALC_weights,
     BCDF_attach_knot_sequence, BCDF_change_curvature, BCDF_change_order, BCDF_change_slope,
     BCDF_check_overlap_points, BCDF_copy_single_3d_crvatr, BCDF_copy_single_3d_point,
     BCDF_copy_single_3d_slope, BCDF_curvature_at_point, BCDF_curvature_at_slope,
@@ -300,12 +306,12 @@ const std::vector<Row> rows = rows_of<
     NR_matrix_2d_as_1d_init_zero_ut, NR_matrix_2d_as_1d_nxn_transp, NR_matrix_2d_as_1d_product_of_2,
     NR_matrix_copy_1d_to_2d, NR_matrix_copy_2d_to_1d, PNT3_ask_closest_point,
     PNTLST_allocate_points, PNTLST_allocate_struct, PNTLST_calc_point_distance,
-    PNTLST_copy_single_point, PNTLST_insert_points, PNTLST_remove_points, PNTLST_replace_points,
-    PTF_validate_boundary, SOLVE_lu_solver, SOLVE_polynomial, SOLVE_svd_decompose, SOLVE_svd_solver,
-    SOLVE_svd_solver_r, VEC2_ask_shortest_vector, bc_POLE_average_in_3d,
-    bc_POLE_identical_poles_in_3d, bc_xyz_box, get_unique_reals, knot_seq_order_4, sys22_,
-    ARC_SPLINE_ask_3pts_collinearity_2d, ARC_SPLINE_ask_3pts_collinearity_3d,
-    ARC_SPLINE_ask_angle_from_tan, ARC_SPLINE_ask_central_angle_from_inclination_angles,
+    PNTLST_copy_single_point, PNTLST_remove_points, PNTLST_replace_points, PTF_validate_boundary,
+    SOLVE_lu_solver, SOLVE_polynomial, SOLVE_svd_decompose, SOLVE_svd_solver, SOLVE_svd_solver_r,
+    VEC2_ask_shortest_vector, bc_POLE_average_in_3d, bc_POLE_identical_poles_in_3d, bc_xyz_box,
+    get_unique_reals, knot_seq_order_4, sys22_, ARC_SPLINE_ask_3pts_collinearity_2d,
+    ARC_SPLINE_ask_3pts_collinearity_3d, ARC_SPLINE_ask_angle_from_tan,
+    ARC_SPLINE_ask_central_angle_from_inclination_angles,
     ARC_SPLINE_ask_interior_angle_of_triangle_2d, ARC_SPLINE_ask_perp_vec,
     ARC_SPLINE_trig_eqt_linear_sin_cos, DGEOM_crv_diff_property, DGEOM_srf_curvatures,
     FACET_point_line_proj, FACET_points_to_param_line, h813_>();

@@ -88,13 +88,13 @@ class BaseEdge {
     /// distance from a and the sine that of the angle between the edge and w.
     bool surely_beaten(const Box2& box, double least, Vec2 p, const Circle& circle,
                        double reach) const {
-        const double nearest = std::fmax(least, cross_with(rightmost(box, way_)));
+        const double nearest = std::max(least, cross_with(rightmost(box, way_)));
         if (!(nearest > fill_eps)) return false;
         const double farthest = cross_with(leftmost(box, way_));
         const double edge = length(way_);
         const double w = length(span(box, a_));
         const double to_p = length(p - a_);
-        const double d = std::fmax(w, std::fmax(edge, to_p));
+        const double d = std::max(w, std::max(edge, to_p));
         const auto rounding = [&](double scaled) { return 1.0e-14 * scaled * (scaled + reach); };
         const double cross_p = cross_with(p);
         const double power = length_squared(gap(box, circle.centre)) - circle.squared_radius -

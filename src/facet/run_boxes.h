@@ -7,6 +7,7 @@
 // monotone, keeps that order.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 
 #include "frame/vec.h"
@@ -44,8 +45,8 @@ inline Vec2 gap(const Box2& box, Vec2 p) {
 
 /// From a point to the farthest corner of a box.
 inline Vec2 span(const Box2& box, Vec2 p) {
-    return {std::fmax(std::fabs(box.low.x - p.x), std::fabs(box.high.x - p.x)),
-            std::fmax(std::fabs(box.low.y - p.y), std::fabs(box.high.y - p.y))};
+    return {std::max(std::fabs(box.low.x - p.x), std::fabs(box.high.x - p.x)),
+            std::max(std::fabs(box.low.y - p.y), std::fabs(box.high.y - p.y))};
 }
 
 /// The corners of a box that are farthest and least far in a direction.

@@ -33,7 +33,7 @@ class RunWindow {
     int move_to(RunBoxes& boxes, const Box2& place) {
         const Vec2 middle = (place.low + place.high) * 0.5;
         const Vec2 extent = place.high - place.low;
-        const double half = size * 0.5 * std::fmax(extent.x, extent.y);
+        const double half = size * 0.5 * std::max(extent.x, extent.y);
         const Box2 square{middle - Vec2{half, half}, middle + Vec2{half, half}};
         int visits = 0;
         int points = 0;

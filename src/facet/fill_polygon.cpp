@@ -169,7 +169,7 @@ class ApexSearch {
     const Box2& box(std::ptrdiff_t run) const { return outline_.boxes()[run]; }
 
     bool cannot_replace(const Candidate& candidate, std::ptrdiff_t run) const {
-        return base_.rejects_all(box(run)) || outline_.is_outside(candidate.circle, run);
+        return outline_.is_outside(candidate.circle, run) || base_.rejects_all(box(run));
     }
 
     /// Lets the candidate give way up to `times` times; whether it has been found to be the last.

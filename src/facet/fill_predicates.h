@@ -210,9 +210,9 @@ class Diagonal {
 
     /// Whether no edge within the box crosses the diagonal.
     bool is_clear_of(const Box2& box) const {
-        return along(foremost(box, way_)) < fill_eps ||
-               along(hindmost(box, way_)) > length_ + fill_eps ||
-               across(leftmost(box, way_)) < fill_eps || across(rightmost(box, way_)) > fill_eps;
+        return across(leftmost(box, way_)) < fill_eps || across(rightmost(box, way_)) > fill_eps ||
+               along(foremost(box, way_)) < fill_eps ||
+               along(hindmost(box, way_)) > length_ + fill_eps;
     }
 
     /// A box outside of which no edge crosses the diagonal.

@@ -6,9 +6,9 @@
 // and the parts can be filled in any order: the smaller one first, so that few are ever waiting.
 #include <algorithm>
 
+#include "facet/fill_outline.h"
 #include "facet/fill_shadow.h"
 #include "facet/poly_tri_fill.h"
-#include "facet/run_window.h"
 
 namespace ztmath {
 
@@ -36,85 +36,6 @@ class WaitingParts {
     int count_ = 0;
 };
 
-/// The polygon's vertices, in boxes.
-class Outline {
-  public:
-    Outline(int n, const double* points)
-        : points_(points),
-          boxes_(
-              n, [this](int i) { return point(i); }, true),
-          slanted_(n >= large ? boxes_.run_count() : 0),
-          everything_(n),
-          window_(0) {
-        for (int i = 0; i < n; ++i)
-            all_finite_ &= is_finite(point(i));
-        const Box2& box = boxes_.whole();
-        reach_ = length(span(box, {0.0, 0.0}));
-        is_large_ = all_finite_ && n >= large;
-        if (is_large_)
-            boxes_.for_each_run([&](std::ptrdiff_t run, int first, int last) {
-                slanted_[run] = SlantedBox::around(first, last + 1,
-                                                   [&](int i) { return point(i < n ? i : 0); });
-            });
-    }
-
-    Vec2 point(int i) const { return load2(points_ + 2 * static_cast<std::ptrdiff_t>(i)); }
-    RunBoxes& boxes() { return boxes_; }
-
-    /// Whether the window shows all that meets a circle or a diagonal.
-    template <class Place>
-    bool shows(const Place& place) const {
-        return window_.is_open() && window_.covers(around(place, reach_));
-    }
-
-    /// The first index in [first, last] at which `stop` holds, or -1, where it holds only within a
-    /// circle or at a diagonal, and not in the runs that `skip` is true of.
-    template <class Place, class Skip, class Stop>
-    int first_near(const Place& place, int first, int last, Skip skip, Stop stop) {
-        if (last - first < few_points) {
-            for (int i = first; i <= last; ++i)
-                if (stop(i)) return i;
-            return -1;
-        }
-        const RunWindow& window = shows(place) ? window_ : everything_;
-        return window.first_of(boxes_, first, last, skip, stop);
-    }
-
-    /// Moves the window to where an apex has been found, if its circle met many runs; but not
-    /// before the searches since the last move have cost several times as much as that did.
-    void follow(const Circle& found, int visits) {
-        unpaid_ -= visits;
-        if (is_large_ && visits > many_visits && unpaid_ < 0)
-            unpaid_ = std::int64_t{2} * window_.move_to(boxes_, around(found, reach_));
-    }
-
-    /// Whether no vertex of a run is inside the circle.
-    bool is_outside(const Circle& circle, std::ptrdiff_t run) {
-        return ztmath::is_outside(circle, boxes_[run]) ||
-               (is_large_ && slanted_[run].is_outside(circle, reach_));
-    }
-
-    /// Whether all coordinates count as finite.
-    bool all_finite() const { return all_finite_; }
-
-    /// No point is farther from the origin.
-    double reach() const { return reach_; }
-
-  private:
-    static constexpr int few_points = 16;  // quicker looked at than excluded
-    static constexpr int large = 2000;
-    static constexpr int many_visits = 50;
-
-    const double* points_;
-    RunBoxes boxes_;
-    WorkArray<SlantedBox, 1> slanted_;  // of each run, where all coordinates are finite
-    bool all_finite_ = true;
-    bool is_large_;  // worth a second look at runs, and finite
-    RunWindow everything_, window_;
-    std::int64_t unpaid_ = 0;  // visits before the window may be moved again
-    double reach_;
-};
-
 /// Searches a part for the apex of the triangle on its base edge.
 class ApexSearch {
   public:
@@ -134,7 +55,9 @@ class ApexSearch {
         int k = first_triangle();
         if (k < 0) return -1;
         Candidate candidate = candidate_at(k);
-        while (!advance(candidate, patience_with(candidate)))
+        // Where a coordinate is not a number there is no shorter way.
+        const int patience = outline_.all_finite() ? 3 : last_ - first_;
+        while (!advance(candidate, patience))
             candidate = candidate_at(reached_from(candidate.vertex, best(candidate)));
         outline_.follow(candidate.circle, visits_);
         return candidate.vertex;
@@ -143,7 +66,7 @@ class ApexSearch {
   private:
     Vec2 point(int i) const { return outline_.point(i); }
 
-    static constexpr int few = 8;     // runs, or edges
+    static constexpr int few = 12;    // runs, or edges
     static constexpr int beside = 3;  // edges on either side
 
     /// A vertex and its circle.
@@ -153,13 +76,6 @@ class ApexSearch {
     };
 
     Candidate candidate_at(int k) const { return {k, base_.circle_through(point(k))}; }
-
-    /// How often a candidate may give way before the last one is looked for. A coordinate that is
-    /// not a number allows no shorter way.
-    int patience_with(const Candidate& candidate) const {
-        if (!outline_.all_finite()) return last_ - first_;
-        return base_.is_small_beside(candidate.circle) ? 1 : 3;
-    }
 
     bool can_replace(const Candidate& candidate, int j) {
         return is_inside(candidate.circle, point(j)) && !base_.rejects(point(j)) &&
@@ -172,7 +88,8 @@ class ApexSearch {
         return outline_.is_outside(candidate.circle, run) || base_.rejects_all(box(run));
     }
 
-    /// Lets the candidate give way up to `times` times; whether it has been found to be the last.
+    /// Lets the candidate give way up to `times` times, or until that brings little; whether it has
+    /// been found to be the last.
     bool advance(Candidate& candidate, int times) {
         while (times > 0) {
             const bool in_window = outline_.shows(candidate.circle);
@@ -184,7 +101,10 @@ class ApexSearch {
                 },
                 [&](int i) {
                     if (!can_replace(candidate, i)) return false;
+                    const double before = candidate.circle.squared_radius;
                     candidate = candidate_at(i);
+                    if (outline_.all_finite() && candidate.circle.squared_radius > 0.9 * before)
+                        times = 1;
                     return --times == 0 || (in_window && !outline_.shows(candidate.circle));
                 });
             if (j < 0) return true;
@@ -198,10 +118,22 @@ class ApexSearch {
             candidate.vertex + 1, last_ - 1,
             [&](std::ptrdiff_t run) { return base_.least_height(box(run)); },
             [&](std::ptrdiff_t run) { return cannot_replace(candidate, run); },
-            [&](int j) {
-                if (can_replace(candidate, j)) candidate = candidate_at(j);
-            });
+            [&](int from, int to) { candidate = best_of(candidate, from, to); });
         return candidate.vertex;
+    }
+
+    /// Of the candidate and a few vertices, the one that the others give way to.
+    Candidate best_of(const Candidate& candidate, int from, int to) {
+        bool is_hidden[RunBoxes::leaf] = {};
+        for (;;) {
+            Candidate found = candidate;
+            for (int j = from; j <= to; ++j)
+                if (!is_hidden[j - from] && is_inside(found.circle, point(j)) &&
+                    !base_.rejects(point(j)))
+                    found = candidate_at(j);
+            if (found.vertex == candidate.vertex || can_be_joined(found.vertex)) return found;
+            is_hidden[found.vertex - from] = true;
+        }
     }
 
     /// Starting from a candidate, a vertex that is surely reached: the target, if every vertex
@@ -261,15 +193,17 @@ class ApexSearch {
                 return in_vain == few || extension.least_along(box(run)) > nearest ||
                        extension.misses(box(run));
             },
-            [&](int k) {
-                const double at = extension.meets_at(point(k), point(k + 1));
-                if (!(at > 0.0 && at < nearest) || in_vain == few) return;
-                const Shadow found(extension, point(k), point(k + 1), outline_.reach());
-                if (found.hides()) {
-                    nearest = at;
-                    shadow = found;
-                } else {
-                    ++in_vain;
+            [&](int from, int to) {
+                for (int k = from; k <= to && in_vain < few; ++k) {
+                    const double at = extension.meets_at(point(k), point(k + 1));
+                    if (!(at > 0.0 && at < nearest)) continue;
+                    const Shadow found(extension, point(k), point(k + 1), outline_.reach());
+                    if (found.hides()) {
+                        nearest = at;
+                        shadow = found;
+                    } else {
+                        ++in_vain;
+                    }
                 }
             });
         return shadow;
@@ -286,36 +220,68 @@ class ApexSearch {
             makes_triangle);
     }
 
+    /// A diagonal to an end of the base edge.
+    struct Sight {
+        Diagonal diagonal;
+        int from, end;
+        int reached = -1;  // the point that `side` is of: an edge begins where the one before ended
+        double side = 0.0;  // how far across it is
+
+        bool is_crossed_by_edge(int k, const Outline& outline) {
+            const double start_side = k == reached ? side : diagonal.across(outline.point(k));
+            reached = k + 1;
+            side = diagonal.across(outline.point(k + 1));
+            return !Diagonal::is_beside(start_side, side) && k != from && k + 1 != from &&
+                   k != end && k + 1 != end &&
+                   diagonal.is_crossed_by(outline.point(k), outline.point(k + 1));
+        }
+    };
+
+    struct Sights {
+        Sight to_last, to_first;
+
+        friend Box2 around(const Sights& sights, double reach) {
+            Box2 box = around(sights.to_last.diagonal, reach);
+            expand(box, around(sights.to_first.diagonal, reach));
+            return box;
+        }
+    };
+
+    Sight sight(int j, int end) const { return {Diagonal(point(j), point(end)), j, end}; }
+
+    /// Whether no edge of the part crosses a diagonal from j to an end of the base edge. The edges
+    /// found last and those beside them are tried first: what hides one vertex tends to hide the
+    /// next.
     bool can_be_joined(int j) {
-        return !is_crossed(j, last_, blocks_last_) && !is_crossed(j, first_, blocks_first_);
+        Sights sights{sight(j, last_), sight(j, first_)};
+        if (is_hidden_nearby(sights.to_last, blocks_last_) ||
+            is_hidden_nearby(sights.to_first, blocks_first_))
+            return false;
+        const int k = outline_.first_near(
+            sights, first_, last_ - 1,
+            [&](std::ptrdiff_t run) {
+                return sights.to_last.diagonal.is_clear_of(box(run)) &&
+                       sights.to_first.diagonal.is_clear_of(box(run));
+            },
+            [&](int i) {
+                return hides(i, sights.to_last, blocks_last_) ||
+                       hides(i, sights.to_first, blocks_first_);
+            });
+        return k < 0;
     }
 
-    /// Whether an edge of the part crosses the diagonal from j to an end of the base edge. The edge
-    /// found last and those beside it are tried first: what hides one vertex tends to hide the
-    /// next.
-    bool is_crossed(int j, int end, int& blocking) {
-        const Diagonal diagonal(point(j), point(end));
-        int reached = -1;  // the point that `side` is of: an edge begins where the one before ended
-        double side = 0.0;
-        const auto crosses = [&](int k) {
-            const double start_side = k == reached ? side : diagonal.across(point(k));
-            reached = k + 1;
-            side = diagonal.across(point(k + 1));
-            return !Diagonal::is_beside(start_side, side) && k != j && k + 1 != j && k != end &&
-                   k + 1 != end && diagonal.is_crossed_by(point(k), point(k + 1));
-        };
-        const auto find = [&](int first, int last) {
-            const int k = outline_.first_near(
-                diagonal, first, last,
-                [&](std::ptrdiff_t run) { return diagonal.is_clear_of(box(run)); }, crosses);
-            if (k >= 0) blocking = k;
-            return k >= 0;
-        };
-        const int last = last_ - 1;
-        if (blocking >= 0 &&
-            find(std::max(first_, blocking - beside), std::min(blocking + beside, last)))
-            return true;
-        return find(first_, last);
+    bool is_hidden_nearby(Sight& sight, int& blocking) {
+        if (blocking < 0) return false;
+        const int last = std::min(blocking + beside, last_ - 1);
+        for (int k = std::max(first_, blocking - beside); k <= last; ++k)
+            if (hides(k, sight, blocking)) return true;
+        return false;
+    }
+
+    bool hides(int k, Sight& sight, int& blocking) {
+        if (!sight.is_crossed_by_edge(k, outline_)) return false;
+        blocking = k;
+        return true;
     }
 
     Outline& outline_;
@@ -323,8 +289,8 @@ class ApexSearch {
     int visits_ = 0;           // of runs
     int straddling_runs_ = 0;  // seen on both sides of the base edge's line
     BaseEdge base_;
-    int blocks_first_ = -1;  // the edge that last hid a vertex from the first vertex
-    int blocks_last_ = -1;
+    int blocks_last_ = -1;  // the edge that last hid a vertex from the last vertex
+    int blocks_first_ = -1;
     Outlook behind_last_, beyond_first_;
 };
 

@@ -52,11 +52,6 @@ class BaseEdge {
         return dot(way_, hindmost(box, way_) - a_) > length_squared(way_);
     }
 
-    /// Whether the circle is so much wider than the edge that many points may be inside it.
-    bool is_small_beside(const Circle& circle) const {
-        return circle.squared_radius > 100.0 * length_squared(way_);
-    }
-
     /// Through both ends and p.
     Circle circle_through(Vec2 p) const {
         const Vec2 to_p = p - a_;

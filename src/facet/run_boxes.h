@@ -66,7 +66,12 @@ inline Vec2 rightmost(const Box2& box, Vec2 way) {
 }
 
 class RunBoxes {
+    static constexpr int leaf_shift = 3;
+
   public:
+    /// The points of a run of the lowest level.
+    static constexpr int leaf = 1 << leaf_shift;
+
     /// Boxes over the n points that `point(i)` gives. Where they are `linked`, the box of a run
     /// holds the point behind the run too, and so the edges that leave its points.
     template <class Point>
@@ -122,8 +127,8 @@ class RunBoxes {
         return -1;
     }
 
-    /// Visits the points of [first, last] run by run, of the runs at hand that with the least
-    /// `order` first. Runs that `skip` is true of are left out.
+    /// Calls visit(from, to) with the points of [first, last], at most `leaf` at a time, of the
+    /// runs at hand that with the least `order` first. Runs that `skip` is true of are left out.
     template <class Order, class Skip, class Visit>
     void visit_in_order(int first, int last, Order order, Skip skip, Visit visit) {
         WaitingRuns waiting;
@@ -148,8 +153,7 @@ class RunBoxes {
             } else {
                 const std::ptrdiff_t start = run << leaf_shift;
                 const std::ptrdiff_t end = least(start + leaf - 1, last);
-                for (std::ptrdiff_t i = most(start, first); i <= end; ++i)
-                    visit(static_cast<int>(i));
+                visit(static_cast<int>(most(start, first)), static_cast<int>(end));
             }
         }
     }
@@ -173,9 +177,7 @@ class RunBoxes {
     const Box2& whole() { return boxes_[run_count() - 1]; }
 
   private:
-    static constexpr int leaf_shift = 3;  // eight points to a run of the lowest level
-    static constexpr int fan_shift = 2;   // and four runs to one of the next
-    static constexpr int leaf = 1 << leaf_shift;
+    static constexpr int fan_shift = 2;  // four runs to one of the next level
     static constexpr int fan = 1 << fan_shift;
     static constexpr int most_levels = 16;
 

@@ -49,16 +49,18 @@ class ApexSearch {
     /// that lies inside its circle and can be joined to the base edge, that one to the next, and so
     /// on. It is not itself asked whether it can be joined.
     ///
-    /// The vertices it gives way to can be many, so after a few the search looks for the last of
-    /// them and makes sure that it is reached.
+    /// The vertices it gives way to can be many, so after a few, or at once if its circle is huge,
+    /// the search looks for the last of them and makes sure that it is reached.
     int apex() {
         int k = first_triangle();
         if (k < 0) return -1;
         Candidate candidate = candidate_at(k);
         // Where a coordinate is not a number there is no shorter way.
-        const int patience = outline_.all_finite() ? 3 : last_ - first_;
+        const bool leaps = outline_.all_finite();
+        const int patience = leaps ? 3 : last_ - first_;
+        if (leaps && base_.is_dwarfed_by(candidate.circle)) leap(candidate);
         while (!advance(candidate, patience))
-            candidate = candidate_at(reached_from(candidate.vertex, best(candidate)));
+            leap(candidate);
         outline_.follow(candidate.circle, visits_);
         return candidate.vertex;
     }
@@ -66,8 +68,9 @@ class ApexSearch {
   private:
     Vec2 point(int i) const { return outline_.point(i); }
 
-    static constexpr int few = 12;    // runs, or edges
-    static constexpr int beside = 3;  // edges on either side
+    static constexpr int few = 4;      // runs, or edges
+    static constexpr int beside = 3;   // edges on either side
+    static constexpr int nearby = 32;  // vertices
 
     /// A vertex and its circle.
     struct Candidate {
@@ -110,6 +113,11 @@ class ApexSearch {
             if (j < 0) return true;
         }
         return false;
+    }
+
+    /// Lets the candidate give way to many at once.
+    void leap(Candidate& candidate) {
+        candidate = candidate_at(reached_from(candidate.vertex, best(candidate)));
     }
 
     /// A vertex behind the candidate that gives way to few, if to any.
@@ -164,10 +172,17 @@ class ApexSearch {
     double least_cross_seen(const Box2& box) {
         if (base_.accepts_all(box) || ++straddling_runs_ < few) return 0.0;
         double height = 0.0;
-        if (base_.is_behind_start(box))
-            height = shadow_along(Extension::behind_start(base_), behind_last_).least_height(box);
-        else if (base_.is_beyond_end(box))
-            height = shadow_along(Extension::beyond_end(base_), beyond_first_).least_height(box);
+        if (base_.is_behind_start(box)) {
+            if (!behind_last_.is_known)
+                behind_last_ = outlook_along(Extension::behind_start(base_),
+                                             std::max(first_, last_ - nearby), last_ - 1);
+            height = behind_last_.shadow.least_height(box);
+        } else if (base_.is_beyond_end(box)) {
+            if (!beyond_first_.is_known)
+                beyond_first_ = outlook_along(Extension::beyond_end(base_), first_,
+                                              std::min(first_ + nearby, last_ - 1));
+            height = beyond_first_.shadow.least_height(box);
+        }
         return height * length(base_.way());
     }
 
@@ -177,18 +192,20 @@ class ApexSearch {
         bool is_known = false;
     };
 
-    const Shadow& shadow_along(const Extension& extension, Outlook& outlook) {
-        if (!outlook.is_known) outlook = {nearest_shadow(extension), true};
-        return outlook.shadow;
+    /// By one of the edges that leave the vertices first to last, or, if they hide nothing, by
+    /// another.
+    Outlook outlook_along(const Extension& extension, int first, int last) {
+        const Shadow shadow = nearest_shadow(extension, first, last);
+        return {shadow.hides() ? shadow : nearest_shadow(extension, first_, last_ - 1), true};
     }
 
-    /// The shadow of the nearest edge to hide anything along an extension.
-    Shadow nearest_shadow(const Extension& extension) {
+    /// The shadow of the nearest of some edges to hide anything along an extension.
+    Shadow nearest_shadow(const Extension& extension, int first, int last) {
         Shadow shadow;
         double nearest = HUGE_VAL;
         int in_vain = 0;  // edges that meet the extension and are not sure to hide anything
         outline_.boxes().visit_in_order(
-            first_, last_ - 1, [&](std::ptrdiff_t run) { return extension.least_along(box(run)); },
+            first, last, [&](std::ptrdiff_t run) { return extension.least_along(box(run)); },
             [&](std::ptrdiff_t run) {
                 return in_vain == few || extension.least_along(box(run)) > nearest ||
                        extension.misses(box(run));

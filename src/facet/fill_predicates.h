@@ -52,6 +52,11 @@ class BaseEdge {
         return dot(way_, hindmost(box, way_) - a_) > length_squared(way_);
     }
 
+    /// Whether the circle is a hundred times as wide as the edge.
+    bool is_dwarfed_by(const Circle& circle) const {
+        return circle.squared_radius > 1.0e4 * length_squared(way_);
+    }
+
     /// Through both ends and p.
     Circle circle_through(Vec2 p) const {
         const Vec2 to_p = p - a_;

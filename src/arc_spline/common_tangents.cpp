@@ -131,16 +131,16 @@ Touched interior(const TwoSides& two, const double* tols) {
     const auto& [c2, r2] = two.sides[1].circle;
     const Vec2 way = c2 - c1;
     const double d = length(way);
+    const Vec2 along = way * (1.0 / d);
     const double sum = r1 + r2;
     Touched touched;
     if (std::fabs(d - sum) <= tols[0]) {
-        const Vec2 along = way * (1.0 / d);
         const Vec2 middle = c1 + along * (r1 + (d - sum) / 2.0);
         touched.fallback = left_normal(along);
         touched.add(middle, middle);
     } else if (d > sum) {
         const Leaning outwards = leaning(way, sum);
-        touched.fallback = way * (1.0 / d);
+        touched.fallback = along;
         touched.add(c1 + outwards.left * r1, c2 - outwards.left * r2);
         touched.add(c1 + outwards.right * r1, c2 - outwards.right * r2);
     }

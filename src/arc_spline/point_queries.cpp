@@ -29,9 +29,9 @@ double not_below(double limit, double t) {
 }
 
 SegmentFoot foot_on_arc(const Segment& arc, Vec2 point, double angle_tol) {
-    if (arc.radius < zero_length) return {2, {}, 0.0};
+    if (arc.radius < zero_length) return {2, {}, {}};
     const auto outwards = unitize(point - center(arc), zero_length);
-    if (!outwards.done) return {3, {}, 0.0};
+    if (!outwards.done) return {3, {}, {}};
     const Vec2 tangent =
         arc.orientation == -1 ? right_normal(outwards.unit) : left_normal(outwards.unit);
     const double low = std::min(arc.start_angle, arc.end_angle);
@@ -62,9 +62,9 @@ InDomain in_domain(const Segment& segment, double distance_tol, double angle_tol
 }
 
 SegmentFoot foot_on(const Segment* segment, Vec2 point, double angle_tol) {
-    if (segment == nullptr) return {1, {}, 0.0};
+    if (segment == nullptr) return {1, {}, {}};
     if (segment->type == arc_type) return foot_on_arc(*segment, point, angle_tol);
-    if (segment->type != straight_type) return {2, {}, 0.0};
+    if (segment->type != straight_type) return {2, {}, {}};
     const Line line = line_of(*segment);
     const double parm = dot(point - line.point, line.direction);
     return {0, line.point + line.direction * parm, parm};

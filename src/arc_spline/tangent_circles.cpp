@@ -1,4 +1,5 @@
 // Circles that touch circles and pass through points, in their order.
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -34,7 +35,7 @@ class Found {
     template <int limit>
     ConstructedCircles<limit> made() const {
         ConstructedCircles<limit> result;
-        for (int i = 0; i < count_ && i < limit; ++i)
+        for (int i = 0; i < std::min(count_, limit); ++i)
             result.add(full_circle(found_[i].circle));
         return result;
     }

@@ -30,7 +30,7 @@ namespace {
 
 /// The frame of two directions, the absolute one where they are not perpendicular.
 Mat4 frame_or_identity(Vec3 x, Vec3 y) {
-    return transform(frame_from_x_y(x, y).value_or(identity3), {0.0, 0.0, 0.0});
+    return transform(frame_from_x_y(x, y).value_or(identity3), {});
 }
 
 }  // namespace

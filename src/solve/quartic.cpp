@@ -181,18 +181,44 @@ Trial next_trial(const Trial& t, const DepressedQuartic& f) {
     return tried(t.g + dg, t.h + dh, t.k + dk, f);
 }
 
-/// Improves real factors: where g is small, the resolvent has left little of its digits.
-Factors refined(const Factors& factors, const DepressedQuartic& f) {
+/// Improved factors: where g is small, the resolvent has left little of its digits.
+Trial refined(const Trial& start, const DepressedQuartic& f) {
     constexpr int most_steps = 8;
     constexpr double small_enough = 1.0e-17;
-    if (factors.g.im != 0.0 || factors.h.im != 0.0 || factors.k.im != 0.0) return factors;
-    Trial best = tried(factors.g.re, factors.h.re, factors.k.re, f);
+    Trial best = start;
     Trial latest = best;
     for (int i = 0; i < most_steps && best.size > small_enough; ++i) {
         latest = next_trial(latest, f);
         if (latest.size < best.size) best = latest;
     }
-    return {{best.g, 0.0}, {best.h, 0.0}, {best.k, 0.0}};
+    return best;
+}
+
+/// From the factors of the quartic without q, whose g is 0; not numbers where these are not real.
+Trial refined_from_even(const DepressedQuartic& f) {
+    const double p = f.p.value;
+    const double difference = std::copysign(std::sqrt(p * p - 4.0 * f.r.value), f.q.value);
+    return refined(tried(0.0, 0.5 * (p + difference), 0.5 * (p - difference), f), f);
+}
+
+Factors factors_of(const Trial& t) {
+    return {{t.g, 0.0}, {t.h, 0.0}, {t.k, 0.0}};
+}
+
+/// Ferrari's factors, improved where they are real. Where g is small beside a3 the resolvent may
+/// have left none of its digits, and not even that it is real: g = 0 is the better start then.
+Factors factors(const MonicQuartic& a, const DepressedQuartic& f) {
+    constexpr double small_part = 1.0e-5;
+    Factors found = ferrari_factors(a, f);
+    const bool has_small_g = modulus(found.g * found.g) <= small_part * (a.a3 * a.a3);
+    if (found.g.im == 0.0 && found.h.im == 0.0 && found.k.im == 0.0) {
+        const Trial best = refined(tried(found.g.re, found.h.re, found.k.re, f), f);
+        found = factors_of(best);
+        if (best.size <= rounding) return found;
+    }
+    if (!has_small_g) return found;
+    const Trial even = refined_from_even(f);
+    return even.size <= rounding ? factors_of(even) : found;
 }
 
 /// The square root of g^2 - 4 h, the difference of a factor's roots. What rounding leaves of it
@@ -208,7 +234,7 @@ Complex root_difference(Complex g, Complex h, const DepressedQuartic& f) {
 
 /// Roots by two quadratic factors (Ferrari).
 RealRoots ferrari_roots(const MonicQuartic& a, const DepressedQuartic& f) {
-    const auto [g, h, k] = refined(ferrari_factors(a, f), f);
+    const auto [g, h, k] = factors(a, f);
     const Complex d = root_difference(g, h, f);
     const Complex e = root_difference(g, k, f);
     const Complex y[4] = {0.5 * g + 0.5 * d, 0.5 * g + -0.5 * d, -0.5 * g + 0.5 * e,

@@ -247,6 +247,10 @@ TEST(ArcSplinePredicates, InscribedAngles) {
         EXPECT_NEAR(dot(bisector, b), -dot(bisector, a), 1e-11);  // as far from either edge
         EXPECT_GE(dot(bisector, cross(normal, b)), 0);            // to the left
         EXPECT_NEAR(length(bisector), 1, 1e-12);
+        Vector projected{};
+        ARC_SPLINE_ask_bisector_of_inscribed_angle(v1.data(), v2.data(), normal.data(), 1 + i % 2,
+                                                   1, projected.data(), &again, &type, &status);
+        EXPECT_LT(distance(projected, bisector), 1e-12);
     }
     // No more of the tolerance than 0.001 degrees counts.
     const double cases[][3] = {{0.0008, 1, -1}, {0.002, 1, 1}, {-0.002, 1, 0}, {0.0008, 1e-4, 1}};

@@ -98,9 +98,12 @@ TEST(ArcSplineSegments, TrimmingThatFailsLeavesTheSegment) {
     EXPECT_EQ(trim(&s, {0, 2}), 1);     // the centre
     EXPECT_EQ(trim(&s, {1e-7, 1}), 3);  // to the start
     expect_equal(s, before);
-    s = made_straight({0, 0}, {1, 0});
-    EXPECT_EQ(trim(&s, {-1e-11, 3}), 0);  // behind, too little to have a direction of its own
-    expect_equal(s, {0, 0, {0, 0}, 180, 180, {0, 0}, {-1, 0}, 0, 0});
+    for (const int way : {-1, 1}) {  // behind and ahead, too little to have a direction of its own
+        s = made_straight({0, 0}, {1, 0});
+        EXPECT_EQ(trim(&s, {way * 1e-11, 3}), 0);
+        const double angle = way < 0 ? 180 : 0;
+        expect_equal(s, {0, 0, {0, 0}, angle, angle, {0, 0}, {1.0 * way, 0}, 0, 0});
+    }
 }
 
 TEST(ArcSplineSegments, StraightsAreMeasuredFromTheirStart) {

@@ -61,11 +61,11 @@ Answer through_point(const Circle& a, const Circle& b, const Pair& p) {
     return std::move(x).only();
 }
 
-Answer of_radius(const Circle& a, const Circle& b, double radius) {
+Answer of_radius(const Circle& a, const Circle& b, double radius, const double* within = tols) {
     const Segment s[] = {record(a), record(b)};
     Answer x;
     ARC_SPLINE_cre_circle_tangent_to_2_circles_and_given_radius_2d(
-        &s[0], &s[1], radius, tols, &x.count, x.circles.data(), &x.status);
+        &s[0], &s[1], radius, within, &x.count, x.circles.data(), &x.status);
     return std::move(x).only();
 }
 
@@ -207,6 +207,8 @@ TEST(TangentCircles, AreAsManyAsTheyMustBe) {
     }
     const Circle a{{0, 0}, 1}, b{{4, 0}, 1};
     EXPECT_EQ(of_radius(a, b, 1.0).count, 1) << "between the two";
+    const double quarter = 0.25;
+    EXPECT_EQ(of_radius(a, {{4.25, 0}, 1}, 1.0, &quarter).count, 1) << "nearly";
     EXPECT_EQ(of_radius(a, b, 3.0).count, 7);
     EXPECT_GT(of_radius(a, b, 3.0).circles[0].center[1], 0) << "from left to right";
     EXPECT_GT(through_two({-2, 4}, {2, 5}, a).circles[0].center[1],

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <climits>
 #include <cmath>
 #include <utility>
 #include <vector>
@@ -123,6 +124,11 @@ TEST(Knots, GoOnFromPeriodToPeriodOrAreClamped) {
         EXPECT_EQ(std::vector<double>(knots, knots + count), c.knots);
         SM_free(knots);
     }
+    const int too_many = INT_MAX, none = 0;
+    double* knots = nullptr;
+    int count = -1, status = -1;
+    knot_seq_order_4(nullptr, &too_many, &none, &knots, &count, &status);
+    EXPECT_TRUE(status == 1 && count == 0) << "before any parameter is read";
 }
 
 }  // namespace

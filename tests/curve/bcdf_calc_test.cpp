@@ -196,6 +196,16 @@ TEST(CurveCalculations, CorrectedSlopesComeCloserToCircles) {
     }
 }
 
+TEST(CurveCalculations, EndsBendFromTheLeastThatHasADirection) {
+    for (const double aside : {std::nextafter(1e-10, 0.0), 1e-10}) {
+        const Record record = new_record({0, 0, 0, 1, 0, 0, 3, 0, 0});
+        BCDF_replace_slope(record.get(), Vector{1, aside, 0}.data(), 1, 2);
+        Values d(6);
+        BCDF_CALC_auto_derivatives(record.get(), 0, 2, d.data());
+        EXPECT_EQ(d[4], aside < 1e-10 ? 0 : 1);
+    }
+}
+
 /// Straight on, each side asks for its own speed; square to the chord a quintic for 8/5 of it.
 TEST(CurveCalculations, CorrectedSlopesOfQuinticsWhereTheRuleDividesByZero) {
     const Record record = new_record({0, 0, 0, 3, 0, 0, 4, 0, 0});

@@ -112,6 +112,8 @@ TEST(CurveSearches, StopAtTheirLimits) {
     int* positions = BCDF_create_slope_pos_array(record.get(), &number);
     EXPECT_EQ(std::vector<int>(positions, positions + number), (std::vector<int>{1, 2, 0, 0}));
     SM_free(positions);
+    record->slope_parameters->points[0] = 5 * 1e-10;
+    EXPECT_EQ(BCDF_slope_at_point(record.get(), 0, &at), 1);
     EXPECT_EQ(BCDF_point_at_curvature(record.get(), 0), 2);
     EXPECT_EQ(recorder.take(), Reports{});
     record->slope_parameters->points[2] = 2.5;

@@ -91,6 +91,9 @@ TEST(CurveRecord, HandsOutItsArrays) {
     const Record weighted = new_record({2, 4, 6, 2, 0, 0, 0, 1}, 4);
     BCDF_copy_single_3d_point(weighted.get(), 0, v);
     EXPECT_EQ(Values(v, v + 3), (Values{1, 2, 3}));
+    weighted->points->dimension = 0;
+    BCDF_copy_single_3d_point(weighted.get(), 0, v);
+    EXPECT_EQ(Values(v, v + 3), Values(3));
     EXPECT_EQ(BCDF_calc_df_polygon_length(r), 5.0 + 12.0 + 13.0);
     EXPECT_EQ(BCDF_return_num_of_constraints(r), 8);
     const Record closed = sloped({0, 2}, corner, 1);

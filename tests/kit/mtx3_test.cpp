@@ -267,6 +267,9 @@ TEST(Mtx3OrthoNormalize, KeepsPerpendicularXAndZAndSnapsRowsToTheAxes) {
         {{2, 0, 0, 5, 6, 7, 0, 0, 0.5}, identity},
         // X is short and still counts.
         {{0, 1.0e-13, 0, 9, 9, 9, 0, 0, 1.0e6}, {0, 1, 0, -1, 0, 0, 0, 0, 1}},
+        // No longer than this, X and Z do not: yaw is read from Y, and no roll is half a turn.
+        {{0, 1.0e-14, 0, 9, 9, 9, 0, 0, 1.0e6}, {0, -1, 0, 1, 0, 0, 0, 0, 1}},
+        {{1.0e6, 0, 0, 9, 9, 9, 0, 1.0e-14, 0}, {1, 0, 0, 0, -1, 0, 0, 0, -1}},
         // A pitch of a right angle once the first element is 0, and roll is not read below.
         {{1.0e-10, 0, 1, 0, 1, 0, -1, 0, 0}, {0, 0, 1, 0, 1, 0, -1, 0, 0}},
     };

@@ -265,6 +265,10 @@ TEST(Odeint, SaysWhyItStops) {
     EXPECT_EQ(edge.integrate(0.0, 1.0), 4);
     EXPECT_NEAR(edge.reached, 0.5, 1e-12);
     EXPECT_NEAR(edge.y[0], std::pow(0.5, 1.5) / 1.5, 1e-7);
+    const auto wall = [](double x, const double*, double* dydx) { dydx[0] = x < 0.3 ? 0 : NAN; };
+    Course quarter{wall, {0.0}};
+    EXPECT_EQ(quarter.integrate(0.0, 1.0, {.h_first = 1.0}), 4);
+    EXPECT_EQ(quarter.accepted_x[0], 0.25);
     Course at_once{[](double, const double*, double* dydx) { dydx[0] = HUGE_VAL; }, {5.0}};
     EXPECT_EQ(at_once.integrate(0.0, 1.0), 4);
     EXPECT_EQ(at_once.evaluations, 1);

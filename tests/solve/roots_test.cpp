@@ -175,6 +175,13 @@ Factored mirrored(Random& random, double mean) {
     return {{mean + x, mean - x, mean + y, mean - y}, {}};
 }
 
+/// A real and a complex pair around means that differ by little.
+Factored nearly_even(Random& random) {
+    const double mean = dyadic(random.uniform(-10.0, 10.0)), x = random.uniform(0.5, 5.0);
+    const double off = std::pow(10.0, random.uniform(-12.0, -2.0));
+    return {{mean + x, mean - x}, {{mean + off, random.uniform(0.5, 5.0)}}};
+}
+
 const Class classes[] = {
     {"separated", 2, 1e-11, 1e-11, [](Random& r, int d) { return with_pairs(r, d, 0); }},
     {"complex pair", 2, 1e-9, 1e-10, [](Random& r, int d) { return with_pairs(r, d, 1); }},
@@ -188,6 +195,7 @@ const Class classes[] = {
     {"biquadratic", 4, 1e-13, 1e-12, [](Random& r, int) { return mirrored(r, 0.0); }},
     {"mirror image", 4, 1e-11, 1e-10,
      [](Random& r, int) { return mirrored(r, dyadic(r.uniform(-10.0, 10.0))); }},
+    {"nearly even", 4, 1e-10, 1e-10, [](Random& r, int) { return nearly_even(r); }},
     {"scaled 1e-8 to 1e8", 2, 1e-5, 1e-9, [](Random& r, int d) { return scaled(r, d); }},
 };
 

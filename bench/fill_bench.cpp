@@ -122,8 +122,8 @@ const bool added = [] {
     const std::vector<int> all_sizes{10, 100, 1'000, 10'000, 100'000, 1'000'000};
     for (const auto& [kind, maker] : kinds) {
         const std::string name = kind;
-        // A hundred thousand vertices of teeth on one straight edge are beyond the rule: its circles
-        // have no digits left, and the fill ends with a status.
+        // A hundred thousand vertices of teeth on one straight edge are beyond the rule: its
+        // circles have no digits left, and the fill ends with a status.
         const std::vector<int> sizes(all_sizes.begin(), all_sizes.end() - (name == "comb" ? 2 : 0));
         add("fill_" + name, "ztmath", fill_ztmath, maker, sizes);
         add("fill_" + name, "cgal", fill_cgal, maker, sizes);

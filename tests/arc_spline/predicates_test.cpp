@@ -157,7 +157,7 @@ struct Rays {
                                           apex.data(), parms.data(), iso_1.data(), iso_2.data(),
                                           sides, &status);
         alike = ARC_SPLINE_ask_are_two_rays_homodromic_2d(
-            p1.data(), d1.data(), p2.data(), d2.data(), 1, 1, tols, parms.data(), &status);
+            p1.data(), d1.data(), p2.data(), d2.data(), 1, 1, tols, again.data(), &status);
         ARC_SPLINE_ask_bisector_of_angle_2d(p1.data(), d1.data(), p2.data(), d2.data(), 1, tols,
                                             middle.data(), first.data(), &status);
         ARC_SPLINE_ask_bisector_of_angle_2d(p1.data(), d1.data(), p2.data(), d2.data(), 1, tols,
@@ -165,7 +165,7 @@ struct Rays {
         ARC_SPLINE_ask_convexities_of_tri_arc_2d(p1.data(), d1.data(), p2.data(), d2.data(), 1,
                                                  tols, turns, &longer, &status);
     }
-    Pair apex{}, parms{}, iso_1{}, iso_2{}, middle{}, first{}, bisector{};
+    Pair apex{}, parms{}, again{}, iso_1{}, iso_2{}, middle{}, first{}, bisector{};
     int sides[2], alike, turns[2];
     char longer;
 };
@@ -182,6 +182,7 @@ TEST(ArcSplinePredicates, Rays) {
         const Rays on(moved(x, -t1, d1), moved({}, 3, d1), moved(x, -t2, d2), d2);
         expect_near(on.apex, x, 1e-11);
         expect_near(on.parms, {t1, t2}, 1e-11);
+        EXPECT_EQ(on.again, on.parms);
         expect_near(on.iso_1, moved(x, -sign(t1) * std::fabs(t2), d1), 1e-11);
         expect_near(on.iso_2, moved(x, -sign(t2) * std::fabs(t1), d2), 1e-11);
         expect_near(on.middle, moved(moved({}, 0.5, on.iso_1), 0.5, on.iso_2), 1e-12);
@@ -216,7 +217,7 @@ TEST(ArcSplinePredicates, Rays) {
     }
     for (const int parallel : {0, 1, 2}) {  // known before, of directions that are square
         const double tol = 1e-9;
-        Pair d1 = right, d2 = up, parms{2, 3};
+        Pair d1 = right, d2 = up, parms{2, -5e-10};  // the second one starts where they meet
         int status = parallel;
         EXPECT_EQ(ARC_SPLINE_ask_are_two_rays_homodromic_2d(
                       o.data(), d1.data(), o.data(), d2.data(), 1, 0, &tol, parms.data(), &status),

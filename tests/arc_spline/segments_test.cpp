@@ -215,6 +215,7 @@ TEST(ArcSplineSegments, Statuses) {
         EXPECT_EQ(Data(c.s).status, c.data);
         ARC_SPLINE_ask_center_radius_of_seg_2d(c.s, &type, &radius, out.data(), &status);
         EXPECT_TRUE(status == c.circle && type == c.type) << status << ' ' << type;
+        EXPECT_EQ(radius > 0.0, status == 0);
         ARC_SPLINE_ask_parm_at_a_point_2d(c.s, at.data(), tols, out.data(), &parm, &domain,
                                           &status);
         EXPECT_EQ(status, c.foot);

@@ -310,6 +310,9 @@ TEST(ArcSplineSegments, AngleRanges) {
     }
     for (double y = -1e-18; y > -1e-14; y *= 1.5)  // next to a full turn, and never on it
         EXPECT_LT(ARC_SPLINE_ask_angle_from_tan(y, 1, 360), 360) << y;
+    double y = -1e-20, x = 1.0, angle = 9.0;
+    h053_(&y, &x, &angle);
+    EXPECT_EQ(angle, 0.0);
     Pair normal{};
     ARC_SPLINE_ask_perp_vec(1, Pair{3, 4}.data(), normal.data());
     ARC_SPLINE_ask_perp_vec(2, normal.data(), normal.data());  // 1 alone is right

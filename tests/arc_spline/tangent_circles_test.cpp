@@ -306,6 +306,7 @@ TEST(TangentCircles, SayWhatCannotBeServed) {
     EXPECT_EQ(touching_three(a, null, b).status, 2);
     EXPECT_EQ(touching_three(a, b, null).status, 3);
     EXPECT_EQ(touching_three(a, b, a).status, 4);
+    EXPECT_EQ(through_point(a, null, {9, 9}).status, 2);
     EXPECT_EQ(through_point(a, a, {9, 9}).status, 3);
     EXPECT_EQ(of_radius(a, a, 1.0).status, 3);
     EXPECT_EQ(through_two({1, 1}, {1, 1}, a).status, 1);

@@ -128,6 +128,7 @@ TEST(ArcSplinePrimitives, RadicalAxesHaveEqualPowers) {
             const Pair p = moved(pt, s, dir);
             EXPECT_NEAR(ARC_SPLINE_ask_power_of_a_point_2d(p.data(), &c1),
                         ARC_SPLINE_ask_power_of_a_point_2d(p.data(), &c2), 1e-9);
+            EXPECT_EQ(ARC_SPLINE_ask_power_of_a_point_2d(p.data(), nullptr), 0.0);
         }
     }
     const Segment c = made_circle({0, 0}, 2), line = made_straight({0, 0}, {1, 0});

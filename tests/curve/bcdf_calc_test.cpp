@@ -48,11 +48,15 @@ TEST(CurveCalculations, ParametersAndWeights) {
     BCDF_CALC_weights(3, t.data(), w.data());
     EXPECT_EQ(w, (Values{0.5, 1.5, 1}));
     EXPECT_EQ(BCDF_CALC_single_weight(3, t.data(), 2), 1.0);
+    EXPECT_EQ(BCDF_CALC_single_weight(2, t.data(), 1), 0.5);
     EXPECT_EQ(BCDF_CALC_single_weight(1, t.data(), 0), 0.0);
     EXPECT_EQ(recorder.reports(), Reports{internal("bcdf_calc", "Not Enough Parameters")});
     const double same[3] = {1, 1, 2};
     EXPECT_EQ(BCDF_CALC_quadratic_apprx(same, same, same, same, 0, 0.0, 0, t.data()), 1);
     EXPECT_EQ(t, (Values{0, 1, 3}));
+    const double start[3] = {}, middle[3] = {1, 1, 1}, end[3] = {9, 9, 9};
+    EXPECT_EQ(BCDF_CALC_quadratic_apprx(start, middle, end, t.data(), 0, 2.0, 0, w.data()), 0);
+    EXPECT_EQ(w, (Values{4, 4, 4}));
 }
 
 /// Points of a parabola have its derivatives everywhere, whatever slopes of it are given beside.

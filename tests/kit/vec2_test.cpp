@@ -105,8 +105,9 @@ TEST(Vec2Components, RebuildTheVectorOrAreInfinite) {
 }
 
 TEST(Vec2AskShortestVector, TakesTheFirstOfTheShortest) {
-    const double vectors[] = {0, 1, 0.5, 0.1, 0.5, 0.1, -0.1, -0.5, NAN, 0};
+    const double vectors[] = {0, 1, 0.5, 0.1, 0.5, 0.1, -0.1, -0.5, NAN, 0, 0.1, 0.1};
     EXPECT_EQ(VEC2_ask_shortest_vector(5, vectors), 1);
+    EXPECT_EQ(VEC2_ask_shortest_vector(6, vectors), 5);
     EXPECT_EQ(VEC2_ask_shortest_vector(1, vectors), 0);
     const CheckingLevel on(1);
     const ReportRecorder recorder;

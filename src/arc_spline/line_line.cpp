@@ -4,6 +4,7 @@
 
 #include "kit/vec2.h"
 #include "ztmath/arc_spline_primitives.h"
+#include "ztmath/solve.h"
 
 namespace ztmath {
 
@@ -29,17 +30,19 @@ LineMeeting meet(const double* tols, Line line_1, Line line_2, bool unit) {
         return found;
     }
     if (coincident) return found;
-    const double det = cross(d1, d2);
-    if (det == 0.0) {
+    const double system[9] = {d1.x, -d2.x, 0.0, d1.y, -d2.y, 0.0, 0.0, 0.0, 1.0};
+    const double rhs[3] = {way.x, way.y, 0.0};
+    double solution[3];
+    if (SOLVE_solve_3equations(system, rhs, solution) != 0) {
         found.status = 1;
         found.cosine = 1.0;
         return found;
     }
     found.has_point = true;
     found.has_parms = true;
-    found.parms[0] = cross(way, d2) / det;
-    found.parms[1] = cross(way, d1) / det;
-    found.point = line_1.point + d1 * found.parms[0];
+    found.parms[0] = solution[0];
+    found.parms[1] = solution[1];
+    found.point = line_1.point + d1 * solution[0];
     return found;
 }
 

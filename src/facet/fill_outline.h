@@ -22,23 +22,22 @@ class Outline {
         reach_ = length(span(box, {0.0, 0.0}));
         is_large_ = all_finite_ && n >= large;
         if (is_large_)
-            boxes_.for_each_run([&](std::ptrdiff_t run, int first, int last) {
-                slanted_[run] = SlantedBox::around(first, last + 1,
+            for (int run = 0; run < boxes_.run_count(); ++run)
+                slanted_[run] = SlantedBox::around(boxes_.first_of(run), boxes_.last_of(run) + 1,
                                                    [&](int i) { return point(i < n ? i : 0); });
-            });
     }
 
     Vec2 point(int i) const { return load2(points_ + 2 * static_cast<std::ptrdiff_t>(i)); }
-    RunBoxes& boxes() { return boxes_; }
+    const RunBoxes& boxes() const { return boxes_; }
 
-    /// Whether the window shows all that meets a circle or a diagonal.
-    template <class Place>
-    bool shows(const Place& place) const {
-        return window_.is_open() && window_.covers(around(place, reach_));
+    /// Whether the window shows all that meets a circle or a box.
+    bool shows(const Circle& circle) const {
+        return window_.is_open() && shows(around(circle, reach_));
     }
+    bool shows(const Box2& box) const { return window_.is_open() && window_.covers(box); }
 
     /// The first index in [first, last] at which `stop` holds, or -1, where it holds only within a
-    /// circle or at a diagonal, and not in the runs that `skip` is true of.
+    /// circle or a box, and not in the runs that `skip` is true of.
     template <class Place, class Skip, class Stop>
     int first_near(const Place& place, int first, int last, Skip skip, Stop stop) {
         if (last - first < few_points) {
@@ -47,7 +46,7 @@ class Outline {
             return -1;
         }
         const RunWindow& window = shows(place) ? window_ : everything_;
-        return window.first_of(boxes_, first, last, skip, stop);
+        return window.find_first(boxes_, first, last, skip, stop);
     }
 
     /// Moves the window to where an apex has been found, if its circle met many runs; but not
@@ -59,9 +58,10 @@ class Outline {
     }
 
     /// Whether no vertex of a run is inside the circle.
-    bool is_outside(const Circle& circle, std::ptrdiff_t run) {
-        return ztmath::is_outside(circle, boxes_[run]) ||
-               (is_large_ && slanted_[run].is_outside(circle, reach_));
+    bool is_outside(const Circle& circle, double squared_bound, int run) {
+        if (is_large_ && slanted_[run].is_thin())
+            return slanted_[run].is_beyond(squared_bound, circle.centre);
+        return ztmath::is_outside(circle, boxes_[run]);
     }
 
     /// Whether all coordinates count as finite.
@@ -72,7 +72,7 @@ class Outline {
 
   private:
     static constexpr int few_points = 16;  // quicker looked at than excluded
-    static constexpr int large = 2000;
+    static constexpr int large = 200;
     static constexpr int many_visits = 50;
 
     const double* points_;

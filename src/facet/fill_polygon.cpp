@@ -76,19 +76,24 @@ class ApexSearch {
     struct Candidate {
         int vertex;
         Circle circle;
+        double squared_bound;  // slanted boxes farther from its centre are outside
     };
 
-    Candidate candidate_at(int k) const { return {k, base_.circle_through(point(k))}; }
+    Candidate candidate_at(int k) const {
+        const Circle circle = base_.circle_through(point(k));
+        return {k, circle, SlantedBox::squared_bound(circle, outline_.reach())};
+    }
 
     bool can_replace(const Candidate& candidate, int j) {
         return is_inside(candidate.circle, point(j)) && !base_.rejects(point(j)) &&
                can_be_joined(j);
     }
 
-    const Box2& box(std::ptrdiff_t run) const { return outline_.boxes()[run]; }
+    const Box2& box(int run) const { return outline_.boxes()[run]; }
 
-    bool cannot_replace(const Candidate& candidate, std::ptrdiff_t run) const {
-        return outline_.is_outside(candidate.circle, run) || base_.rejects_all(box(run));
+    bool cannot_replace(const Candidate& candidate, int run) const {
+        return outline_.is_outside(candidate.circle, candidate.squared_bound, run) ||
+               base_.rejects_all(box(run));
     }
 
     /// Lets the candidate give way up to `times` times, or until that brings little; whether it has
@@ -98,7 +103,7 @@ class ApexSearch {
             const bool in_window = outline_.shows(candidate.circle);
             const int j = outline_.first_near(
                 candidate.circle, candidate.vertex + 1, last_ - 1,
-                [&](std::ptrdiff_t run) {
+                [&](int run) {
                     ++visits_;
                     return cannot_replace(candidate, run);
                 },
@@ -117,15 +122,29 @@ class ApexSearch {
 
     /// Lets the candidate give way to many at once.
     void leap(Candidate& candidate) {
-        candidate = candidate_at(reached_from(candidate.vertex, best(candidate)));
+        if (!leap_to_end(candidate))
+            candidate = candidate_at(reached_from(candidate.vertex, best(candidate)));
+    }
+
+    /// Lets the candidate give way to one of the last vertices if that is surely reached; whether
+    /// it is.
+    bool leap_to_end(Candidate& candidate) {
+        Candidate goal = candidate;
+        for (int j = std::max(candidate.vertex + 1, last_ - few); j < last_; ++j)
+            if (is_inside(goal.circle, point(j)) && !base_.rejects(point(j)))
+                goal = candidate_at(j);
+        if (goal.vertex == candidate.vertex || !can_be_joined(goal.vertex) ||
+            first_that_stays(candidate.vertex, goal.vertex) >= 0)
+            return false;
+        candidate = goal;
+        return true;
     }
 
     /// A vertex behind the candidate that gives way to few, if to any.
     int best(Candidate candidate) {
         outline_.boxes().visit_in_order(
-            candidate.vertex + 1, last_ - 1,
-            [&](std::ptrdiff_t run) { return base_.least_height(box(run)); },
-            [&](std::ptrdiff_t run) { return cannot_replace(candidate, run); },
+            candidate.vertex + 1, last_ - 1, [&](int run) { return base_.least_height(box(run)); },
+            [&](int run) { return cannot_replace(candidate, run); },
             [&](int from, int to) { candidate = best_of(candidate, from, to); });
         return candidate.vertex;
     }
@@ -148,29 +167,31 @@ class ApexSearch {
     /// before it would give way to it. If one would not, that one is the target.
     int reached_from(int from, int target) {
         for (;;) {
-            const Candidate goal = candidate_at(target);
-            const auto stays = [&](int w) {
-                return !base_.rejects(point(w)) &&
-                       !is_inside(base_.circle_through(point(w)), point(target));
-            };
-            if (stays(from)) return from;
-            const int w = outline_.boxes().first_of(
-                from + 1, target - 1,
-                [&](std::ptrdiff_t run) {
-                    return base_.rejects_all(box(run)) ||
-                           base_.surely_beaten(box(run), least_cross_seen(box(run)), point(target),
-                                               goal.circle, outline_.reach());
-                },
-                [&](int i) { return stays(i) && can_be_joined(i); });
-            if (w < 0) return target;
+            const int w = first_that_stays(from, target);
+            if (w < 0 || w == from) return w < 0 ? target : from;
             target = w;
         }
+    }
+
+    int first_that_stays(int from, int target) {
+        const Goal goal(base_, point(target), outline_.reach());
+        const auto stays = [&](int w) { return !base_.rejects(point(w)) && !goal.beats(point(w)); };
+        if (stays(from)) return from;
+        return outline_.boxes().find_first(
+            from + 1, target - 1,
+            [&](int run) {
+                if (base_.rejects_all(box(run))) return true;
+                const double nearest = least_cross_seen(box(run));
+                return nearest > fill_eps && goal.surely_beats(box(run), nearest);
+            },
+            [&](int i) { return stays(i) && can_be_joined(i); });
     }
 
     /// A lower bound of the cross product of the base edge with the points of a box that are to its
     /// left and can be joined to it. It is looked for only where many runs are on both sides.
     double least_cross_seen(const Box2& box) {
-        if (base_.accepts_all(box) || ++straddling_runs_ < few) return 0.0;
+        const double nearest = base_.cross_with(rightmost(box, base_.way()));
+        if (nearest > fill_eps || ++straddling_runs_ < few) return nearest;
         double height = 0.0;
         if (base_.is_behind_start(box)) {
             if (!behind_last_.is_known)
@@ -205,8 +226,8 @@ class ApexSearch {
         double nearest = HUGE_VAL;
         int in_vain = 0;  // edges that meet the extension and are not sure to hide anything
         outline_.boxes().visit_in_order(
-            first, last, [&](std::ptrdiff_t run) { return extension.least_along(box(run)); },
-            [&](std::ptrdiff_t run) {
+            first, last, [&](int run) { return extension.least_along(box(run)); },
+            [&](int run) {
                 return in_vain == few || extension.least_along(box(run)) > nearest ||
                        extension.misses(box(run));
             },
@@ -231,9 +252,8 @@ class ApexSearch {
         if (makes_triangle(first_ + 1)) return first_ + 1;
         const bool skips =
             outline_.all_finite();  // a triangle that is not a number is none to skip
-        return outline_.boxes().first_of(
-            first_ + 2, last_ - 1,
-            [&](std::ptrdiff_t run) { return skips && base_.rejects_all(box(run)); },
+        return outline_.boxes().find_first(
+            first_ + 2, last_ - 1, [&](int run) { return skips && base_.rejects_all(box(run)); },
             makes_triangle);
     }
 
@@ -254,35 +274,25 @@ class ApexSearch {
         }
     };
 
-    struct Sights {
-        Sight to_last, to_first;
-
-        friend Box2 around(const Sights& sights, double reach) {
-            Box2 box = around(sights.to_last.diagonal, reach);
-            expand(box, around(sights.to_first.diagonal, reach));
-            return box;
-        }
-    };
-
     Sight sight(int j, int end) const { return {Diagonal(point(j), point(end)), j, end}; }
 
     /// Whether no edge of the part crosses a diagonal from j to an end of the base edge. The edges
     /// found last and those beside them are tried first: what hides one vertex tends to hide the
     /// next.
     bool can_be_joined(int j) {
-        Sights sights{sight(j, last_), sight(j, first_)};
-        if (is_hidden_nearby(sights.to_last, blocks_last_) ||
-            is_hidden_nearby(sights.to_first, blocks_first_))
+        Sight to_last = sight(j, last_), to_first = sight(j, first_);
+        if (is_hidden_nearby(to_last, blocks_last_) || is_hidden_nearby(to_first, blocks_first_))
             return false;
+        Box2 place = around(to_last.diagonal, outline_.reach());
+        expand(place, around(to_first.diagonal, outline_.reach()));
         const int k = outline_.first_near(
-            sights, first_, last_ - 1,
-            [&](std::ptrdiff_t run) {
-                return sights.to_last.diagonal.is_clear_of(box(run)) &&
-                       sights.to_first.diagonal.is_clear_of(box(run));
+            place, first_, last_ - 1,
+            [&](int run) {
+                return !meet(box(run), place) || (to_last.diagonal.is_clear_of(box(run)) &&
+                                                  to_first.diagonal.is_clear_of(box(run)));
             },
             [&](int i) {
-                return hides(i, sights.to_last, blocks_last_) ||
-                       hides(i, sights.to_first, blocks_first_);
+                return hides(i, to_last, blocks_last_) || hides(i, to_first, blocks_first_);
             });
         return k < 0;
     }

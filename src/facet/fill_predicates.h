@@ -1,5 +1,5 @@
-// The questions that a triangle fill asks of points, edges and diagonals, each with its answer for
-// all points of a box at once.
+// The questions that a triangle fill asks of points and their circles, each with its answer for all
+// points of a box at once.
 #pragma once
 
 #include <cstdint>
@@ -11,12 +11,6 @@ namespace ztmath {
 
 /// Twice an area, a squared length, or a length: whichever is compared, this counts as 0.
 inline constexpr double fill_eps = 1.0e-10;
-
-/// What is farther from a diagonal than this does not cross it, rounding and all, where no point is
-/// farther from the origin than `reach`.
-inline double touching_margin(double reach) {
-    return 10.0 * fill_eps + 1.0e-13 * reach;
-}
 
 struct Circle {
     Vec2 centre;
@@ -78,30 +72,6 @@ class BaseEdge {
         return nearest > 0.0 ? power / nearest : -HUGE_VAL;
     }
 
-    /// Whether p lies inside the circle through both ends and any point of the box for which
-    /// `cross_with` gives `least` or more and that is not rejected, rounding and all, where
-    /// `circle` is the one through p.
-    ///
-    /// The power of p in the circle of w is minus the power of w in the circle of p, times the
-    /// ratio of the distances of p and w from the edge. The rounding of a circle through w is at
-    /// most 60 units of the last place of (d / sine) (d / sine + reach), where d is the largest
-    /// distance from a and the sine that of the angle between the edge and w.
-    bool surely_beaten(const Box2& box, double least, Vec2 p, const Circle& circle,
-                       double reach) const {
-        const double nearest = std::max(least, cross_with(rightmost(box, way_)));
-        if (!(nearest > fill_eps)) return false;
-        const double farthest = cross_with(leftmost(box, way_));
-        const double edge = length(way_);
-        const double w = length(span(box, a_));
-        const double to_p = length(p - a_);
-        const double d = std::max(w, std::max(edge, to_p));
-        const auto rounding = [&](double scaled) { return 1.0e-14 * scaled * (scaled + reach); };
-        const double cross_p = cross_with(p);
-        const double power = length_squared(gap(box, circle.centre)) - circle.squared_radius -
-                             rounding(d * edge * to_p / cross_p);
-        return cross_p * power > farthest * (2.0 * fill_eps + rounding(d * edge * w / nearest));
-    }
-
   private:
     // A triangle that is not a number passes.
     static bool rejected(double c) { return std::fabs(c) <= fill_eps || c < fill_eps; }
@@ -116,6 +86,47 @@ inline bool is_inside(const Circle& circle, Vec2 p) {
 inline bool is_outside(const Circle& circle, const Box2& box) {
     return !(length_squared(gap(box, circle.centre)) < circle.squared_radius - fill_eps);
 }
+
+/// A vertex that others might give way to.
+class Goal {
+  public:
+    /// No point is farther from the origin than `reach`.
+    Goal(const BaseEdge& base, Vec2 p, double reach)
+        : base_(base),
+          p_(p),
+          circle_(base.circle_through(p)),
+          cross_(base.cross_with(p)),
+          edge_(length(base.way())),
+          distance_(length(p - base.start())),
+          reach_(reach) {}
+
+    /// Whether it lies inside the circle through both ends of the base edge and w.
+    bool beats(Vec2 w) const { return is_inside(base_.circle_through(w), p_); }
+
+    /// Whether it surely beats, rounding and all, all points of the box for which `cross_with`
+    /// gives `nearest` or more, a number above 0.
+    ///
+    /// Its power in the circle of w is minus the power of w in its circle, times the ratio of the
+    /// distances of both from the edge. The rounding of a circle through w is at most 60 units of
+    /// the last place of (d / sine) (d / sine + reach), where d is the largest distance from the
+    /// edge's start and the sine that of the angle between the edge and w.
+    bool surely_beats(const Box2& box, double nearest) const {
+        const double farthest = base_.cross_with(leftmost(box, base_.way()));
+        const double w = length(span(box, base_.start()));
+        const double d = std::max(w, std::max(edge_, distance_));
+        const double power = length_squared(gap(box, circle_.centre)) - circle_.squared_radius -
+                             rounding(d * edge_ * distance_ / cross_);
+        return cross_ * power > farthest * (2.0 * fill_eps + rounding(d * edge_ * w / nearest));
+    }
+
+  private:
+    double rounding(double scaled) const { return 1.0e-14 * scaled * (scaled + reach_); }
+
+    BaseEdge base_;
+    Vec2 p_;
+    Circle circle_;
+    double cross_, edge_, distance_, reach_;
+};
 
 /// A box outside of which no point is inside the circle, where none is farther from the origin than
 /// `reach`.
@@ -150,14 +161,20 @@ class SlantedBox {
         return slanted;
     }
 
-    /// Whether no point of the box is inside the circle, where none is farther from the origin than
-    /// `reach`.
-    bool is_outside(const Circle& circle, double reach) const {
-        if (!is_thin_) return false;
+    bool is_thin() const { return is_thin_; }
+
+    /// The squared distance from a circle's centre beyond which no point of a box is inside it,
+    /// where none is farther from the origin than `reach`.
+    static double squared_bound(const Circle& circle, double reach) {
         const Vec2 c = circle.centre;
         const double rounding = 2.0e-15 * (std::fabs(c.x) + std::fabs(c.y) + 2.0 * reach);
         const double radius = std::sqrt(circle.squared_radius) + rounding;
-        return length_squared(gap(box_, turned(c))) > (1.0 + 1.0e-14) * (radius * radius);
+        return (1.0 + 1.0e-14) * (radius * radius);
+    }
+
+    /// Whether the box, which is thin, is farther from the centre.
+    bool is_beyond(double squared_bound, Vec2 centre) const {
+        return length_squared(gap(box_, turned(centre))) > squared_bound;
     }
 
   private:
@@ -170,65 +187,6 @@ class SlantedBox {
     bool is_thin_;
     Vec2 way_;
     Box2 box_;  // turned
-};
-
-/// A frame along a diagonal, from which edges are seen: s along it, t to its left.
-class Diagonal {
-  public:
-    Diagonal(Vec2 from, Vec2 to) : origin_(from), end_(to) {
-        const auto way = unitize_unchecked(to - from, null_length);
-        way_ = way.unit;
-        length_ = way.magnitude;
-    }
-
-    /// How far to the left of the diagonal's line a point is.
-    double across(Vec2 p) const { return cross(way_, p - origin_); }
-
-    /// Whether an edge whose ends are so far across stays on one side, which settles most edges.
-    static bool is_beside(double t0, double t1) {
-        // Kept as it stands: the two sides are held to different margins.
-        return (t0 < fill_eps && t1 < fill_eps) || (t0 > -fill_eps && t1 > fill_eps);
-    }
-
-    /// Whether the edge crosses the diagonal.
-    bool is_crossed_by(Vec2 e0, Vec2 e1) const {
-        const double s0 = along(e0);
-        const double s1 = along(e1);
-        // Kept as it stands: the two ends are held to different margins, before as well as beyond
-        // the diagonal's end. Fills depend on which edges that merely touch a diagonal count.
-        if (s0 < fill_eps && s1 < fill_eps) return false;
-        if (s0 > length_ - fill_eps && s1 > length_ + fill_eps) return false;
-        const double t0 = across(e0);
-        const double t1 = across(e1);
-        if (is_beside(t0, t1)) return false;
-        // Kept as it stands: an edge square to the diagonal has no slope and does not cross it.
-        if (s0 - s1 == 0.0) return false;
-        const double slope = (t0 - t1) / (s0 - s1);
-        const double s = -(t0 - slope * s0) / slope;
-        return fill_eps < s && s <= length_ - fill_eps;
-    }
-
-    /// Whether no edge within the box crosses the diagonal.
-    bool is_clear_of(const Box2& box) const {
-        return across(leftmost(box, way_)) < fill_eps || across(rightmost(box, way_)) > fill_eps ||
-               along(foremost(box, way_)) < fill_eps ||
-               along(hindmost(box, way_)) > length_ + fill_eps;
-    }
-
-    /// A box outside of which no edge crosses the diagonal.
-    friend Box2 around(const Diagonal& diagonal, double reach) {
-        const double margin = touching_margin(reach);
-        Box2 box = empty_box;
-        expand(box, diagonal.origin_);
-        expand(box, diagonal.end_);
-        return {box.low - Vec2{margin, margin}, box.high + Vec2{margin, margin}};
-    }
-
-  private:
-    double along(Vec2 p) const { return dot(p - origin_, way_); }
-
-    Vec2 origin_, end_, way_;
-    double length_;
 };
 
 }  // namespace ztmath

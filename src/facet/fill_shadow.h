@@ -7,7 +7,7 @@
 
 #include <utility>
 
-#include "facet/fill_predicates.h"
+#include "facet/fill_diagonal.h"
 
 namespace ztmath {
 

@@ -23,7 +23,7 @@ DistanceSums distance_sums(const double* points, std::ptrdiff_t n, Distance dist
     Pair squares{};
     const auto take = [&](const PointPair<Dimension>& pair) {
         const Pair d = distance(pair);
-        max = d > max ? d : max;
+        max = larger(d, max);
         sum += d;
         squares += d * d;
     };

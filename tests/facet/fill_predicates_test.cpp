@@ -62,10 +62,17 @@ TEST(FillPredicates, WhatIsSaidOfABoxHoldsForEveryPointInIt) {
         const BaseEdge base(a, b);
         const Diagonal diagonal(a, b);
         const Circle circle = base.circle_through(p);
-        const bool beaten = !base.rejects(p) && base.surely_beaten(box, 0.0, p, circle, 2e6);
+        const Goal goal(base, p, 2e6);
+        const double nearest = base.cross_with(rightmost(box, base.way()));
+        const bool beaten =
+            !base.rejects(p) && nearest > fill_eps && goal.surely_beats(box, nearest);
         const auto slanted = SlantedBox::around(0, 2, [&](int i) { return inside[i]; });
+        const bool beyond =
+            slanted.is_thin() &&
+            slanted.is_beyond(SlantedBox::squared_bound(circle, 2e6), circle.centre);
         const bool claims[] = {is_outside(circle, box), base.rejects_all(box),
-                               diagonal.is_clear_of(box), beaten, slanted.is_outside(circle, 2e6)};
+                               diagonal.is_clear_of(box) || !meet(box, around(diagonal, 2e6)),
+                               beaten, beyond};
         for (int k = 0; k < 5; ++k)
             said[k] += claims[k];
         for (const Vec2 q : inside) {
@@ -73,7 +80,7 @@ TEST(FillPredicates, WhatIsSaidOfABoxHoldsForEveryPointInIt) {
             ASSERT_FALSE(claims[1] && !base.rejects(q));
             ASSERT_FALSE(claims[2] && diagonal.is_crossed_by(q, inside[0]));
             ASSERT_FALSE(claims[4] && is_inside(circle, q));
-            ASSERT_FALSE(claims[3] && (base.rejects(q) || !is_inside(base.circle_through(q), p)));
+            ASSERT_FALSE(claims[3] && (base.rejects(q) || !goal.beats(q)));
         }
     }
     for (const int count : said)

@@ -246,8 +246,8 @@ class EarClipping {
         const int before = corners_[at].previous;
         const int behind = corners_[at].next;
         const CornerTriangle triangle(polygon_, before, at, behind, reach_);
-        return boxes_.find_first(
-            0, n_ - 1, [&](int run) { return triangle.excludes(boxes_[run]); },
+        return boxes_.first_of(
+            0, n_ - 1, [&](std::ptrdiff_t run) { return triangle.excludes(boxes_[run]); },
             [&](int i) {
                 return corners_[i].next != none && i != at && i != before && i != behind &&
                        triangle.holds(point(i));

@@ -22,13 +22,14 @@ class Outline {
         reach_ = length(span(box, {0.0, 0.0}));
         is_large_ = all_finite_ && n >= large;
         if (is_large_)
-            for (int run = 0; run < boxes_.run_count(); ++run)
-                slanted_[run] = SlantedBox::around(boxes_.first_of(run), boxes_.last_of(run) + 1,
+            boxes_.for_each_run([&](std::ptrdiff_t run, int first, int last) {
+                slanted_[run] = SlantedBox::around(first, last + 1,
                                                    [&](int i) { return point(i < n ? i : 0); });
+            });
     }
 
     Vec2 point(int i) const { return load2(points_ + 2 * static_cast<std::ptrdiff_t>(i)); }
-    const RunBoxes& boxes() const { return boxes_; }
+    RunBoxes& boxes() { return boxes_; }
 
     /// Whether the window shows all that meets a circle or a box.
     bool shows(const Circle& circle) const {
@@ -46,7 +47,7 @@ class Outline {
             return -1;
         }
         const RunWindow& window = shows(place) ? window_ : everything_;
-        return window.find_first(boxes_, first, last, skip, stop);
+        return window.first_of(boxes_, first, last, skip, stop);
     }
 
     /// Moves the window to where an apex has been found, if its circle met many runs; but not
@@ -58,7 +59,7 @@ class Outline {
     }
 
     /// Whether no vertex of a run is inside the circle.
-    bool is_outside(const Circle& circle, double squared_bound, int run) {
+    bool is_outside(const Circle& circle, double squared_bound, std::ptrdiff_t run) {
         if (is_large_ && slanted_[run].is_thin())
             return slanted_[run].is_beyond(squared_bound, circle.centre);
         return ztmath::is_outside(circle, boxes_[run]);

@@ -89,9 +89,9 @@ class ApexSearch {
                can_be_joined(j);
     }
 
-    const Box2& box(int run) const { return outline_.boxes()[run]; }
+    const Box2& box(std::ptrdiff_t run) const { return outline_.boxes()[run]; }
 
-    bool cannot_replace(const Candidate& candidate, int run) const {
+    bool cannot_replace(const Candidate& candidate, std::ptrdiff_t run) const {
         return outline_.is_outside(candidate.circle, candidate.squared_bound, run) ||
                base_.rejects_all(box(run));
     }
@@ -103,7 +103,7 @@ class ApexSearch {
             const bool in_window = outline_.shows(candidate.circle);
             const int j = outline_.first_near(
                 candidate.circle, candidate.vertex + 1, last_ - 1,
-                [&](int run) {
+                [&](std::ptrdiff_t run) {
                     ++visits_;
                     return cannot_replace(candidate, run);
                 },
@@ -143,8 +143,9 @@ class ApexSearch {
     /// A vertex behind the candidate that gives way to few, if to any.
     int best(Candidate candidate) {
         outline_.boxes().visit_in_order(
-            candidate.vertex + 1, last_ - 1, [&](int run) { return base_.least_height(box(run)); },
-            [&](int run) { return cannot_replace(candidate, run); },
+            candidate.vertex + 1, last_ - 1,
+            [&](std::ptrdiff_t run) { return base_.least_height(box(run)); },
+            [&](std::ptrdiff_t run) { return cannot_replace(candidate, run); },
             [&](int from, int to) { candidate = best_of(candidate, from, to); });
         return candidate.vertex;
     }
@@ -177,9 +178,9 @@ class ApexSearch {
         const Goal goal(base_, point(target), outline_.reach());
         const auto stays = [&](int w) { return !base_.rejects(point(w)) && !goal.beats(point(w)); };
         if (stays(from)) return from;
-        return outline_.boxes().find_first(
+        return outline_.boxes().first_of(
             from + 1, target - 1,
-            [&](int run) {
+            [&](std::ptrdiff_t run) {
                 if (base_.rejects_all(box(run))) return true;
                 const double nearest = least_cross_seen(box(run));
                 return nearest > fill_eps && goal.surely_beats(box(run), nearest);
@@ -226,8 +227,8 @@ class ApexSearch {
         double nearest = HUGE_VAL;
         int in_vain = 0;  // edges that meet the extension and are not sure to hide anything
         outline_.boxes().visit_in_order(
-            first, last, [&](int run) { return extension.least_along(box(run)); },
-            [&](int run) {
+            first, last, [&](std::ptrdiff_t run) { return extension.least_along(box(run)); },
+            [&](std::ptrdiff_t run) {
                 return in_vain == few || extension.least_along(box(run)) > nearest ||
                        extension.misses(box(run));
             },
@@ -252,8 +253,9 @@ class ApexSearch {
         if (makes_triangle(first_ + 1)) return first_ + 1;
         const bool skips =
             outline_.all_finite();  // a triangle that is not a number is none to skip
-        return outline_.boxes().find_first(
-            first_ + 2, last_ - 1, [&](int run) { return skips && base_.rejects_all(box(run)); },
+        return outline_.boxes().first_of(
+            first_ + 2, last_ - 1,
+            [&](std::ptrdiff_t run) { return skips && base_.rejects_all(box(run)); },
             makes_triangle);
     }
 
@@ -287,7 +289,7 @@ class ApexSearch {
         expand(place, around(to_first.diagonal, outline_.reach()));
         const int k = outline_.first_near(
             place, first_, last_ - 1,
-            [&](int run) {
+            [&](std::ptrdiff_t run) {
                 return !meet(box(run), place) || (to_last.diagonal.is_clear_of(box(run)) &&
                                                   to_first.diagonal.is_clear_of(box(run)));
             },

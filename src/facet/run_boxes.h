@@ -71,53 +71,63 @@ inline Vec2 rightmost(const Box2& box, Vec2 way) {
 }
 
 class RunBoxes {
+    static constexpr int leaf_shift = 3;
+
   public:
-    /// The most points of a run of the lowest level.
-    static constexpr int leaf = 8;
+    /// The points of a run of the lowest level.
+    static constexpr int leaf = 1 << leaf_shift;
 
     /// Boxes over the n points that `point(i)` gives. Where they are `linked`, the box of a run
     /// holds the point behind the run too, and so the edges that leave its points.
     template <class Point>
-    RunBoxes(int n, Point point, bool linked)
-        : leaf_runs_((n - 1) / leaf + 1),
-          levels_(levels_over(leaf_runs_)),
-          storage_(run_count() + 1L),
-          runs_(storage_.data()) {
-        number_runs(n);
-        for (int run = run_count() - 1; run >= 0; --run) {
+    RunBoxes(int n, Point point, bool linked) : n_(n), boxes_(box_count(n)) {
+        set_levels();
+        for (std::ptrdiff_t run = 0; run < runs_at(0); ++run) {
+            const std::ptrdiff_t first = run << leaf_shift;
+            const std::ptrdiff_t behind = least(first + leaf, n_);
             Box2 box = empty_box;
-            if (is_leaf(run))
-                for (int i = first_of(run); i <= last_of(run) + linked; ++i)
-                    expand(box, point(i < n ? i : 0));
-            runs_[run].box = is_leaf(run) ? box : union_below(run);
+            for (std::ptrdiff_t i = first; i < behind + linked; ++i)
+                expand(box, point(static_cast<int>(i < n_ ? i : 0)));
+            boxes_[run] = box;
         }
+        for (int level = 1; level < levels_; ++level)
+            for (std::ptrdiff_t run = 0; run < runs_at(level); ++run)
+                boxes_[start_[level] + run] = union_below(level, run);
     }
 
-    /// Runs are numbered so that each comes before those it consists of, and they before the next.
-    int run_count() const { return runs_before(leaf_runs_); }
+    int point_count() const { return static_cast<int>(n_); }
 
-    const Box2& operator[](int run) const { return runs_[run].box; }
+    /// The number of runs, and the box of one.
+    std::ptrdiff_t run_count() const { return start_[levels_ - 1] + 1; }
+    const Box2& operator[](std::ptrdiff_t run) { return boxes_[run]; }
 
-    /// The points of a run.
-    int first_of(int run) const { return runs_[run].first; }
-    int last_of(int run) const { return runs_[runs_[run].next].first - 1; }
+    /// Calls visit(run, first, last) with each run and its points.
+    template <class Visit>
+    void for_each_run(Visit visit) const {
+        for (int level = 0; level < levels_; ++level)
+            for (std::ptrdiff_t run = 0; run < runs_at(level); ++run)
+                visit(start_[level] + run, static_cast<int>(run << shift(level)),
+                      static_cast<int>(least((run + 1) << shift(level), n_) - 1));
+    }
 
     /// The first index in [first, last] at which `stop` holds, or -1. Runs that `skip` is true of
     /// are left out.
     template <class Skip, class Stop>
-    int find_first(int first, int last, Skip skip, Stop stop) const {
-        for (int run = leaf_at(first); first_of(run) <= last;) {
-            const bool is_skipped = skip(run);
-            if (!is_skipped && !is_leaf(run)) {
-                ++run;
+    int first_of(int first, int last, Skip skip, Stop stop) {
+        int level = 0;
+        for (std::ptrdiff_t i = first; i <= last;) {
+            const std::ptrdiff_t run = i >> shift(level);
+            const bool skipped = skip(start_[level] + run);
+            if (!skipped && level > 0) {
+                --level;
                 continue;
             }
-            if (!is_skipped) {
-                const int end = std::min(last_of(run), last);
-                for (int i = std::max(first_of(run), first); i <= end; ++i)
-                    if (stop(i)) return i;
-            }
-            run = runs_[run].next;
+            const std::ptrdiff_t behind = (run + 1) << shift(level);
+            if (!skipped)
+                for (const std::ptrdiff_t end = least(behind, last + 1L); i < end; ++i)
+                    if (stop(static_cast<int>(i))) return static_cast<int>(i);
+            i = behind;
+            if (level + 1 < levels_ && ((run + 1) & (fan - 1)) == 0) ++level;
         }
         return -1;
     }
@@ -125,24 +135,31 @@ class RunBoxes {
     /// Calls visit(from, to) with the points of [first, last], at most `leaf` at a time, of the
     /// runs at hand that with the least `order` first. Runs that `skip` is true of are left out.
     template <class Order, class Skip, class Visit>
-    void visit_in_order(int first, int last, Order order, Skip skip, Visit visit) const {
+    void visit_in_order(int first, int last, Order order, Skip skip, Visit visit) {
         WaitingRuns waiting;
-        const auto add_runs = [&](int run, int end) {
+        const auto add_runs = [&](int level, std::ptrdiff_t from, std::ptrdiff_t to) {
             const int others = waiting.count;
-            for (; run < end && first_of(run) <= last; run = runs_[run].next)
-                if (last_of(run) >= first && !skip(run)) waiting.insert({order(run), run}, others);
+            for (std::ptrdiff_t run = from; run <= to; ++run) {
+                const std::ptrdiff_t number = start_[level] + run;
+                if (!skip(number)) waiting.insert({order(number), level, run}, others);
+            }
         };
-        int level = 0;
-        while (run_of(first, level) + 1 < run_of(last, level))
-            ++level;
-        add_runs(leaf_at(first_of_run(run_of(first, level), level)) - level, run_count());
+        int top = 0;
+        while ((first >> shift(top)) + 1 < (last >> shift(top)))
+            ++top;
+        add_runs(top, first >> shift(top), last >> shift(top));
         while (waiting.count > 0) {
-            const int run = waiting.runs[--waiting.count].run;
-            if (skip(run)) continue;
-            if (is_leaf(run))
-                visit(std::max(first_of(run), first), std::min(last_of(run), last));
-            else
-                add_runs(run + 1, runs_[run].next);
+            const auto [_, level, run] = waiting.runs[--waiting.count];
+            if (skip(start_[level] + run)) continue;
+            if (level > 0) {
+                const int below = level - 1;
+                add_runs(below, most(run * fan, first >> shift(below)),
+                         least(run * fan + fan - 1, last >> shift(below)));
+            } else {
+                const std::ptrdiff_t start = run << leaf_shift;
+                const std::ptrdiff_t end = least(start + leaf - 1, last);
+                visit(static_cast<int>(most(start, first)), static_cast<int>(end));
+            }
         }
     }
 
@@ -150,45 +167,38 @@ class RunBoxes {
     /// that `remains` holds for.
     template <class Point, class Remains>
     void shrink_around(int i, Point point, Remains remains) {
-        const int leaf_run = leaf_at(i);
+        std::ptrdiff_t run = i >> leaf_shift;
         Box2 box = empty_box;
-        for (int k = first_of(leaf_run); k <= last_of(leaf_run); ++k)
-            if (remains(k)) expand(box, point(k));
-        runs_[leaf_run].box = box;
+        for (std::ptrdiff_t k = run << leaf_shift; k < least((run + 1) << leaf_shift, n_); ++k)
+            if (remains(static_cast<int>(k))) expand(box, point(static_cast<int>(k)));
+        boxes_[run] = box;
         for (int level = 1; level < levels_; ++level) {
-            const int run = leaf_at(first_of_run(run_of(i, level), level)) - level;
-            runs_[run].box = union_below(run);
+            run >>= fan_shift;
+            boxes_[start_[level] + run] = union_below(level, run);
         }
     }
 
     /// The box of all points.
-    const Box2& whole() const { return runs_[0].box; }
+    const Box2& whole() { return boxes_[run_count() - 1]; }
 
   private:
-    static constexpr int leaf_shift = 3;
-    static constexpr int fan_shift = 2;
-    static constexpr int fan = 1 << fan_shift;  // runs to one of the level above
+    static constexpr int fan_shift = 2;  // four runs to one of the next level
+    static constexpr int fan = 1 << fan_shift;
     static constexpr int most_levels = 16;
-    static_assert(leaf == 1 << leaf_shift);
 
     struct Run {
-        Box2 box;
-        int next;   // the run behind all that it consists of
-        int first;  // point
-    };
-
-    struct WaitingRun {
         double order;
-        int run;
+        int level;
+        std::ptrdiff_t run;
     };
 
     /// Runs that wait to be visited, the next one last.
     struct WaitingRuns {
-        WaitingRun runs[fan * most_levels + 2];
+        Run runs[fan * most_levels + 2];
         int count = 0;
 
         /// Inserts a run among those from `first` on.
-        void insert(const WaitingRun& added, int first) {
+        void insert(const Run& added, int first) {
             int place = count++;
             for (; place > first && runs[place - 1].order < added.order; --place)
                 runs[place] = runs[place - 1];
@@ -196,53 +206,35 @@ class RunBoxes {
         }
     };
 
-    /// How many runs of a level there are before that of point i.
-    static int run_of(int i, int level) { return i >> (leaf_shift + fan_shift * level); }
-    static int first_of_run(int run, int level) { return run << (leaf_shift + fan_shift * level); }
+    static constexpr int shift(int level) { return leaf_shift + fan_shift * level; }
+    static std::ptrdiff_t least(std::ptrdiff_t a, std::ptrdiff_t b) { return a < b ? a : b; }
+    static std::ptrdiff_t most(std::ptrdiff_t a, std::ptrdiff_t b) { return a > b ? a : b; }
 
-    static int levels_over(int leaf_runs) {
-        int levels = 1;
-        while (((leaf_runs - 1) >> (fan_shift * (levels - 1))) > 0)
-            ++levels;
-        return levels;
+    std::ptrdiff_t runs_at(int level) const { return ((n_ - 1L) >> shift(level)) + 1; }
+
+    /// Room for the boxes of all levels.
+    static std::ptrdiff_t box_count(std::ptrdiff_t n) {
+        return ((n >> leaf_shift) + 1) * fan / (fan - 1) + most_levels;
     }
 
-    /// How many runs, of all levels, begin before a run of the lowest level.
-    int runs_before(int leaf_run) const {
-        int runs = leaf_run;
-        for (int level = 1; level < levels_; ++level)
-            runs += ((leaf_run - 1) >> (fan_shift * level)) + 1;
-        return runs;
+    void set_levels() {
+        start_[0] = 0;
+        for (levels_ = 1; runs_at(levels_ - 1) > 1; ++levels_)
+            start_[levels_] = start_[levels_ - 1] + runs_at(levels_ - 1);
     }
 
-    /// The run of the lowest level that holds point i: the last to begin before the next one.
-    int leaf_at(int i) const { return runs_before((i >> leaf_shift) + 1) - 1; }
-
-    bool is_leaf(int run) const { return runs_[run].next == run + 1; }
-
-    void number_runs(int n) {
-        int run = 0;
-        for (int leaf_run = 0; leaf_run < leaf_runs_; ++leaf_run)
-            for (int level = levels_ - 1; level >= 0; --level) {
-                const int width = 1 << (fan_shift * level);
-                if (leaf_run % width == 0)
-                    runs_[run++] = {empty_box, runs_before(std::min(leaf_run + width, leaf_runs_)),
-                                    leaf_run << leaf_shift};
-            }
-        runs_[run] = {empty_box, run, n};  // ends every search
-    }
-
-    Box2 union_below(int run) const {
+    Box2 union_below(int level, std::ptrdiff_t run) {
         Box2 box = empty_box;
-        for (int below = run + 1; below < runs_[run].next; below = runs_[below].next)
-            expand(box, runs_[below].box);
+        const std::ptrdiff_t end = least((run + 1) * fan, runs_at(level - 1));
+        for (std::ptrdiff_t child = run * fan; child < end; ++child)
+            expand(box, boxes_[start_[level - 1] + child]);
         return box;
     }
 
-    int leaf_runs_;
+    std::ptrdiff_t n_;
     int levels_;
-    WorkArray<Run, 40> storage_;
-    Run* runs_;
+    std::ptrdiff_t start_[most_levels];  // of each level's boxes
+    WorkArray<Box2, 40> boxes_;
 };
 
 }  // namespace ztmath

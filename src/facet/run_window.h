@@ -26,7 +26,7 @@ class RunWindow {
 
     /// Moves to a square around a place, if what meets it is not too much; what that took, in
     /// visits of boxes and points.
-    int move_to(const RunBoxes& boxes, const Box2& place) {
+    int move_to(RunBoxes& boxes, const Box2& place) {
         const Vec2 middle = (place.low + place.high) * 0.5;
         const Vec2 extent = place.high - place.low;
         const double half = size * 0.5 * std::max(extent.x, extent.y);
@@ -34,9 +34,9 @@ class RunWindow {
         int visits = 0;
         int points = 0;
         count_ = 0;
-        const int unseen = boxes.find_first(
-            0, boxes.last_of(0),
-            [&](int run) {
+        const int unseen = boxes.first_of(
+            0, boxes.point_count() - 1,
+            [&](std::ptrdiff_t run) {
                 ++visits;
                 return !meet(boxes[run], square);
             },
@@ -47,11 +47,11 @@ class RunWindow {
 
     /// As that of the boxes, of what meets a place that is covered.
     template <class Skip, class Stop>
-    int find_first(const RunBoxes& boxes, int first, int last, Skip skip, Stop stop) const {
+    int first_of(RunBoxes& boxes, int first, int last, Skip skip, Stop stop) const {
         for (int s = 0; s < count_; ++s) {
             const int from = first > stretches_[s].first ? first : stretches_[s].first;
             const int to = last < stretches_[s].last ? last : stretches_[s].last;
-            const int found = from <= to ? boxes.find_first(from, to, skip, stop) : -1;
+            const int found = from <= to ? boxes.first_of(from, to, skip, stop) : -1;
             if (found >= 0) return found;
         }
         return -1;

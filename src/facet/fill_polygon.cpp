@@ -68,7 +68,7 @@ class ApexSearch {
   private:
     Vec2 point(int i) const { return outline_.point(i); }
 
-    static constexpr int few = 4;      // runs, or edges
+    static constexpr int few = 4;      // runs, edges or vertices
     static constexpr int beside = 3;   // edges on either side
     static constexpr int nearby = 32;  // vertices
 
@@ -120,7 +120,8 @@ class ApexSearch {
         return false;
     }
 
-    /// Lets the candidate give way to many at once.
+    /// Lets the candidate give way to many at once. Very often the apex is one of the last
+    /// vertices: parts are cut off piece by piece, from one end and the other.
     void leap(Candidate& candidate) {
         if (!leap_to_end(candidate))
             candidate = candidate_at(reached_from(candidate.vertex, best(candidate)));
@@ -174,6 +175,8 @@ class ApexSearch {
         }
     }
 
+    /// The first vertex from a candidate on, itself included, that would not give way to the
+    /// target, or -1.
     int first_that_stays(int from, int target) {
         const Goal goal(base_, point(target), outline_.reach());
         const auto stays = [&](int w) { return !base_.rejects(point(w)) && !goal.beats(point(w)); };
@@ -282,7 +285,8 @@ class ApexSearch {
     /// found last and those beside them are tried first: what hides one vertex tends to hide the
     /// next.
     bool can_be_joined(int j) {
-        Sight to_last = sight(j, last_), to_first = sight(j, first_);
+        Sight to_last = sight(j, last_);
+        Sight to_first = sight(j, first_);
         if (is_hidden_nearby(to_last, blocks_last_) || is_hidden_nearby(to_first, blocks_first_))
             return false;
         Box2 place = around(to_last.diagonal, outline_.reach());

@@ -35,9 +35,6 @@ class BaseEdge {
     /// Whether every point of the box is rejected.
     bool rejects_all(const Box2& box) const { return rejects(leftmost(box, way_)); }
 
-    /// Whether no point of the box is rejected.
-    bool accepts_all(const Box2& box) const { return cross_with(rightmost(box, way_)) > fill_eps; }
-
     /// Whether all of the box is farther back than the edge's start, or farther on than its end.
     bool is_behind_start(const Box2& box) const {
         return dot(way_, foremost(box, way_) - a_) < 0.0;

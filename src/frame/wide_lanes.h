@@ -23,12 +23,9 @@ namespace ztmath {
 using Pair = double __attribute__((vector_size(16)));
 using Quad = double __attribute__((vector_size(32)));
 
-/// The larger and the smaller in each lane; the second where one is not a number.
+/// The larger in each lane; the second where one is not a number.
 inline Pair larger(Pair a, Pair b) {
     return a > b ? a : b;
-}
-inline Pair smaller(Pair a, Pair b) {
-    return a < b ? a : b;
 }
 
 // By reference: passing wide lanes by value would depend on what the processor is compiled for.

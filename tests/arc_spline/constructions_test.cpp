@@ -8,7 +8,10 @@ namespace {
 
 using namespace ztmath_test;
 
-constexpr double tols[] = {1e-6, 1e-4};
+constexpr double fine[] = {1e-6, 1e-4};
+constexpr double quarter[] = {0.25, 1e-4};
+constexpr double no_angle[] = {1e-6, 0};
+const double* tols = fine;
 
 constexpr Segment full_of_sevens{7, 7, {7, 7}, 7, 7, {7, 7}, {7, 7}, 7, 7};
 
@@ -201,6 +204,29 @@ TEST(ArcSplineConstructions, AlongATangent) {
     expect_equal(chord({0, 0}, {3, 0}, {2, 9e-7}).s[0], ahead, 0);
     EXPECT_EQ(chord({0, 0}, {3, 0}, {9e-7, 0}).status, 1);
     EXPECT_EQ(chord({0, 0}, {3, 0}, {-2, 9e-7}).status, 2);
+}
+
+/// What is as far apart as the tolerance counts as one.
+TEST(ArcSplineConstructions, TakeTheToleranceItselfForNothing) {
+    tols = no_angle;  // nothing is collinear, and the bisectors are parallel
+    EXPECT_EQ(through_3({0, 0}, {1, 0}, {3, 0}).status, 1);
+    tols = quarter;
+    const std::pair<double, int> radii[] = {{1.75, 1}, {2.25, 1}, {0.25, 2}, {0.1875, 0}};
+    for (const auto& [radius, count] : radii)
+        EXPECT_EQ(on_chord({1, 1}, {1, 5}, radius, 0).count, count) << radius;
+    EXPECT_EQ(on_chord({1, 1}, {1, 1.5}, 1, 0).status, 1);
+    EXPECT_EQ(touching({0, 1}, {0, 1.25}, {0, 0}, {1, 0}).status, 1);
+    EXPECT_EQ(touching({0, 0.25}, {1, 2}, {0, 0}, {1, 0}).count, 1);
+    EXPECT_EQ(touching({1, 2}, {0, 0.25}, {0, 0}, {1, 0}).count, 1);
+    EXPECT_EQ(touching_at({0.25, 0}, {0, 0}, {0, 1}).status, 1);
+    EXPECT_EQ(touching_at({2, 0.25}, {0, 0}, {1, 0}).s[0].type, 0);
+    EXPECT_EQ(chord({0, 0}, {0, 1}, {0.25, 0}).status, 1);
+    EXPECT_EQ(chord({0, 0}, {1, 0}, {2, 0.25}).s[0].type, 0);
+    for (const double radius : {0.75, 1.25})  // of a half circle of radius 1
+        EXPECT_EQ(chord({0, 0}, {0, 1}, {2, 0}, radius).s[0].radius, radius);
+    tols = fine;
+    for (const double radius : {1e10, std::nextafter(1e10, HUGE_VAL)})  // of a quarter
+        EXPECT_EQ(chord({0, 0}, {1, 0}, {radius, radius}).s[0].type, radius == 1e10 ? 1 : 0);
 }
 
 TEST(ArcSplineConstructions, FromRayToRay) {

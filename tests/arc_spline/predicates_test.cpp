@@ -136,11 +136,12 @@ TEST(ArcSplinePredicates, Intervals) {
                                {10, 189, 360, 1}};
     for (const auto& [a, b, period, answer] : pairs)
         EXPECT_EQ(ARC_SPLINE_ask_is_pair_in_order(a, b, period), answer) << a << ' ' << b;
-    const double cases[][5] = {
-        {1, 0, 2, 0, 1},  {5e-11, 0, 2, 0, 1}, {-5e-11, 0, 2, 0, 11}, {2, 0, 2, 0, 12},
-        {3, 0, 2, 0, 0},  {1, 2, 0, 0, 0},     {1, 0, 2, 9, 1},       {7, 6, 2, 9, 1},
-        {0, 6, 2, 9, 1},  {9, 6, 2, 9, 1},     {1, 6, 2, 9, 1},       {2, 6, 2, 9, 12},
-        {6, 6, 2, 9, 11}, {3, 6, 2, 9, 0},     {-1, 6, 2, 9, 0},      {10, 6, 2, 9, 0}};
+    const double cases[][5] = {{1, 0, 2, 0, 1},  {5e-11, 0, 2, 0, 1}, {-5e-11, 0, 2, 0, 11},
+                               {2, 0, 2, 0, 12}, {3, 0, 2, 0, 0},     {1, 2, 0, 0, 0},
+                               {1, 0, 2, 9, 1},  {7, 6, 2, 9, 1},     {0, 6, 2, 9, 1},
+                               {9, 6, 2, 9, 1},  {1, 6, 2, 9, 1},     {2, 6, 2, 9, 12},
+                               {6, 6, 2, 9, 11}, {3, 6, 2, 9, 0},     {-1, 6, 2, 9, 0},
+                               {10, 6, 2, 9, 0}, {5, 2, 2, 9, 0}};
     for (const auto& [t, a, b, period, answer] : cases)
         EXPECT_EQ(ARC_SPLINE_ask_is_parm_in_interval(t, a, b, period), answer) << t << ' ' << a;
     EXPECT_EQ(ARC_SPLINE_ask_sign_of_var(-1e-10, 1e-10), 0);
@@ -254,7 +255,8 @@ TEST(ArcSplinePredicates, InscribedAngles) {
         EXPECT_LT(distance(projected, bisector), 1e-12);
     }
     // No more of the tolerance than 0.001 degrees counts.
-    const double cases[][3] = {{0.0008, 1, -1}, {0.002, 1, 1}, {-0.002, 1, 0}, {0.0008, 1e-4, 1}};
+    const double cases[][3] = {
+        {0.0008, 1, -1}, {0.002, 1, 1}, {-0.002, 1, 0}, {0.0008, 1e-4, 1}, {1e-9, 0, -1}};
     for (const auto& [turn, tol, expected] : cases) {
         const Pair d = direction_at(turn);
         const Vector o{0, 0, 0}, p2{1, 0, 0}, p3{1 + d[0], d[1], 0};
@@ -264,9 +266,12 @@ TEST(ArcSplinePredicates, InscribedAngles) {
         ARC_SPLINE_ask_bisector_of_polygon_angle(o.data(), p2.data(), p3.data(), nullptr, tol,
                                                  bisector.data(), &inscribed, &type, &status);
         EXPECT_EQ(type, expected) << turn;
-        ARC_SPLINE_ask_bisector_of_polygon_angle(o.data(), p2.data(), p2.data(), nullptr, tol,
-                                                 bisector.data(), &inscribed, &type, &status);
-        EXPECT_TRUE(type == -2 && status == 1 && bisector == o);
+        EXPECT_NEAR(inscribed, 180, 0.0021);
+        for (const auto& [end, normal] : {std::pair{p2.data(), p3.data()}, {p3.data(), o.data()}}) {
+            ARC_SPLINE_ask_bisector_of_polygon_angle(o.data(), p2.data(), end, normal, tol,
+                                                     bisector.data(), &inscribed, &type, &status);
+            EXPECT_TRUE(type == -2 && status == 1 && bisector == o && inscribed == 0);
+        }
     }
 }
 

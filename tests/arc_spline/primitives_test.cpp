@@ -76,9 +76,14 @@ TEST(ArcSplinePrimitives, Angles) {
             EXPECT_NEAR(interior({-1, 0}, {0, 0}, {1, y}, tol, 2), angle, 1e-3);
             EXPECT_EQ(status, found);
         }
+    const Pair up{0, 1}, hardly{5e-11, 0};  // without a direction, unless it is taken for unit
+    for (const int unit : {0, 1})
+        EXPECT_NEAR(ARC_SPLINE_ask_angle_between_vectors_2d(hardly.data(), up.data(), unit),
+                    90 * unit, 1e-11);
     ReportRecorder recorder;
     interior({-1, 0}, {0, 0}, {1, 1}, 1e-9, 4);
-    ARC_SPLINE_ask_min_central_angle(0.9e-10, 1);
+    EXPECT_EQ(ARC_SPLINE_ask_min_central_angle(0.9e-10, 1), 0);
+    EXPECT_EQ(ARC_SPLINE_ask_min_central_angle(1e-10, 0), 0);
     const Reports expected{internal(arc_module, "Unrecognizable input value for which_angle."),
                            internal(arc_module, "The radius is zero.")};
     EXPECT_EQ(recorder.take(), expected);
@@ -95,6 +100,10 @@ TEST(ArcSplinePrimitives, PointsAndCirclesAgainstCircles) {
             ARC_SPLINE_ask_power_of_a_point_3d(Vector{0, 1, y}.data(), Vector{0, 1, 0}.data(), 4),
             y * y - 16, 1e-14);
     }
+    for (const double r : {3.0, 2.0})  // a power of twice the tolerance's square is none yet
+        EXPECT_EQ(
+            ARC_SPLINE_ask_where_is_pt_wrt_circle_2d(Pair{r, r}.data(), &circle, r == 3 ? 1 : 2),
+            0);
     const double cases[][4] = {
         {2, 1, 3.125, 0}, {2, 1, 2.875, 0},  {2, 1, 3.25, 1}, {2, 2, 0.125, -6}, {2, 2, 1, -1},
         {3, 1, 2, -2},    {3, 1, 1.875, -2}, {3, 1, 2.5, -4}, {3, 1, 1, -1},     {1.125, 1, 0, -6}};
@@ -135,6 +144,8 @@ TEST(ArcSplinePrimitives, RadicalAxesHaveEqualPowers) {
     const Segment equal = made_circle({4, 0}, 2), larger = made_circle({0, 5}, 3);
     EXPECT_EQ(ask(&c, &equal), 10);   // equal ones that touch
     EXPECT_EQ(ask(&c, &larger), 20);  // others that touch
+    const Segment tiny = made_circle({0, 0}, 1e-10), next = made_circle({1e-10, 0}, 1e-10);
+    EXPECT_EQ(ask(&tiny, &next), 10);  // what counts as zero counts here
     pt = {9, 9};
     EXPECT_EQ(ask(&c, &c), 30);
     EXPECT_EQ(ask(&line, &c), 21);

@@ -308,6 +308,8 @@ TEST(ArcSplineSegments, AngleRanges) {
         EXPECT_NEAR(ARC_SPLINE_ask_angle_from_tan(y, x, 180), half, 1e-12);
         EXPECT_NEAR(ARC_SPLINE_ask_angle_from_tan(y, x, 90), line, 1e-12);
     }
+    for (const int range : {90, 180, 360})  // next to straight up, where the angle is 90 itself
+        EXPECT_EQ(ARC_SPLINE_ask_angle_from_tan(1, 0x1p-50, range), 90);
     for (double y = -1e-18; y > -1e-14; y *= 1.5)  // next to a full turn, and never on it
         EXPECT_LT(ARC_SPLINE_ask_angle_from_tan(y, 1, 360), 360) << y;
     double y = -1e-20, x = 1.0, angle = 9.0;

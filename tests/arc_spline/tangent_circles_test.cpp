@@ -16,7 +16,9 @@ namespace {
 
 using namespace ztmath_test;
 
-constexpr double tols[] = {1.0e-9, 1.0e-7, 1.0e-9};
+constexpr double fine[] = {1.0e-9, 1.0e-7, 1.0e-9};
+constexpr double quarter[] = {0.25, 1.0e-7, 1.0e-9};
+const double* tols = fine;
 
 struct Circle {
     Pair c;
@@ -61,11 +63,11 @@ Answer through_point(const Circle& a, const Circle& b, const Pair& p) {
     return std::move(x).only();
 }
 
-Answer of_radius(const Circle& a, const Circle& b, double radius, const double* within = tols) {
+Answer of_radius(const Circle& a, const Circle& b, double radius) {
     const Segment s[] = {record(a), record(b)};
     Answer x;
     ARC_SPLINE_cre_circle_tangent_to_2_circles_and_given_radius_2d(
-        &s[0], &s[1], radius, within, &x.count, x.circles.data(), &x.status);
+        &s[0], &s[1], radius, tols, &x.count, x.circles.data(), &x.status);
     return std::move(x).only();
 }
 
@@ -157,6 +159,13 @@ TEST(TangentCircles, TouchWhatTheyMust) {
         const Answer radius = of_radius(a, b, 0.7);
         expect_touching(radius, {a, b}, {});
         expect_order(radius, {a, b});
+        const Pair on = moved(a.c, a.r, direction_at(round));
+        const Answer at = through_point(a, b, on), there = through_point(b, a, on);
+        expect_touching(at, {a, b}, {on});
+        EXPECT_EQ(at.count + there.count, 4);
+        expect_order(at, {a, b});
+        expect_order(there, {b, a});
+        expect_touching(through_two(on, q, a), {a}, {on, q});
         const Answer chord = through_two(p, q, a);
         expect_touching(chord, {a}, {p, q});
         const bool alike = (distance(p, a.c) < a.r) == (distance(q, a.c) < a.r);
@@ -207,8 +216,6 @@ TEST(TangentCircles, AreAsManyAsTheyMustBe) {
     }
     const Circle a{{0, 0}, 1}, b{{4, 0}, 1};
     EXPECT_EQ(of_radius(a, b, 1.0).count, 1) << "between the two";
-    const double quarter = 0.25;
-    EXPECT_EQ(of_radius(a, {{4.25, 0}, 1}, 1.0, &quarter).count, 1) << "nearly";
     EXPECT_EQ(of_radius(a, b, 3.0).count, 7);
     EXPECT_GT(of_radius(a, b, 3.0).circles[0].center[1], 0) << "from left to right";
     EXPECT_GT(through_two({-2, 4}, {2, 5}, a).circles[0].center[1],
@@ -223,6 +230,39 @@ TEST(TangentCircles, AreAsManyAsTheyMustBe) {
     EXPECT_EQ(through_two({0, 1}, {3, 3}, a).count, 1);
     EXPECT_EQ(through_two({0, 1}, {3, 1}, a).count, 0);
     EXPECT_EQ(through_two({0, 1}, {1, 0}, a).count, 0);
+}
+
+/// What is as far apart as the tolerance counts as one.
+TEST(TangentCircles, TakeTheToleranceItselfForNothing) {
+    tols = quarter;
+    const Circle a{{0, 0}, 1}, b{{4, 0}, 1}, c{{0.25, 0}, 1.25};
+    EXPECT_EQ(of_radius({{0, 0}, 0.25}, b, 3).status, 0);
+    EXPECT_EQ(of_radius(a, {{2.5, 0}, 1}, 0.25).count, 1);
+    EXPECT_EQ(of_radius(a, {{4.25, 0}, 1}, 1).count, 1);
+    EXPECT_EQ(of_radius(a, {{2.25, 0}, 1}, 3).count, 6) << "two of them at the sides";
+    EXPECT_EQ(of_radius(a, {{0.25, 0}, 2}, 0.5).count, 0);
+    EXPECT_EQ(through_point(a, c, {9, 9}).status, 3);
+    EXPECT_EQ(through_point(a, {{0.25, 0}, 1.5}, {9, 9}).status, 0);
+    EXPECT_EQ(through_point(a, {{0.5, 0}, 1}, {9, 9}).status, 0);
+    EXPECT_EQ(through_point(a, b, {-1.25, 0}).count, 2);
+    EXPECT_EQ(through_point(b, a, {-1.25, 0}).count, 2);
+    EXPECT_EQ(through_two({2, 1}, {2, 1.25}, a).status, 1);
+    EXPECT_EQ(through_two({-2, 1.25}, {2, 1.25}, a).count, 1);
+    EXPECT_EQ(through_two({0, 1.25}, {3, 3}, a).count, 1);
+    EXPECT_EQ(through_two({3, 3}, {0, 1.25}, a).count, 1);
+    EXPECT_EQ(through_two({0, 1}, {3, 1.25}, a).count, 0);
+    const Segment circle = record(a), x_axis = line({0, 0}, {1, 0});
+    EXPECT_EQ(at_point(circle, x_axis, {3, 0.25}).status, 0);
+    EXPECT_EQ(at_point(circle, line({1.25, 0}, {3, 4}), {1.25, 0}).count, 0);
+    EXPECT_EQ(at_point(circle, line({3, 1.25}, {1, 0}), {3, 1.25}).count, 1);
+    EXPECT_EQ(at_point(line({0, 0.25}, {1, 0}), x_axis, {3, 0}).count, 0);
+    EXPECT_EQ(at_point(line({0, -2}, {1, 0}), line({0, 0.25}, {1, 0}), {3, 0}).count, 1);
+    const double right_angle[] = {1e-9, 90};
+    tols = right_angle;
+    EXPECT_EQ(at_point(line({0, 0}, {0, 1}), x_axis, {3, 0}).count, 1);
+    tols = fine;
+    for (const double radius : {1e10, std::nextafter(1e10, HUGE_VAL)})
+        EXPECT_EQ(of_radius(a, b, radius).count > 0, radius == 1e10);
 }
 
 TEST(TangentCircles, MoveWithTheData) {

@@ -80,7 +80,7 @@ TEST(CurveCalculations, AutomaticDerivativesReproduceQuadratics) {
             BCDF_add_params(record.get(), parameters.data());
             return record;
         };
-        const Values t = {0, 1, random.uniform(1.5, 2.5), 3, 4.5};
+        const Values t = {0.5, 1, random.uniform(1.5, 2.5), 3, 4.5};
         for (const int mode : {0, 1, 2}) {
             const auto condition = [&](int i) {
                 return mode + i == 3 ? slope(t[i]) : moved(scaled(b, t[i]), t[i] * t[i], a);
@@ -129,6 +129,10 @@ TEST(CurveCalculations, TypesAndMethodsGiveTheirLengths) {
     const double t[] = {0, 2, 5, 6};
     BCDF_add_params(record.get(), t);
     Vector a;
+    const Record two = new_record({0, 0, 0, 3, 0, 0});
+    BCDF_add_params(two.get(), t + 1);
+    BCDF_CALC_auto_slope(two.get(), 1, a.data());
+    EXPECT_EQ(a, (Vector{1, 0, 0}));
     BCDF_CALC_auto_slope(record.get(), 1, a.data());
     const struct {
         int type, position, periodicity;

@@ -254,7 +254,9 @@ struct Editor {
         const int all = of_slopes ? m.slopes.size() : m.curvatures.size();
         if (all == 0) return;
         const auto [first, number] = some(all, 4);
-        (of_slopes ? BCDF_remove_slopes : BCDF_remove_curvatures)(r, first, number);
+        const auto remove = of_slopes ? BCDF_remove_slopes : BCDF_remove_curvatures;
+        if (all > 1) remove(r, -99, all - 1);  // none of them
+        remove(r, first, number);
         of_slopes ? m.remove_slopes(first, number) : m.curvatures.remove(first, number);
     }
 

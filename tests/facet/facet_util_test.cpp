@@ -114,6 +114,9 @@ TEST(ShepardsWeights, FallWithThePowerOfTheDistance) {
         EXPECT_NEAR(weights[0] / weights[1], std::pow(0.25, power), 1e-15);
         EXPECT_NEAR(weights[3] / weights[2], std::pow(1e-9 / 3, power), 1e-24);
     }
+    weights[0] = 0;
+    FACET_shepards_weights(1, distances.data() + 3, 0, 1, weights.data());
+    EXPECT_EQ(weights[0], 1);
     FACET_shepards_weights(4, distances.data(), 2, 1, weights.data());  // the last within eps
     EXPECT_EQ(weights, (std::array{0.0, 0.0, 1.0, 0.0}));
 }

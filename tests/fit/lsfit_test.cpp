@@ -114,10 +114,10 @@ TEST(Line2dFit, MinimisesThePerpendicularDistances) {
 
 TEST(Line2dFit, WithoutAUsableEigenvalueTakesTheFarthestPoint) {
     // The scatter is beyond 1e19 in every direction: the sentinel stays.
-    const Line2d far({-4e10, -3e10, 4e10, 3e10, -3e10, 4e10, 3e10, -4e10});
+    const Line2d far({-3e10, -2e10, 5e10, 4e10, -2e10, 5e10, 4e10, -3e10});
     EXPECT_DOUBLE_EQ(far.normal[0], 0.6);
     EXPECT_DOUBLE_EQ(far.normal[1], -0.8);
-    EXPECT_EQ(far.point[1], 0);
+    EXPECT_EQ(far.point, (Pair{1e10, 1e10}));
     EXPECT_EQ(far.coincident, 0);
     EXPECT_DOUBLE_EQ(far.stats[0], 5e10);
     EXPECT_DOUBLE_EQ(far.stats[1], 5e10 / std::sqrt(2.0));
@@ -175,7 +175,8 @@ TEST(PlaneFit, IdenticalPointsTakeTheNormalPathWithTheFirstEigenvector) {
 }
 
 TEST(PlaneFit, WithoutAUsableEigenvalueFallsBackOnFarthestPoints) {
-    const Plane plane({1e11, 0, 0, -1e11, 0, 0, 0, 0, 5e10, 0, 0, -5e10, 0, 1e10, 0, 0, -1e10, 0});
+    const Plane plane(
+        {1e11, 3e11, 0, -1e11, 3e11, 0, 0, 3e11, 5e10, 0, 3e11, -5e10, 0, 3.1e11, 0, 0, 2.9e11, 0});
     EXPECT_EQ(std::fabs(plane.normal[1]), 1);
     EXPECT_EQ(plane.collinear, 0);
     EXPECT_EQ(plane.stats[0], 1e10);

@@ -78,6 +78,8 @@ TEST(RollPitchYaw, AreCleanedTowardsRightAngles) {
     const double edge = 0.9999999999;  // itself no right angle
     EXPECT_GT(angles_of({0.8, 0, 0, 0.6, 1, 0, 0, 0.3, edge})[0], 1.4e-5);
     EXPECT_LT(angles_of({0.8, 0, 0, 0.6, 1, 0, 0, edge, 0.3})[0], pi / 2 - 1.4e-5);
+    const double sine = std::sin(0.005), cosine = std::cos(0.005);  // of length 1, and so exact
+    EXPECT_EQ(angles_of({0.8, 0, 0, 0.6, 1, 0, 0, sine, cosine})[0], std::atan2(sine, cosine));
     // A pair of length other than 1 is rebuilt from its larger member.
     EXPECT_DOUBLE_EQ(angles_of({0.8, 0, 0, 0.6, 1, 0, 0, 0.3, 0.6})[0], std::atan2(0.8, 0.6));
     EXPECT_DOUBLE_EQ(angles_of({0.8, 0, 0, 0.6, 1, 0, 0, 0.6, 0.6})[0], std::atan2(0.6, 0.8));
@@ -127,9 +129,11 @@ TEST(AllRollPitchYaw, StandInAFixedOrder) {
         {{0.1, 0.2, 0.3}, {{0.1, 0.2, 0.3}, {pi + 0.1, pi - 0.2, pi + 0.3}}},
         {{pi / 2, 0.2, 0.3},
          {{pi / 2, 0.2, 0.3}, {-pi / 2, pi - 0.2, pi + 0.3}, {3 * pi / 2, pi - 0.2, pi + 0.3}}},
-        {{0.7, pi / 2, 0.2}, {{0.5, pi / 2, 0}, {0, pi / 2, -0.5}}},    // only roll - yaw counts
+        {{0.7, pi / 2, 0.2}, {{0.5, pi / 2, 0}, {0, pi / 2, -0.5}}},  // only roll - yaw counts
+        {{2.7, pi / 2, 0.2}, {{2.5 - 2 * pi, pi / 2, 0}, {0, pi / 2, 2 * pi - 2.5}}},
         {{0.7, -pi / 2, 0.2}, {{0.9, -pi / 2, 0}, {0, -pi / 2, 0.9}}},  // only roll + yaw
-        {{0.2, pi / 2, 0.2}, {{0, pi / 2, 0}}},                         // both zero is one triple
+        {{2.7, -pi / 2, 0.2}, {{2.9, -pi / 2, 0}, {0, -pi / 2, 2.9}}},
+        {{0.2, pi / 2, 0.2}, {{0, pi / 2, 0}}},  // both zero is one triple
     };
     for (const auto& row : rows) {
         const auto all = all_angles_of(matrix_of(row.angles));

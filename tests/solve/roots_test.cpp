@@ -311,6 +311,7 @@ TEST(ClosedForms, OrderInexactRootsByTheirFormulas) {
         {-2, 3, 1},            // of a cubic: the smallest, the largest, the middle one
         {0.5, 5.5, 1.5, 2.5},  // the cubic around the mean 2.5, then the mean
         {7, 1, -2, -5},        // by factors, that of the larger sum first
+        {4, 3, -1, -2},        // in mirror image around their mean
     };
     for (const Roots& row : rows)
         for (const double leading : {1.0, -1.0}) {
@@ -357,6 +358,9 @@ TEST(Polynomial, LeavesPointsWithoutDirectionAndDropsLeadingCoefficientsUpToTheT
     for (const auto& row : rows)
         EXPECT_EQ(iterated(row.coeffs).size(), row.count) << "row " << &row - rows;
     EXPECT_EQ(SOLVE_polynomial(-3, nullptr, nullptr), 0);
+    // From 0 on the nearest root is found first, and stands last.
+    const Roots x = iterated(expanded({{-0.75, 1.5, 4}, {}}, 1.0));
+    EXPECT_TRUE(x.size() == 3 && x[0] > x[1] && x[1] > x[2]);
     for (const double part : {3.99e-5, 4.01e-5})  // what is beside 1 is nothing up to 4e-5
         EXPECT_EQ(iterated({1 + part * part, -2, 1}).size(), part < 4e-5 ? 2u : 0u);
     EXPECT_EQ(recorder.reports(), Reports{});

@@ -90,8 +90,8 @@ class CornerTriangle {
 
     bool is_right(Vec2 a, Vec2 b, const Box2& box) const {
         const Vec2 way = b - a;
-        const Vec2 to_box = leftmost(box, way) - a;
-        const double most = cross(way, to_box);
+        const double most = cross(way, leftmost(box, way) - a);
+        if (most > 0.0) return false;
         const Vec2 farthest = span(box, a);
         return !(most +
                      rounding_ * (std::fabs(way.x) + std::fabs(way.y) + farthest.x + farthest.y) >
@@ -208,8 +208,7 @@ class EarClipping {
     void look_again(int at) {
         Corner& corner = corners_[at];
         const Vec3 previous = point(corner.previous);
-        const bool convex = angle_between(previous - point(at), previous - point(corner.next),
-                                          polygon_.normal()) <= pi;
+        const bool convex = is_convex(previous - point(at), previous - point(corner.next));
         reflex_ += (convex ? 0 : 1) - corner.is_reflex;
         corner.is_reflex = convex ? 0 : 1;
         stop_waiting(at);
@@ -217,6 +216,22 @@ class EarClipping {
             open_.insert(at);
         else
             open_.erase(at);
+    }
+
+    /// Whether a vector of that squared length has a direction, and finite components.
+    static bool is_unremarkable(double squared) { return squared > 1.0e-19 && squared < 1.0e37; }
+
+    /// Whether the angle from one vector to another, about the normal, is at most 180 degrees. It
+    /// is measured only where the sign of the sine may be in doubt.
+    bool is_convex(Vec3 from, Vec3 to) const {
+        const double from_squared = length_squared(from);
+        const double to_squared = length_squared(to);
+        const double sine = dot(cross(from, to), polygon_.normal());
+        const double most = from_squared * to_squared * length_squared(polygon_.normal());
+        if (is_unremarkable(from_squared) && is_unremarkable(to_squared) &&
+            sine * sine > 1.0e-10 * most)
+            return sine > 0.0;
+        return angle_between(from, to, polygon_.normal()) <= pi;
     }
 
     void wait_for(int at, int witness) {

@@ -39,6 +39,11 @@ inline bool meet(const Box2& a, const Box2& b) {
     return !(a.low.x > b.high.x || b.low.x > a.high.x || a.low.y > b.high.y || b.low.y > a.high.y);
 }
 
+/// Whether a point is inside a box, not on its edge.
+inline bool is_within(const Box2& box, Vec2 p) {
+    return p.x > box.low.x && p.x < box.high.x && p.y > box.low.y && p.y < box.high.y;
+}
+
 /// From a point to the nearest point of a box.
 inline Vec2 gap(const Box2& box, Vec2 p) {
     const Pair c{p.x, p.y};
@@ -114,7 +119,7 @@ class RunBoxes {
     /// are left out.
     template <class Skip, class Stop>
     int first_of(int first, int last, Skip skip, Stop stop) {
-        int level = 0;
+        int level = first == 0 ? levels_ - 1 : 0;
         for (std::ptrdiff_t i = first; i <= last;) {
             const std::ptrdiff_t run = i >> shift(level);
             const bool skipped = skip(start_[level] + run);
@@ -168,13 +173,16 @@ class RunBoxes {
     template <class Point, class Remains>
     void shrink_around(int i, Point point, Remains remains) {
         std::ptrdiff_t run = i >> leaf_shift;
+        if (is_within(boxes_[run], point(i))) return;
         Box2 box = empty_box;
         for (std::ptrdiff_t k = run << leaf_shift; k < least((run + 1) << leaf_shift, n_); ++k)
             if (remains(static_cast<int>(k))) expand(box, point(static_cast<int>(k)));
         boxes_[run] = box;
         for (int level = 1; level < levels_; ++level) {
             run >>= fan_shift;
-            boxes_[start_[level] + run] = union_below(level, run);
+            Box2& above = boxes_[start_[level] + run];
+            if (is_within(above, point(i))) return;
+            above = union_below(level, run);
         }
     }
 

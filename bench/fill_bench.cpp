@@ -1,12 +1,14 @@
 // Triangles of polygons, against CGAL's constrained Delaunay triangulation of the whole hull, its
-// vertices inserted in spatial order as its manual advises; and ear clipping, against that of
-// Mapbox where its header is installed. The coast is a map's, its edges divided to the size asked
+// vertices inserted in spatial order as its manual advises, against ear clipping by Mapbox's
+// earcut, which comes as a module for Python (calling it takes some microseconds), and against the
+// sweep of libtess2 in single precision. The coast is a map's, its edges divided to the size asked
 // for.
 #include <CGAL/Constrained_Delaunay_triangulation_2.h>
 #include <CGAL/Exact_predicates_inexact_constructions_kernel.h>
 #include <benchmark/benchmark.h>
+#include <pybind11/embed.h>
+#include <pybind11/numpy.h>
 
-#include <array>
 #include <fstream>
 #include <string>
 #include <utility>
@@ -16,10 +18,16 @@
 #include "ztmath/facet.h"
 #include "ztmath/ptf.h"
 
-#if __has_include(<mapbox/earcut.hpp>)
-#include <mapbox/earcut.hpp>
-#define HAS_EARCUT 1
-#endif
+// As libtess2's manual declares them; its package has no header.
+extern "C" {
+struct TESStesselator;
+TESStesselator* tessNewTess(void* allocator);
+void tessDeleteTess(TESStesselator* tess);
+void tessAddContour(TESStesselator* tess, int size, const void* points, int stride, int count);
+int tessTesselate(TESStesselator* tess, int winding_rule, int element_type, int poly_size,
+                  int vertex_size, const float* normal);
+int tessGetElementCount(TESStesselator* tess);
+}
 
 namespace {
 
@@ -97,16 +105,28 @@ void clip_ztmath(benchmark::State& state, const Polygon& p) {
     }
 }
 
-#ifdef HAS_EARCUT
-void clip_earcut(benchmark::State& state, const Polygon& p) {
-    std::vector<std::vector<std::array<double, 2>>> rings(1);
-    for (std::size_t i = 0; i < p.size(); i += 2)
-        rings[0].push_back({p[i], p[i + 1]});
+void triangulate_earcut(benchmark::State& state, const Polygon& p) {
+    static const pybind11::scoped_interpreter interpreter;
+    const auto earcut = pybind11::module_::import("mapbox_earcut").attr("triangulate_float64");
+    const int n = vertex_count(p);
+    const pybind11::array_t<double> points({n, 2}, p.data());
+    const pybind11::array_t<std::uint32_t> ring_ends(1, std::vector<std::uint32_t>(1, n).data());
     for (auto _ : state)
-        benchmark::DoNotOptimize(mapbox::earcut<std::uint32_t>(rings));
+        benchmark::DoNotOptimize(earcut(points, ring_ends).ptr());
 }
-#endif
 
+void triangulate_tess2(benchmark::State& state, const Polygon& p) {
+    constexpr int odd = 0;
+    constexpr int polygons = 0;
+    const std::vector<float> points(p.begin(), p.end());
+    for (auto _ : state) {
+        TESStesselator* const tess = tessNewTess(nullptr);
+        tessAddContour(tess, 2, points.data(), 2 * sizeof(float), vertex_count(p));
+        if (tessTesselate(tess, odd, polygons, 3, 2, nullptr) == 0) state.SkipWithError("none");
+        benchmark::DoNotOptimize(tessGetElementCount(tess));
+        tessDeleteTess(tess);
+    }
+}
 void add(const std::string& problem, const char* who, Runner runner, Maker maker,
          const std::vector<int>& sizes) {
     auto* const rows = benchmark::RegisterBenchmark(
@@ -119,7 +139,9 @@ void add(const std::string& problem, const char* who, Runner runner, Maker maker
 }
 
 const bool added = [] {
-    const std::vector<int> all_sizes{10, 100, 1'000, 10'000, 100'000, 1'000'000};
+    const std::vector<int> most_sizes{10, 100, 1'000, 10'000, 100'000};
+    std::vector<int> all_sizes = most_sizes;
+    all_sizes.push_back(1'000'000);
     for (const auto& [kind, maker] : kinds) {
         const std::string name = kind;
         // A hundred thousand vertices of teeth on one straight edge are beyond the rule: its
@@ -127,10 +149,11 @@ const bool added = [] {
         const std::vector<int> sizes(all_sizes.begin(), all_sizes.end() - (name == "comb" ? 2 : 0));
         add("fill_" + name, "ztmath", fill_ztmath, maker, sizes);
         add("fill_" + name, "cgal", fill_cgal, maker, sizes);
-        add("ears_" + name, "ztmath", clip_ztmath, maker, {10, 100, 1'000, 10'000, 100'000});
-#ifdef HAS_EARCUT
-        add("ears_" + name, "earcut", clip_earcut, maker, {10, 100, 1'000, 10'000, 100'000});
-#endif
+        for (const char* const task : {"fill_", "ears_"}) {
+            add(task + name, "earcut", triangulate_earcut, maker, most_sizes);
+            add(task + name, "tess2", triangulate_tess2, maker, most_sizes);
+        }
+        add("ears_" + name, "ztmath", clip_ztmath, maker, most_sizes);
     }
     return true;
 }();

@@ -169,7 +169,11 @@ TEST(TangentCircles, TouchWhatTheyMust) {
         const Answer chord = through_two(p, q, a);
         expect_touching(chord, {a}, {p, q});
         const bool alike = (distance(p, a.c) < a.r) == (distance(q, a.c) < a.r);
-        EXPECT_EQ(chord.count, alike ? 2 : 0);
+        ASSERT_EQ(chord.count, alike ? 2 : 0);
+        if (alike) {
+            const Pair apart = moved(center_of(chord.circles[0]), -1, center_of(chord.circles[1]));
+            EXPECT_GT(dot(left_of(moved(q, -1, p)), apart), 0);
+        }
         most[0] = std::max(most[0], three.count);
         most[1] = std::max(most[1], two.count);
         most[2] = std::max(most[2], radius.count);

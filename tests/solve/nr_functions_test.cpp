@@ -253,6 +253,18 @@ TEST(Odeint, TellsEveryAcceptedStepAndCarriesOnWhereItStopped) {
         EXPECT_NEAR(c.accepted_y[i][0], std::sin(c.accepted_x[i]), 1e-6);
 }
 
+/// The slope at the end of a step is no part of the solution: a fortieth of it is an error alone.
+TEST(Odeint, TakesAnErrorOf1e30ForNone) {
+    for (const double error : {1e-30, 1.2e-30}) {
+        Course c{{}, {0.0}};
+        c.slope = [&](double, const double*, double* dydx) {
+            dydx[0] = c.evaluations == 7 ? 40 * error : 0.0;
+        };
+        EXPECT_EQ(c.integrate(0.0, 1.0, {.h_first = 1.0}), 0);
+        EXPECT_EQ(c.bad, error > 1e-30);
+    }
+}
+
 TEST(Odeint, SaysWhyItStops) {
     // y' = y^2 from 1 has a pole at 1: the step comes down to the rounding level of x.
     const auto pole = [](double, const double* y, double* dydx) { dydx[0] = y[0] * y[0]; };

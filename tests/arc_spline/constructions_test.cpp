@@ -227,6 +227,8 @@ TEST(ArcSplineConstructions, TakeTheToleranceItselfForNothing) {
     EXPECT_EQ(chord({0, 0}, {1, 0}, {2, 0.25}).s[0].type, 0);
     for (const double radius : {0.75, 1.25})  // of a half circle of radius 1
         EXPECT_EQ(chord({0, 0}, {0, 1}, {2, 0}, radius).s[0].radius, radius);
+    EXPECT_EQ(chord({0, 0}, {0, 1}, {2, 0}, 0).status, 3);  // a known radius, and another
+    EXPECT_EQ(chord({0, 0}, {1, 0}, {0, 3e10}).status, 2);  // square to a tangent is not ahead
     tols = fine;
     for (const double radius : {1e10, std::nextafter(1e10, HUGE_VAL)})  // of a quarter
         EXPECT_EQ(chord({0, 0}, {1, 0}, {radius, radius}).s[0].type, radius == 1e10 ? 1 : 0);

@@ -87,6 +87,11 @@ TEST(ArcSplinePredicates, ThreePointsApartByTheToleranceItself) {
     for (const auto& [p, q, r] : cases)
         EXPECT_EQ(ARC_SPLINE_ask_3pts_collinearity_2d(p.data(), q.data(), r.data(), tols, 2, &side),
                   q[0] == 5 ? 1 : 0);
+    const Pair p{0, 0}, q{1, 0}, r{3, 0};  // neither collinear within no angle, nor a turn
+    const double no_angle[] = {tol, 0};
+    EXPECT_EQ(ARC_SPLINE_ask_3pts_collinearity_2d(p.data(), q.data(), r.data(), no_angle, 2, &side),
+              0);
+    EXPECT_EQ(side, -1);
 }
 
 TEST(ArcSplinePredicates, Quadratics) {
@@ -149,7 +154,7 @@ TEST(ArcSplinePredicates, SinesAndCosines) {
                                {1, 0, -0.5, 10, 61, 0, 0, 0},   {1, 0, 0.5, 0, 0, 2, 210, 330},
                                {1, 0, 0.5, 7, 0, 2, -150, -30}, {1, 0, 0.5, -11, 59, 1, -30, 0},
                                {1, 0, 0.5, -11, 61, 0, 0, 0},   {1, 0, 0.5, 10, 0, 0, 0, 0},
-                               {1e-12, 0, 0, 0, 0, -3, 0, 0}};
+                               {1e-12, 0, 0, 0, 0, -3, 0, 0},   {1, 0, 0, 1, 0, 1, 0, 0}};
     for (const auto& [p, q, r, mode, margin, count, x1, x2] : cases) {
         x = {};
         EXPECT_EQ(solve(p, q, r, 'd', static_cast<int>(mode), margin), count) << mode;
@@ -179,20 +184,26 @@ TEST(ArcSplinePredicates, Intervals) {
 
 /// All that is asked of two rays.
 struct Rays {
-    Rays(const Pair& p1, Pair d1, const Pair& p2, Pair d2, double tol = 1e-9) {
+    Rays(const Pair& p1, const Pair& way_1, const Pair& p2, const Pair& way_2, double tol = 1e-9) {
         const double tols[] = {tol, 1e-7};
         int status = 9;
-        ARC_SPLINE_ask_isosceles_to_pt_2d(p1.data(), d1.data(), p2.data(), d2.data(), 0, tols,
-                                          apex.data(), parms.data(), iso_1.data(), iso_2.data(),
-                                          sides, &status);
-        alike = ARC_SPLINE_ask_are_two_rays_homodromic_2d(
-            p1.data(), d1.data(), p2.data(), d2.data(), 1, 1, tols, again.data(), &status);
-        ARC_SPLINE_ask_bisector_of_angle_2d(p1.data(), d1.data(), p2.data(), d2.data(), 1, tols,
-                                            middle.data(), first.data(), &status);
-        ARC_SPLINE_ask_bisector_of_angle_2d(p1.data(), d1.data(), p2.data(), d2.data(), 1, tols,
-                                            middle.data(), bisector.data(), nullptr);
-        ARC_SPLINE_ask_convexities_of_tri_arc_2d(p1.data(), d1.data(), p2.data(), d2.data(), 1,
-                                                 tols, turns, &longer, &status);
+        Pair d1, d2;  // made unit by every call, each of which is given them anew
+        const auto given = [](Pair& d, const Pair& way) { return (d = way).data(); };
+        ARC_SPLINE_ask_isosceles_to_pt_2d(p1.data(), given(d1, way_1), p2.data(), given(d2, way_2),
+                                          0, tols, apex.data(), parms.data(), iso_1.data(),
+                                          iso_2.data(), sides, &status);
+        alike = ARC_SPLINE_ask_are_two_rays_homodromic_2d(p1.data(), given(d1, way_1), p2.data(),
+                                                          given(d2, way_2), 0, 1, tols,
+                                                          again.data(), &status);
+        ARC_SPLINE_ask_bisector_of_angle_2d(p1.data(), given(d1, way_1), p2.data(),
+                                            given(d2, way_2), 0, tols, middle.data(), first.data(),
+                                            &status);
+        ARC_SPLINE_ask_bisector_of_angle_2d(p1.data(), given(d1, way_1), p2.data(),
+                                            given(d2, way_2), 0, tols, middle.data(),
+                                            bisector.data(), nullptr);
+        ARC_SPLINE_ask_convexities_of_tri_arc_2d(p1.data(), given(d1, way_1), p2.data(),
+                                                 given(d2, way_2), 0, tols, turns, &longer,
+                                                 &status);
     }
     Pair apex{}, parms{}, again{}, iso_1{}, iso_2{}, middle{}, first{}, bisector{};
     int sides[2], alike, turns[2];
@@ -285,7 +296,12 @@ TEST(ArcSplinePredicates, InscribedAngles) {
         EXPECT_NEAR(dot(bisector, b), -dot(bisector, a), 1e-11);  // as far from either edge
         EXPECT_GE(dot(bisector, cross(normal, b)), 0);            // to the left
         EXPECT_NEAR(length(bisector), 1, 1e-12);
-        Vector projected{};
+        Vector projected{}, above{0, 0, 1}, level{}, default_level{};
+        ARC_SPLINE_ask_bisector_of_polygon_angle(normal.data(), p2.data(), p3.data(), above.data(),
+                                                 1, level.data(), &again, &type, &status);
+        ARC_SPLINE_ask_bisector_of_polygon_angle(normal.data(), p2.data(), p3.data(), nullptr, 1,
+                                                 default_level.data(), &again, &type, &status);
+        EXPECT_EQ(default_level, level);
         ARC_SPLINE_ask_bisector_of_inscribed_angle(v1.data(), v2.data(), normal.data(), 1 + i % 2,
                                                    1, projected.data(), &again, &type, &status);
         EXPECT_LT(distance(projected, bisector), 1e-12);

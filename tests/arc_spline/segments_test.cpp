@@ -98,11 +98,12 @@ TEST(ArcSplineSegments, TrimmingThatFailsLeavesTheSegment) {
     EXPECT_EQ(trim(&s, {0, 2}), 1);     // the centre
     EXPECT_EQ(trim(&s, {1e-7, 1}), 3);  // to the start
     expect_equal(s, before);
-    for (const int way : {-1, 1}) {  // behind and ahead, too little to have a direction of its own
+    for (const int way :
+         {-1, 0, 1}) {  // behind and ahead, too little to have a direction of its own
         s = made_straight({0, 0}, {1, 0});
         EXPECT_EQ(trim(&s, {way * 1e-11, 3}), 0);
         const double angle = way < 0 ? 180 : 0;
-        expect_equal(s, {0, 0, {0, 0}, angle, angle, {0, 0}, {1.0 * way, 0}, 0, 0});
+        expect_equal(s, {0, 0, {0, 0}, angle, angle, {0, 0}, {way < 0 ? -1.0 : 1.0, 0}, 0, 0});
     }
 }
 
@@ -314,6 +315,7 @@ TEST(ArcSplineSegments, AngleRanges) {
     for (const int range : {90, 180, 360})  // next to straight up, where the angle is 90 itself
         EXPECT_EQ(ARC_SPLINE_ask_angle_from_tan(1, 0x1p-50, range), 90);
     EXPECT_EQ(ARC_SPLINE_ask_angle_from_tan(-1, -0x1.a6p-49, 360), 270);
+    EXPECT_EQ(ARC_SPLINE_ask_angle_from_tan(0x1.7p-50, -1, 180), 180);
     EXPECT_EQ(ARC_SPLINE_ask_angle_from_tan(-1, -0x1.a6p-49, 90), -90);
     for (double y = -1e-18; y > -1e-14; y *= 1.5)  // next to a full turn, and never on it
         EXPECT_LT(ARC_SPLINE_ask_angle_from_tan(y, 1, 360), 360) << y;

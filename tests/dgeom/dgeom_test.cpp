@@ -127,8 +127,9 @@ SurfacePoint saddle(double x, double y) {
 
 double normal_curvature(const SurfacePoint& p, const Vector& normal, const Vector& tangent) {
     double k = 7;
-    DGEOM_srf_normal_curvature(p.u.data(), p.v.data(), p.uu.data(), p.uv.data(), p.vv.data(),
-                               normal.data(), tangent.data(), &k);
+    EXPECT_EQ(DGEOM_srf_normal_curvature(p.u.data(), p.v.data(), p.uu.data(), p.uv.data(),
+                                         p.vv.data(), normal.data(), tangent.data(), &k),
+              0);
     return k;
 }
 

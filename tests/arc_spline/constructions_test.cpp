@@ -11,6 +11,7 @@ using namespace ztmath_test;
 constexpr double fine[] = {1e-6, 1e-4};
 constexpr double quarter[] = {0.25, 1e-4};
 constexpr double no_angle[] = {1e-6, 0};
+constexpr double no_length[] = {std::numeric_limits<double>::quiet_NaN(), 1e-4};
 const double* tols = fine;
 
 constexpr Segment full_of_sevens{7, 7, {7, 7}, 7, 7, {7, 7}, {7, 7}, 7, 7};
@@ -210,6 +211,8 @@ TEST(ArcSplineConstructions, AlongATangent) {
 TEST(ArcSplineConstructions, TakeTheToleranceItselfForNothing) {
     tols = no_angle;  // nothing is collinear, and the bisectors are parallel
     EXPECT_EQ(through_3({0, 0}, {1, 0}, {3, 0}).status, 1);
+    tols = no_length;  // nor is anything half the chord
+    EXPECT_EQ(on_chord({1, 1}, {1, 5}, 2, 0).count, 0);
     tols = quarter;
     const std::pair<double, int> radii[] = {{1.75, 1}, {2.25, 1}, {0.25, 2}, {0.1875, 0}};
     for (const auto& [radius, count] : radii)
@@ -224,6 +227,8 @@ TEST(ArcSplineConstructions, TakeTheToleranceItselfForNothing) {
     EXPECT_EQ(chord({0, 0}, {1, 0}, {2, 0.25}).s[0].type, 0);
     for (const double radius : {0.75, 1.25})  // of a half circle of radius 1
         EXPECT_EQ(chord({0, 0}, {0, 1}, {2, 0}, radius).s[0].radius, radius);
+    EXPECT_EQ(chord({0, 0}, {0, 1}, {2, 0}, 0).status, 3);  // a known radius, and another
+    EXPECT_EQ(chord({0, 0}, {1, 0}, {0, 3e10}).status, 2);  // square to a tangent is not ahead
     tols = fine;
     for (const double radius : {1e10, std::nextafter(1e10, HUGE_VAL)})  // of a quarter
         EXPECT_EQ(chord({0, 0}, {1, 0}, {radius, radius}).s[0].type, radius == 1e10 ? 1 : 0);

@@ -16,7 +16,9 @@ namespace {
 
 using namespace ztmath_test;
 
-constexpr double tols[] = {1.0e-9, 1.0e-7};
+constexpr double fine[] = {1.0e-9, 1.0e-7};
+constexpr double quarter[] = {0.25, 1.0e-7};
+const double* tols = fine;
 
 /// Counter-clockwise between two tangent angles; the full circle if not told otherwise.
 Segment arc(const Pair& center, double r, double from = 90, double to = 450) {
@@ -135,6 +137,15 @@ TEST(Intersections, CountWhatIsInsideBothDomains) {
     // Where segments touch, the point is both; where straights meet, it stands alone.
     EXPECT_EQ(common(&line, &cross).points[1], Pair{});
     expect_near(common(&whole, &tangent).points[1], {0, brim}, 1e-15);
+}
+
+TEST(Intersections, TakeTheToleranceItselfForTouching) {
+    tols = quarter;
+    for (const double y : {0.75, 1.25}) {
+        const Segment circle = arc({0, 0}, 1), line = made_straight({-9, y}, {9, y});
+        EXPECT_EQ(common(&circle, &line).count, 1) << y;
+    }
+    tols = fine;
 }
 
 TEST(Intersections, ThatAreNone) {

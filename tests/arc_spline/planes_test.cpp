@@ -12,7 +12,9 @@ namespace {
 using namespace ztmath_test;
 
 using Plane = ARC_SPLINE_monge_plane_t;
-constexpr double tols[] = {0.001, 0.01};
+constexpr double fine[] = {0.001, 0.01};
+constexpr double no_angle[] = {0.25, 0};
+const double* tols = fine;
 
 Vector times(const Matrix& m, const Vector& v) {
     return {dot(row(m, 0), v), dot(row(m, 1), v), dot(row(m, 2), v)};
@@ -167,6 +169,13 @@ TEST(CommonLine, OfParallelPlanesIsNone) {
         EXPECT_EQ(length(found.along) > 0.5, status == 0);
         EXPECT_TRUE(status == 0 || found.point == Vector{}) << status;
     }
+}
+
+TEST(CommonLine, OfPlanesApartByTheToleranceIsThatOfOnePlane) {
+    tols = no_angle;
+    EXPECT_EQ(common_line({{0, 0, 1}, 0, 1}, {{0, 0, 1}, -0.25, 1}).status, 2);
+    EXPECT_EQ(hit({0, 0, 0.25}, {0, 0, 0}, {0, 0, 1}, {1, 0, 0}).status, -1);
+    tols = fine;
 }
 
 TEST(CommonPoint, OfThreePlanesIsNotLookedFor) {

@@ -65,6 +65,35 @@ TEST(ArcSplinePredicates, CollinearWithinTheDistance) {
     }
 }
 
+/// What is as far apart as the tolerance is not within it, but for the points that are moved.
+TEST(ArcSplinePredicates, ThreePointsApartByTheToleranceItself) {
+    const double tol = 0.25, tols[] = {tol, 1}, far = tol / std::tan(0.01745329251994328);
+    const double shorter[][3] = {{0, 0.25, 5}, {0, 5, 5.25}, {0, 5, 0.25}};
+    const double longer[][3] = {{0, 2e-10, 1e-10}, {0, -1.1e-10, 1e-10}};
+    int status = 9, side = 9;
+    const auto reordered = [&](const double(&x)[3], double within) {
+        Pair p{x[0], 0}, q{x[1], 0}, r{x[2], 0};
+        ARC_SPLINE_re_order_3pts_2d(within, p.data(), q.data(), r.data(), &status);
+        return status;
+    };
+    for (const auto& x : shorter)
+        EXPECT_EQ(reordered(x, tol), -1) << x[1];
+    for (const auto& x : longer)  // sides longer by 1e-10 count as equal
+        EXPECT_EQ(reordered(x, 0), x[1] < 0 ? 1 : 0);
+    const std::array<Pair, 3> cases[] = {
+        {{{0, 0.25}, {10, 0}, {20, 0.2}}},    {{{0, 0.2}, {10, 0}, {20, 0.25}}},
+        {{{0, 0}, {0, 0.25}, {1, 0.25}}},     {{{1, 0}, {0, 0}, {0, 0.25}}},
+        {{{0, 0}, {far / 2, 0.2}, {far, 0}}}, {{{0, 0}, {5, 0}, {0.25, 0}}}};
+    for (const auto& [p, q, r] : cases)
+        EXPECT_EQ(ARC_SPLINE_ask_3pts_collinearity_2d(p.data(), q.data(), r.data(), tols, 2, &side),
+                  q[0] == 5 ? 1 : 0);
+    const Pair p{0, 0}, q{1, 0}, r{3, 0};  // neither collinear within no angle, nor a turn
+    const double no_angle[] = {tol, 0};
+    EXPECT_EQ(ARC_SPLINE_ask_3pts_collinearity_2d(p.data(), q.data(), r.data(), no_angle, 2, &side),
+              0);
+    EXPECT_EQ(side, -1);
+}
+
 TEST(ArcSplinePredicates, Quadratics) {
     Pair roots{};
     const auto solve = [&](double k2, double k1, double k0, int normalise) {
@@ -84,12 +113,15 @@ TEST(ArcSplinePredicates, Quadratics) {
         EXPECT_NEAR(static_cast<double>(roots[0] / (d < 0 ? half : far)), 1, slack);
         EXPECT_NEAR(static_cast<double>(roots[1] / (d < 0 ? way : k0 / (k2 * far))), 1, slack);
     }
-    const double cases[][7] = {{0, 0, 0, 0, -3, 9, 9},          {0, 0, 1, 0, 0, 9, 9},
-                               {0.9e-12, 2, -4, 0, 1, 2, 2},    {-1, 0, -1, 0, -2, 0, -1},
-                               {1, 0, 2e-25, 0, 2, 0, 0},       {1e-11, 0, -1e-11, 0, 2, -1, 1},
-                               {4, -8, 4, 0, 2, 1, 1},          {1e-11, 0, -1e-11, 1, 2, -1, 1},
-                               {1e-13, 0, -1e-13, 1, -3, 9, 9}, {4, 3e-12, 0, 0, 2, 0, -7.5e-13},
-                               {2, 2e-12, 0, 0, 2, -1e-12, 0}};
+    const double cases[][7] = {
+        {0, 0, 0, 0, -3, 9, 9},          {0, 0, 1, 0, 0, 9, 9},
+        {0.9e-12, 2, -4, 0, 1, 2, 2},    {-1, 0, -1, 0, -2, 0, -1},
+        {1, 0, 2e-25, 0, 2, 0, 0},       {1e-11, 0, -1e-11, 0, 2, -1, 1},
+        {4, -8, 4, 0, 2, 1, 1},          {1e-11, 0, -1e-11, 1, 2, -1, 1},
+        {1e-13, 0, -1e-13, 1, -3, 9, 9}, {4, 3e-12, 0, 0, 2, 0, -7.5e-13},
+        {2, 2e-12, 0, 0, 2, -1e-12, 0},  {1e-12, 0, 0, 1, 2, 0, 0},
+        {1e-12, 0, -1e-12, 0, 2, -1, 1}, {0, 1e-12, -1e-12, 0, 1, 1, 1},
+        {0, 0, 1e-12, 0, 0, 9, 9},       {0.25, 0, -1e-24, 0, 2, -2e-12, 2e-12}};
     for (const auto& [k2, k1, k0, normalise, found, x1, x2] : cases) {
         EXPECT_EQ(solve(k2, k1, k0, static_cast<int>(normalise)), found);
         expect_near(roots, {x1, x2}, 1e-14);
@@ -121,7 +153,8 @@ TEST(ArcSplinePredicates, SinesAndCosines) {
                                {1, 0, -0.5, 1, 89, 1, 30, 0},   {1, 0, -0.5, 10, 59, 1, 30, 0},
                                {1, 0, -0.5, 10, 61, 0, 0, 0},   {1, 0, 0.5, 0, 0, 2, 210, 330},
                                {1, 0, 0.5, 7, 0, 2, -150, -30}, {1, 0, 0.5, -11, 59, 1, -30, 0},
-                               {1, 0, 0.5, -11, 61, 0, 0, 0},   {1, 0, 0.5, 10, 0, 0, 0, 0}};
+                               {1, 0, 0.5, -11, 61, 0, 0, 0},   {1, 0, 0.5, 10, 0, 0, 0, 0},
+                               {1e-12, 0, 0, 0, 0, -3, 0, 0},   {1, 0, 0, 1, 0, 1, 0, 0}};
     for (const auto& [p, q, r, mode, margin, count, x1, x2] : cases) {
         x = {};
         EXPECT_EQ(solve(p, q, r, 'd', static_cast<int>(mode), margin), count) << mode;
@@ -133,15 +166,15 @@ TEST(ArcSplinePredicates, SinesAndCosines) {
 TEST(ArcSplinePredicates, Intervals) {
     const double pairs[][4] = {{1, 2, 0, 1},      {2, 1, 0, 0},      {1, 1, 0, 1},
                                {350, 10, 360, 1}, {10, 350, 360, 0}, {10, 190, 360, 0},
-                               {10, 189, 360, 1}};
+                               {10, 189, 360, 1}, {1, 2, 1e-10, 0}};
     for (const auto& [a, b, period, answer] : pairs)
         EXPECT_EQ(ARC_SPLINE_ask_is_pair_in_order(a, b, period), answer) << a << ' ' << b;
-    const double cases[][5] = {{1, 0, 2, 0, 1},  {5e-11, 0, 2, 0, 1}, {-5e-11, 0, 2, 0, 11},
-                               {2, 0, 2, 0, 12}, {3, 0, 2, 0, 0},     {1, 2, 0, 0, 0},
-                               {1, 0, 2, 9, 1},  {7, 6, 2, 9, 1},     {0, 6, 2, 9, 1},
-                               {9, 6, 2, 9, 1},  {1, 6, 2, 9, 1},     {2, 6, 2, 9, 12},
-                               {6, 6, 2, 9, 11}, {3, 6, 2, 9, 0},     {-1, 6, 2, 9, 0},
-                               {10, 6, 2, 9, 0}, {5, 2, 2, 9, 0}};
+    const double cases[][5] = {
+        {1, 0, 2, 0, 1},  {5e-11, 0, 2, 0, 1},   {-5e-11, 0, 2, 0, 11}, {2, 0, 2, 0, 12},
+        {3, 0, 2, 0, 0},  {1, 2, 0, 0, 0},       {1, 0, 2, 9, 1},       {7, 6, 2, 9, 1},
+        {0, 6, 2, 9, 1},  {9, 6, 2, 9, 1},       {1, 6, 2, 9, 1},       {2, 6, 2, 9, 12},
+        {6, 6, 2, 9, 11}, {3, 6, 2, 9, 0},       {-1, 6, 2, 9, 0},      {10, 6, 2, 9, 0},
+        {5, 2, 2, 9, 0},  {-1e-10, 0, 2, 0, 11}, {0, 6, 2, 1e-10, 0}};
     for (const auto& [t, a, b, period, answer] : cases)
         EXPECT_EQ(ARC_SPLINE_ask_is_parm_in_interval(t, a, b, period), answer) << t << ' ' << a;
     EXPECT_EQ(ARC_SPLINE_ask_sign_of_var(-1e-10, 1e-10), 0);
@@ -151,20 +184,26 @@ TEST(ArcSplinePredicates, Intervals) {
 
 /// All that is asked of two rays.
 struct Rays {
-    Rays(const Pair& p1, Pair d1, const Pair& p2, Pair d2) {
-        const double tols[] = {1e-9, 1e-7};
+    Rays(const Pair& p1, const Pair& way_1, const Pair& p2, const Pair& way_2, double tol = 1e-9) {
+        const double tols[] = {tol, 1e-7};
         int status = 9;
-        ARC_SPLINE_ask_isosceles_to_pt_2d(p1.data(), d1.data(), p2.data(), d2.data(), 0, tols,
-                                          apex.data(), parms.data(), iso_1.data(), iso_2.data(),
-                                          sides, &status);
-        alike = ARC_SPLINE_ask_are_two_rays_homodromic_2d(
-            p1.data(), d1.data(), p2.data(), d2.data(), 1, 1, tols, again.data(), &status);
-        ARC_SPLINE_ask_bisector_of_angle_2d(p1.data(), d1.data(), p2.data(), d2.data(), 1, tols,
-                                            middle.data(), first.data(), &status);
-        ARC_SPLINE_ask_bisector_of_angle_2d(p1.data(), d1.data(), p2.data(), d2.data(), 1, tols,
-                                            middle.data(), bisector.data(), nullptr);
-        ARC_SPLINE_ask_convexities_of_tri_arc_2d(p1.data(), d1.data(), p2.data(), d2.data(), 1,
-                                                 tols, turns, &longer, &status);
+        Pair d1, d2;  // made unit by every call, each of which is given them anew
+        const auto given = [](Pair& d, const Pair& way) { return (d = way).data(); };
+        ARC_SPLINE_ask_isosceles_to_pt_2d(p1.data(), given(d1, way_1), p2.data(), given(d2, way_2),
+                                          0, tols, apex.data(), parms.data(), iso_1.data(),
+                                          iso_2.data(), sides, &status);
+        alike = ARC_SPLINE_ask_are_two_rays_homodromic_2d(p1.data(), given(d1, way_1), p2.data(),
+                                                          given(d2, way_2), 0, 1, tols,
+                                                          again.data(), &status);
+        ARC_SPLINE_ask_bisector_of_angle_2d(p1.data(), given(d1, way_1), p2.data(),
+                                            given(d2, way_2), 0, tols, middle.data(), first.data(),
+                                            &status);
+        ARC_SPLINE_ask_bisector_of_angle_2d(p1.data(), given(d1, way_1), p2.data(),
+                                            given(d2, way_2), 0, tols, middle.data(),
+                                            bisector.data(), nullptr);
+        ARC_SPLINE_ask_convexities_of_tri_arc_2d(p1.data(), given(d1, way_1), p2.data(),
+                                                 given(d2, way_2), 0, tols, turns, &longer,
+                                                 &status);
     }
     Pair apex{}, parms{}, again{}, iso_1{}, iso_2{}, middle{}, first{}, bisector{};
     int sides[2], alike, turns[2];
@@ -216,13 +255,21 @@ TEST(ArcSplinePredicates, Rays) {
         expect_near(on.iso_1, at.iso_1, 1e-15);
         expect_near(on.bisector, at.bisector, 1e-15);
     }
-    for (const int parallel : {0, 1, 2}) {  // known before, of directions that are square
-        const double tol = 1e-9;
-        Pair d1 = right, d2 = up, parms{2, -5e-10};  // the second one starts where they meet
-        int status = parallel;
-        EXPECT_EQ(ARC_SPLINE_ask_are_two_rays_homodromic_2d(
-                      o.data(), d1.data(), o.data(), d2.data(), 1, 0, &tol, parms.data(), &status),
-                  parallel == 0);
+    for (const int parallel : {0, 1, 2})  // known before, of directions that are square
+        for (Pair parms : {Pair{2, -1e-9}, {-1e-9, 2}}) {  // one starts where they meet
+            const double tol = 1e-9;
+            Pair d1 = right, d2 = up;
+            int status = parallel;
+            EXPECT_EQ(
+                ARC_SPLINE_ask_are_two_rays_homodromic_2d(o.data(), d1.data(), o.data(), d2.data(),
+                                                          1, 0, &tol, parms.data(), &status),
+                parallel == 0);
+        }
+    // They meet 0.375 and 0.5 on; the middle of the base is 0.3125 from there.
+    for (const double tol : {0.125, 0.3125}) {
+        const Rays on({-0.375, 0}, right, {0, -0.5}, up, tol);
+        EXPECT_EQ(on.longer, 'e');
+        EXPECT_EQ(on.bisector[0] > 0, tol > 0.3);
     }
 }
 
@@ -249,7 +296,12 @@ TEST(ArcSplinePredicates, InscribedAngles) {
         EXPECT_NEAR(dot(bisector, b), -dot(bisector, a), 1e-11);  // as far from either edge
         EXPECT_GE(dot(bisector, cross(normal, b)), 0);            // to the left
         EXPECT_NEAR(length(bisector), 1, 1e-12);
-        Vector projected{};
+        Vector projected{}, above{0, 0, 1}, level{}, default_level{};
+        ARC_SPLINE_ask_bisector_of_polygon_angle(normal.data(), p2.data(), p3.data(), above.data(),
+                                                 1, level.data(), &again, &type, &status);
+        ARC_SPLINE_ask_bisector_of_polygon_angle(normal.data(), p2.data(), p3.data(), nullptr, 1,
+                                                 default_level.data(), &again, &type, &status);
+        EXPECT_EQ(default_level, level);
         ARC_SPLINE_ask_bisector_of_inscribed_angle(v1.data(), v2.data(), normal.data(), 1 + i % 2,
                                                    1, projected.data(), &again, &type, &status);
         EXPECT_LT(distance(projected, bisector), 1e-12);
@@ -266,7 +318,8 @@ TEST(ArcSplinePredicates, InscribedAngles) {
         ARC_SPLINE_ask_bisector_of_polygon_angle(o.data(), p2.data(), p3.data(), nullptr, tol,
                                                  bisector.data(), &inscribed, &type, &status);
         EXPECT_EQ(type, expected) << turn;
-        EXPECT_NEAR(inscribed, 180, 0.0021);
+        EXPECT_EQ(inscribed == 180, expected == -1);
+        EXPECT_NEAR(inscribed, 180 - turn, 0.001);
         for (const auto& [end, normal] : {std::pair{p2.data(), p3.data()}, {p3.data(), o.data()}}) {
             ARC_SPLINE_ask_bisector_of_polygon_angle(o.data(), p2.data(), end, normal, tol,
                                                      bisector.data(), &inscribed, &type, &status);

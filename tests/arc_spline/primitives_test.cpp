@@ -76,6 +76,11 @@ TEST(ArcSplinePrimitives, Angles) {
             EXPECT_NEAR(interior({-1, 0}, {0, 0}, {1, y}, tol, 2), angle, 1e-3);
             EXPECT_EQ(status, found);
         }
+    for (const int which : {1, 2, 3}) {  // sides as long as the tolerance
+        interior({0, 0}, {0.25, 0}, {0, 0.25}, 0.25, which);
+        EXPECT_EQ(status, 0);
+    }
+    EXPECT_EQ(interior({128, 0}, {0, 0}, {0x1p-43, 128}, 90, 2), 180);  // 90 degrees, no more
     const Pair up{0, 1}, hardly{5e-11, 0};  // without a direction, unless it is taken for unit
     for (const int unit : {0, 1})
         EXPECT_NEAR(ARC_SPLINE_ask_angle_between_vectors_2d(hardly.data(), up.data(), unit),
@@ -146,6 +151,8 @@ TEST(ArcSplinePrimitives, RadicalAxesHaveEqualPowers) {
     EXPECT_EQ(ask(&c, &larger), 20);  // others that touch
     const Segment tiny = made_circle({0, 0}, 1e-10), next = made_circle({1e-10, 0}, 1e-10);
     EXPECT_EQ(ask(&tiny, &next), 10);  // what counts as zero counts here
+    const Segment twice = made_circle({3e-10, 0}, 2e-10);
+    EXPECT_EQ(ask(&tiny, &twice), 10);
     pt = {9, 9};
     EXPECT_EQ(ask(&c, &c), 30);
     EXPECT_EQ(ask(&line, &c), 21);
@@ -176,7 +183,7 @@ TEST(ArcSplinePrimitives, FeetAndMirrorImages) {
         expect_near(mirror, moved(p, -2 * aside, left_of(d)), 1e-14);
     }
     // The tolerance 0.5: a foot this near the line's point is that point.
-    const double cases[][5] = {{0.375, 2, 0, std::hypot(0.375, 2), -1},
+    const double cases[][5] = {{0.5, 2, 0, std::hypot(0.5, 2), -1},
                                {0.375, 0.25, 0, 0.45, 0},
                                {2, 0.5, 2, 0.5, 0},
                                {2, -0.625, 2, 0.625, 1}};
@@ -187,7 +194,7 @@ TEST(ArcSplinePrimitives, FeetAndMirrorImages) {
         EXPECT_EQ(f.side, side);
     }
     ReportRecorder recorder;
-    EXPECT_EQ(foot_between({3, 4}, {0, 0}, {0, 1e-10}, 1).distance, 5);
+    EXPECT_EQ(foot_between({3, 4}, {0, 0}, {0, 1e-9}, 1).distance, 5);
     EXPECT_EQ(recorder.take(), (Reports{internal(arc_module,
                                                  "The line segment is not defined; we "
                                                  "have coincident points.")}));

@@ -98,11 +98,12 @@ TEST(ArcSplineSegments, TrimmingThatFailsLeavesTheSegment) {
     EXPECT_EQ(trim(&s, {0, 2}), 1);     // the centre
     EXPECT_EQ(trim(&s, {1e-7, 1}), 3);  // to the start
     expect_equal(s, before);
-    for (const int way : {-1, 1}) {  // behind and ahead, too little to have a direction of its own
+    for (const int way :
+         {-1, 0, 1}) {  // behind and ahead, too little to have a direction of its own
         s = made_straight({0, 0}, {1, 0});
         EXPECT_EQ(trim(&s, {way * 1e-11, 3}), 0);
         const double angle = way < 0 ? 180 : 0;
-        expect_equal(s, {0, 0, {0, 0}, angle, angle, {0, 0}, {1.0 * way, 0}, 0, 0});
+        expect_equal(s, {0, 0, {0, 0}, angle, angle, {0, 0}, {way < 0 ? -1.0 : 1.0, 0}, 0, 0});
     }
 }
 
@@ -148,6 +149,9 @@ TEST(ArcSplineSegments, DomainsAreClosedAndEndsAttract) {
         EXPECT_EQ(at.point == (Pair{9, 9}), !inside);
         expect_near(at.tangent, direction_at(parm), 1e-11);
     }
+    const Segment first{1, 1, {0, 0}, 0, 90, {0, 2}, {}, 2, 2};  // 1e-10 beside 0 is outside
+    const Segment last{1, 1, {0, 0}, -90, 0, {2, 0}, {}, 2, 2};
+    EXPECT_EQ(evaluated(first, -1e-10).status + evaluated(last, 1e-10).status, 4);
     const Pair early = moved({0, 2}, 5, direction_at(9.9995 - 90));  // a foot just before the start
     Pair foot{};
     double parm = 0;
@@ -310,6 +314,9 @@ TEST(ArcSplineSegments, AngleRanges) {
     }
     for (const int range : {90, 180, 360})  // next to straight up, where the angle is 90 itself
         EXPECT_EQ(ARC_SPLINE_ask_angle_from_tan(1, 0x1p-50, range), 90);
+    EXPECT_EQ(ARC_SPLINE_ask_angle_from_tan(-1, -0x1.a6p-49, 360), 270);
+    EXPECT_EQ(ARC_SPLINE_ask_angle_from_tan(0x1.7p-50, -1, 180), 180);
+    EXPECT_EQ(ARC_SPLINE_ask_angle_from_tan(-1, -0x1.a6p-49, 90), -90);
     for (double y = -1e-18; y > -1e-14; y *= 1.5)  // next to a full turn, and never on it
         EXPECT_LT(ARC_SPLINE_ask_angle_from_tan(y, 1, 360), 360) << y;
     double y = -1e-20, x = 1.0, angle = 9.0;

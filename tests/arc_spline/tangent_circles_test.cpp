@@ -169,7 +169,11 @@ TEST(TangentCircles, TouchWhatTheyMust) {
         const Answer chord = through_two(p, q, a);
         expect_touching(chord, {a}, {p, q});
         const bool alike = (distance(p, a.c) < a.r) == (distance(q, a.c) < a.r);
-        EXPECT_EQ(chord.count, alike ? 2 : 0);
+        ASSERT_EQ(chord.count, alike ? 2 : 0);
+        if (alike) {
+            const Pair apart = moved(center_of(chord.circles[0]), -1, center_of(chord.circles[1]));
+            EXPECT_GT(dot(left_of(moved(q, -1, p)), apart), 0);
+        }
         most[0] = std::max(most[0], three.count);
         most[1] = std::max(most[1], two.count);
         most[2] = std::max(most[2], radius.count);
@@ -253,11 +257,15 @@ TEST(TangentCircles, TakeTheToleranceItselfForNothing) {
     EXPECT_EQ(through_two({0, 1}, {3, 1.25}, a).count, 0);
     const Segment circle = record(a), x_axis = line({0, 0}, {1, 0});
     EXPECT_EQ(at_point(circle, x_axis, {3, 0.25}).status, 0);
-    EXPECT_EQ(at_point(circle, line({1.25, 0}, {3, 4}), {1.25, 0}).count, 0);
+    EXPECT_EQ(at_point(circle, line({1.25, 0}, {24, -7}), {1.25, 0}).count, 0);
     EXPECT_EQ(at_point(circle, line({3, 1.25}, {1, 0}), {3, 1.25}).count, 1);
     EXPECT_EQ(at_point(line({0, 0.25}, {1, 0}), x_axis, {3, 0}).count, 0);
     EXPECT_EQ(at_point(line({0, -2}, {1, 0}), line({0, 0.25}, {1, 0}), {3, 0}).count, 1);
-    const double right_angle[] = {1e-9, 90};
+    const double exact[] = {0, 1e-7}, right_angle[] = {1e-9, 90}, negative[] = {-1, 1e-7};
+    tols = exact;
+    EXPECT_EQ(at_point(circle, x_axis, {1, 0}).count, 0);
+    tols = negative;
+    EXPECT_GT(of_radius(a, b, 3).circles[0].center[1], 0) << "from left to right all the same";
     tols = right_angle;
     EXPECT_EQ(at_point(line({0, 0}, {0, 1}), x_axis, {3, 0}).count, 1);
     tols = fine;

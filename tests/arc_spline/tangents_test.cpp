@@ -12,7 +12,9 @@ namespace {
 
 using namespace ztmath_test;
 
-constexpr double tols[] = {1.0e-9, 1.0e-7};
+constexpr double fine[] = {1.0e-9, 1.0e-7};
+constexpr double quarter[] = {0.25, 1.0e-7};
+const double* tols = fine;
 
 /// An arc between two tangent angles.
 Segment arc(double x, double y, double r, int orientation = 1, double from = 90, double to = 450) {
@@ -153,6 +155,24 @@ TEST(Tangents, CountAndFail) {
     EXPECT_NEAR(touch.start_point[0], 2 + 4e-10, 1e-13) << "amid the gap";
     EXPECT_EQ(touch.radius, 0);
     EXPECT_DOUBLE_EQ(touch.direction[1], -1) << "the left of the way to the second";
+}
+
+/// What is as far apart as the tolerance counts as one.
+TEST(Tangents, TakeTheToleranceItselfForNothing) {
+    tols = quarter;
+    const struct {
+        Kind kind;
+        double r, x;  // of the second, beside a circle of radius 2
+        int status, count;
+    } rows[] = {{from_point, 1, 2.25, 0, 1}, {exterior, 2, 0.25, 0, 2}, {exterior, 1, 0.75, 4, 0},
+                {exterior, 1.75, 5, 0, 2},   {interior, 1, 3.25, 0, 1}, {interior, 1, 2.75, 0, 1}};
+    for (const auto& row : rows) {
+        const Segment big = arc(0, 0, 2), other = arc(row.x, 0, row.r);
+        const Tangents x = tangents(row.kind, &big, &other);
+        EXPECT_TRUE(x.status == row.status && x.count == row.count) << &row - rows;
+        EXPECT_TRUE(row.x < 5 || x.lines[0].start_point[1] == 2) << "as of equal circles";
+    }
+    tols = fine;
 }
 
 TEST(TangentAtOtherEnd, MakesTheSameAngleWithTheChord) {

@@ -72,6 +72,10 @@ TEST(Poles, AreComparedWithTheirOwnTolerances) {
     EXPECT_EQ(bc_POLE_equal_in_3d(one, one + 4), 1);
     for (const auto& [weight, equal] : {std::pair{2.0, 0}, {1 + 2e-10, 0}, {1 + 0.5e-10, 1}})
         EXPECT_EQ(bc_POLE_equal_in_4d(one, std::array{1.0, 1.0, 1.0, weight}.data()), equal);
+    const double base[] = {0, 0, 0, 1e-10}, aside[] = {1e-14, 0, 0, 1e-10},
+                 heavy[] = {0, 0, 0, 2e-10};
+    EXPECT_EQ(bc_POLE_equal_in_3d(base, aside), 1);  // by the very tolerances
+    EXPECT_EQ(bc_POLE_equal_in_4d(base, heavy), 1);
     for (const int n : {-1, 0, 1, 2, 3})
         EXPECT_EQ(bc_POLE_identical_poles_in_3d(one, n), 1) << n;
     // Equal to callers, yet farther apart than identical poles may be.

@@ -152,7 +152,12 @@ TEST(CurveCalculations, TypesAndMethodsGiveTheirLengths) {
         Vector v = {0, 0, -7}, kept = v;
         h813_(a.data(), &span, &chord, &method, v.data());
         EXPECT_NEAR(v[2], -lengths[method], 1e-14) << method;
+        Vector shortest = {0, 0, -1e-10};  // without a direction
+        if (method > 1) h813_(a.data(), &span, &chord, &method, shortest.data());
+        EXPECT_TRUE(method < 2 || shortest[2] == -1e-10) << method;
+        const double hair = 1e-10, one = 1;
         if (method > 3) h813_(a.data(), &none, &chord, &method, kept.data());
+        if (method > 3) h813_(a.data(), &one, &hair, &method, kept.data());
         EXPECT_EQ(kept[2], -7.0);
     }
 }

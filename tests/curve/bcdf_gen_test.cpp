@@ -207,11 +207,10 @@ TEST(CurveEditing, NeededAndUpdatedSlopes) {
 TEST(CurveEditing, CurvaturesTurnWithTheirSlopes) {
     const struct {
         Vector curvature, slope, turned;
-    } cases[] = {{{0, 3, 0}, {0, 5, 0}, {-3, 0, 0}},
-                 {{0, -3, 0}, {0, 5, 0}, {-3, 0, 0}},
-                 {{0, 3, 0}, {4, 0, 1}, {0, 3, 0}},
-                 {{0, 3, 0}, {3, 4, 12}, {-2.4, 1.8, 0}},
-                 {{0, 0, 3}, {0, 0, 5}, {0, 0, 3}}};
+    } cases[] = {
+        {{0, 3, 0}, {0, 5, 0}, {-3, 0, 0}},      {{0, -3, 0}, {0, 5, 0}, {-3, 0, 0}},
+        {{0, 3, 0}, {4, 0, 1}, {0, 3, 0}},       {{0, 1e-10, 0}, {0, 5, 0}, {-1e-10, 0, 0}},
+        {{0, 3, 0}, {3, 4, 12}, {-2.4, 1.8, 0}}, {{0, 0, 3}, {0, 0, 5}, {0, 0, 3}}};
     for (const auto& c : cases) {
         const Record record = row_of(4);
         BCDF_replace_slope(record.get(), along, 1, 1);

@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <stdexcept>
+#include <utility>
 
 #include "support/curve_record.h"
 #include "support/reports.h"
@@ -80,6 +81,9 @@ TEST(CurveRecord, HandsOutItsArrays) {
     EXPECT_EQ(BCDF_return_weight_array(r, &n), nullptr);
     EXPECT_EQ(BCDF_copy_slopes(new_record(corner).get(), &n, &d), nullptr);
     EXPECT_EQ(n + d, 0);
+    const Record untyped = with_everything();
+    SM_free(std::exchange(untyped->slope_types, nullptr));
+    EXPECT_EQ(BCDF_copy_slope_type_array(untyped.get()), nullptr);
 
     double v[3];
     int type = -1;

@@ -83,6 +83,21 @@ TEST(PointList, ConvertsHomogeneousPoints) {
         EXPECT_EQ(values_of(list.get()), (Values{1, 2, 3, 1, 0, -3}));
     }
     EXPECT_EQ(list->points_allocated, 3);
+    // An array is exchanged for one of the list's own only where its points are too narrow.
+    double given[] = {2, 4, 6, 2};
+    const List as_given(PNTLST_create_from_list_of_pts(given, 1, 4)),
+        empty(PNTLST_create_from_list_of_pts(given, 0, 1));
+    for (PNTLST* each : {as_given.get(), empty.get()}) {
+        PNTLST_convert_4d_to_3d(each);
+        EXPECT_EQ(each->points, given);
+        each->points = nullptr;
+    }
+    for (const int dimension : {2, -1}) {
+        const List narrow = new_list({2, 4}, 2);
+        narrow->dimension = dimension;
+        PNTLST_convert_4d_to_3d(narrow.get());
+        EXPECT_EQ(narrow->points[1] == HUGE_VAL, dimension == 2);
+    }
     EXPECT_EQ(PNTLST_calc_point_distance(list.get(), 1, 1), 0.0);
 }
 

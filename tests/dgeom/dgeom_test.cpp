@@ -127,8 +127,9 @@ SurfacePoint saddle(double x, double y) {
 
 double normal_curvature(const SurfacePoint& p, const Vector& normal, const Vector& tangent) {
     double k = 7;
-    DGEOM_srf_normal_curvature(p.u.data(), p.v.data(), p.uu.data(), p.uv.data(), p.vv.data(),
-                               normal.data(), tangent.data(), &k);
+    EXPECT_EQ(DGEOM_srf_normal_curvature(p.u.data(), p.v.data(), p.uu.data(), p.uv.data(),
+                                         p.vv.data(), normal.data(), tangent.data(), &k),
+              0);
     return k;
 }
 
@@ -172,13 +173,20 @@ TEST(SurfaceCurvatures, OfDegeneratePointsAreNothing) {
     EXPECT_EQ(c[2], 7);
     for (const Vector& normal : {Vector{1, 0, 0}, {0, 0, 1}})  // the tangent has no direction
         EXPECT_EQ(normal_curvature(p, normal, {3, 0, 0}), 0);
-    for (const double side : {9.9e-6, 1.01e-5}) {  // the square of the area is to be 1e-10
-        p.u = {0, side, 0};
+    // The square of the area is to be 1e-10; that of the last is.
+    const double exact = 9.999999999999999e-06, rest = 1.393e-13;
+    for (const auto& [side, aside] : {std::array{9.9e-6, 0.0}, {1.01e-5, 0}, {exact, rest}}) {
+        p.u = {aside, side, 0};
         c.fill(7);
-        EXPECT_EQ(surface_curvatures(p, 1, c), side < 1e-5);
-        EXPECT_EQ(c[0] == 7, side < 1e-5);
-        EXPECT_EQ(normal_curvature(p, {1, 0, 0}, p.u) == 0, side < 1e-5);
+        const bool is_small = side == 9.9e-6;
+        EXPECT_EQ(surface_curvatures(p, 1, c), is_small);
+        EXPECT_EQ(c[0] == 7, is_small);
+        EXPECT_EQ(normal_curvature(p, {1, 0, 0}, p.u) == 0, is_small);
     }
+    const SurfacePoint bowl{{1, 0, 0}, {0, 1, 0}, {0, 0, exact}, {0, 0, rest}, {0, 0, -exact},
+                            0,         0};
+    ASSERT_EQ(surface_curvatures(bowl, 1, c), 0);
+    EXPECT_EQ(c[3] - c[2], 0);  // 1e-10 below the squared mean is not apart
     const SurfacePoint plane{{1, 0, 0}, {1, 2, 0}, {}, {}, {}, 0, 0};
     ASSERT_EQ(surface_curvatures(plane, -1, c), 0);
     EXPECT_LE(distance(c, {}), 0);

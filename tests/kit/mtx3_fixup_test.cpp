@@ -44,6 +44,7 @@ TEST(Mtx3Fixup, SnapsElementsOfXAndYWithinTheTolerance) {
         return fixed({first, second, 0, 0, 0, 1, 9, 9, 9}).matrix;
     };
     EXPECT_EQ(x_after(1, -edge)[1], 0.0);
+    EXPECT_EQ(recorder.reports(), Reports{});  // not moved by more
     EXPECT_EQ(x_after(1, std::nextafter(edge, 1))[1], std::nextafter(edge, 1));
     EXPECT_EQ(x_after(1 - 0.99e-10, 0.5)[0], x_after(1, 0.5)[0]);
     EXPECT_NE(x_after(1 - 1.01e-10, 0.5)[0], x_after(1, 0.5)[0]);

@@ -97,7 +97,8 @@ TEST(RollPitchYaw, AtAPitchOfARightAngleGiveAllTheTurnToRoll) {
     // The squared cosine of pitch decides, 1e-20 itself counting as a right angle.
     const double next = 1.0e-10;  // its square, rounded, is above 1e-20
     const double edge = std::nextafter(next, 0);
-    EXPECT_EQ(angles_of({edge, 0, 1, 0, 1, 0, -1, 0, 0})[0], 0.0);
+    for (const double aside : {0.0, 8.68e-19})  // with which it is 1e-20
+        EXPECT_EQ(angles_of({edge, 0, 1, aside, 1, 0, -1, 0, 0})[0], 0.0);
     EXPECT_EQ(angles_of({next, 0, 1, 0, 1, 0, -1, 0, 0})[0], pi) << "m7 and m8 are read here";
     EXPECT_EQ(angles_of({0, 0, 1, edge, 1, 0, -1, 0, 0})[2], 0.0);
     EXPECT_EQ(angles_of({0, 0, 1, next, 1, 0, -1, 0, 0})[2], pi / 2);
@@ -150,6 +151,7 @@ TEST(AllRollPitchYaw, TestSixElementsWithinTheTolerance) {
             m[i] += off;
             EXPECT_EQ(all_angles_of(m).size(), std::fabs(off) < 1.0e-10 ? 2U : 0U) << i;
         }
+    EXPECT_EQ(all_angles_of({1, 1e-10, 0, 0, 1, 0, 0, 0, 1}).size(), 2U);
     // Pitch is taken as a right angle beyond a sine of 0.9999999999, itself not included.
     const double edge = 0.9999999999;
     const double cosine = std::sqrt(1 - edge * edge);

@@ -106,6 +106,30 @@ TEST(Amoeba, FindsTheMinimumInAnyDimension) {
     }
 }
 
+/// From (0, 0), (1, 0) and (0, 1) with the values 0, 1 and 2, by the value across from the worst.
+TEST(Amoeba, ReflectsExpandsContractsAndShrinks) {
+    const struct {
+        double across;
+        std::vector<Vector> tried;
+    } cases[] = {{9, {{1, -1}, {0.25, 0.5}, {0.5, 0}, {0, 0.5}}},
+                 {1.5, {{1, -1}, {0.75, -0.5}}},
+                 {0.5, {{1, -1}}},
+                 {-1, {{1, -1}, {1.5, -2}}}};
+    for (const auto& c : cases) {
+        std::vector<Vector> tried;
+        const auto f = [&](const Vector& x) {
+            tried.push_back(x);
+            if (x == Vector{1, -1}) return c.across;
+            return x[0] + x[1] == x[0] * x[0] + x[1] * x[1] ? x[0] + 2 * x[1] : 9;  // a corner
+        };
+        Simplex s(f, {0, 0}, 1);
+        tried.clear();
+        EXPECT_EQ(s.minimise(0, static_cast<int>(c.tried.size())), 1);
+        tried.resize(c.tried.size());  // the others are looked at by the check of what is left
+        EXPECT_EQ(tried, c.tried);
+    }
+}
+
 TEST(Amoeba, RefusesBadArgumentsAndNumbersThatAreNone) {
     Simplex s(bowl, {10.0, 10.0}, 1.0);
     for (const auto& [tolerance, most] : {std::pair{-1e-3, 10}, {nan_value, 10}, {1e-3, 0}})
@@ -251,6 +275,18 @@ TEST(Odeint, TellsEveryAcceptedStepAndCarriesOnWhereItStopped) {
     ASSERT_EQ(c.accepted_x.size(), steps + c.good);
     for (std::size_t i = 0; i < c.accepted_x.size(); ++i)
         EXPECT_NEAR(c.accepted_y[i][0], std::sin(c.accepted_x[i]), 1e-6);
+}
+
+/// The slope at the end of a step is no part of the solution: a fortieth of it is an error alone.
+TEST(Odeint, TakesAnErrorOf1e30ForNone) {
+    for (const double error : {1e-30, 1.2e-30}) {
+        Course c{{}, {0.0}};
+        c.slope = [&](double, const double*, double* dydx) {
+            dydx[0] = c.evaluations == 7 ? 40 * error : 0.0;
+        };
+        EXPECT_EQ(c.integrate(0.0, 1.0, {.h_first = 1.0}), 0);
+        EXPECT_EQ(c.bad, error > 1e-30);
+    }
 }
 
 TEST(Odeint, SaysWhyItStops) {

@@ -274,6 +274,13 @@ TEST(ClosedForms, GiveExactRootsInTheirOrder) {
     EXPECT_EQ(closed(expanded({{1}, {{3, 3.2e-6}}}, 1.0)).size(), 1u);
     const double small = 0x1p-20;  // of three roots this close on either side the middle one goes
     EXPECT_GT(closed({small - 1, 3 - small, -3, 1})[0], 1);
+    // x^4 + q x, moved by 0.4: q is within what the moving costs the discriminant, or is not.
+    for (const double q : {1e-7, 4e-7}) {
+        const double m = 0.4, square = m * m;
+        EXPECT_EQ(
+            closed({square * square - q * m, q - 4 * m * square, 6 * square, -4 * m, 1}).size(),
+            q < 2e-7 ? 4u : 2u);
+    }
     const Roots apart = closed({1 - 5 * epsilon, -2, 1});
     ASSERT_EQ(apart.size(), 2u);
     EXPECT_GT(apart[0], apart[1]);

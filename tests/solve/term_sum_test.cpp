@@ -25,6 +25,8 @@ TEST(TermSum, RoundsInTheOrderOfTheBins) {
     const double just_over = 1e5 + 0x1p-36;
     EXPECT_EQ(sum_by_magnitude({just_over, -1e5, 0x1p-60}).value, 0x1p-36);
     EXPECT_EQ(sum_by_magnitude({1e5, -1e5, 0x1p-60}).value, 0x1p-60);
+    EXPECT_EQ(sum_by_magnitude({1.2e-5, -1.2e-5, 0x1p-90}).value, 0x1p-90);
+    EXPECT_EQ(sum_by_magnitude({1e-5, -1e-5, 0x1p-90}).value, 0);
 }
 
 TEST(TermSum, KnowsTheSizeOfItsTerms) {

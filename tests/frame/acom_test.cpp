@@ -1,6 +1,7 @@
 // The shared block: layout and initialisation, by byte offset throughout.
 #include <gtest/gtest.h>
 
+#include <tuple>
 #include <vector>
 
 #include "support/shared_block.h"
@@ -10,8 +11,6 @@
 namespace {
 
 using namespace ztmath_test;
-
-constexpr unsigned char pattern = 0xA5;
 
 enum class Word { doubles, ints };
 
@@ -35,17 +34,15 @@ const std::vector<Run> set_in_every_mode = {
     gca_run(51, 51, -939),
 };
 
-const std::vector<Run> set_unless_the_session_is_kept = {
-    {632, 50, Word::doubles, -939},
-    {4088, 43, Word::ints, -939},
-    {4352, 1, Word::ints, -939},
-    {4364, 105, Word::ints, -939},
-    gca_run(2, 8, 0),
-    gca_run(10, 22, 0),
-    gca_run(26, 26, 0),
-    gca_run(28, 28, 0),
-    gca_run(30, 50, 0),
-};
+const std::vector<Run> set_unless_the_session_is_kept = {{632, 50, Word::doubles, -939},
+                                                         {4088, 43, Word::ints, -939},
+                                                         {4352, 1, Word::ints, -939},
+                                                         {4364, 105, Word::ints, -939},
+                                                         gca_run(2, 8, 0),
+                                                         gca_run(10, 22, 0),
+                                                         gca_run(26, 26, 0),
+                                                         gca_run(28, 28, 0),
+                                                         gca_run(30, 50, 0)};
 
 void put_runs(const std::vector<Run>& runs, BlockBytes& bytes) {
     for (const Run& run : runs)
@@ -65,7 +62,7 @@ void expect_block(const BlockBytes& expected, const char* after) {
 
 BlockBytes patterned() {
     BlockBytes bytes;
-    bytes.fill(pattern);
+    bytes.fill(0xA5);
     return bytes;
 }
 
@@ -88,26 +85,23 @@ TEST(SharedBlock, IsInitialisedToTheByteInEveryMode) {
 
 TEST(Tolerances, AreDerivedFromScaleAndSwitch) {
     const KeepBlock keep;
-    const struct {
-        int fine;
-        double scale, number, length, squared, wide;
-    } rows[] = {
+    const std::tuple<int, double, double, double, double, double> rows[] = {
         {-7, 1000.0, 1.0e-10, 1.0e-7, 1.0e-14, 1.0e-6},
         {0, 25.4, 1.0e-4, 0.00254, 6.4516e-6, 645.16},
         {0, -939.0, 1.0e-4, -0.0939, 0.00881721, 881721.0},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.scale);
+    for (const auto& [fine, scale, number, length, squared, wide] : rows) {
+        SCOPED_TRACE(scale);
         BlockBytes expected = patterned();
-        put_at(expected, 1040, row.scale);
-        put_at(expected, 4904, row.fine);
+        put_at(expected, 1040, scale);
+        put_at(expected, 4904, fine);
         set_block_bytes(expected);
         sys21_();
-        EXPECT_EQ(ACOM_ask_MEC(), row.scale);
-        EXPECT_EQ(EQ_ask_number_tolerance(), row.number);
-        EXPECT_DOUBLE_EQ(EQ_ask_length_tolerance(), row.length);
-        EXPECT_DOUBLE_EQ(EQ_ask_length_squared_tolerance(), row.squared);
-        EXPECT_DOUBLE_EQ(word_at<double>(1176), row.wide);
+        EXPECT_EQ(ACOM_ask_MEC(), scale);
+        EXPECT_EQ(EQ_ask_number_tolerance(), number);
+        EXPECT_DOUBLE_EQ(EQ_ask_length_tolerance(), length);
+        EXPECT_DOUBLE_EQ(EQ_ask_length_squared_tolerance(), squared);
+        EXPECT_DOUBLE_EQ(word_at<double>(1176), wide);
         // Nothing else has changed.
         put_at(expected, 1120, EQ_ask_number_tolerance());
         put_at(expected, 1128, EQ_ask_length_tolerance());

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <functional>
+#include <tuple>
 
 #include "support/reports.h"
 #include "support/session.h"
@@ -48,19 +49,15 @@ TEST(Settings, AreWordsOfTheBlock) {
 
 TEST(Settings, AnswerYesOrNo) {
     const KeepBlock keep;
-    const struct {
-        int element;
-        int (*ask)();
-        int yes;
-    } rows[] = {{30, inquib_, 1},
-                {73, QUIB_in_batch, 2},
-                {47, WCS_is_linked_to_view, 0},
-                {48, WCS_is_permanent, 1},
-                {49, WCS_is_temporary, 1}};
-    for (const auto& row : rows)
+    const std::tuple<int, int (*)(), int> rows[] = {{30, inquib_, 1},
+                                                    {73, QUIB_in_batch, 2},
+                                                    {47, WCS_is_linked_to_view, 0},
+                                                    {48, WCS_is_permanent, 1},
+                                                    {49, WCS_is_temporary, 1}};
+    for (const auto& [element, ask, yes] : rows)
         for (const int value : {-3, 0, 1, 2}) {
-            set_word_at(gca_offset(row.element), value);
-            EXPECT_EQ(row.ask(), value == row.yes) << "GCA(" << row.element << ") = " << value;
+            set_word_at(gca_offset(element), value);
+            EXPECT_EQ(ask(), value == yes) << "GCA(" << element << ") = " << value;
         }
     for (const int linked : {1, 0, 5}) {
         WCS_set_linked_to_view(linked);

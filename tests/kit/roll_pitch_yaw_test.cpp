@@ -5,6 +5,7 @@
 #include <numbers>
 #include <vector>
 
+#include "support/by_value.h"
 #include "support/vectors.h"
 #include "ztmath/mtx3.h"
 
@@ -15,9 +16,7 @@ using namespace ztmath_test;
 constexpr double pi = std::numbers::pi;
 
 Matrix matrix_of(const Vector& angles) {
-    Matrix m;
-    MTX3_init_roll_pitch_yaw(angles[0], angles[1], angles[2], m.data());
-    return m;
+    return written<Matrix>(MTX3_init_roll_pitch_yaw, angles[0], angles[1], angles[2]);
 }
 
 Vector angles_of(const Matrix& m) {
@@ -42,9 +41,7 @@ double turn_between(const Vector& a, const Vector& b) {
 }
 
 Matrix rotation_about(std::size_t axis, double angle) {
-    Matrix r;
-    MTX3_rot_about_axis(angle, row(identity, axis).data(), r.data());
-    return r;
+    return written<Matrix>(MTX3_rot_about_axis, angle, row(identity, axis));
 }
 
 TEST(RollPitchYaw, AreTurnsAboutXThenYThenZAndComeBack) {
@@ -122,10 +119,7 @@ TEST(AllRollPitchYaw, HoldTheDirectOneAndReproduceTheMatrix) {
 }
 
 TEST(AllRollPitchYaw, StandInAFixedOrder) {
-    const struct {
-        Vector angles;
-        std::vector<Vector> all;
-    } rows[] = {
+    const std::pair<Vector, std::vector<Vector>> rows[] = {
         {{0.1, 0.2, 0.3}, {{0.1, 0.2, 0.3}, {pi + 0.1, pi - 0.2, pi + 0.3}}},
         {{pi / 2, 0.2, 0.3},
          {{pi / 2, 0.2, 0.3}, {-pi / 2, pi - 0.2, pi + 0.3}, {3 * pi / 2, pi - 0.2, pi + 0.3}}},
@@ -135,11 +129,11 @@ TEST(AllRollPitchYaw, StandInAFixedOrder) {
         {{2.7, -pi / 2, 0.2}, {{2.9, -pi / 2, 0}, {0, -pi / 2, 2.9}}},
         {{0.2, pi / 2, 0.2}, {{0, pi / 2, 0}}},  // both zero is one triple
     };
-    for (const auto& row : rows) {
-        const auto all = all_angles_of(matrix_of(row.angles));
-        ASSERT_EQ(all.size(), row.all.size()) << "row " << &row - rows;
+    for (const auto& [angles, expected] : rows) {
+        const auto all = all_angles_of(matrix_of(angles));
+        ASSERT_EQ(all.size(), expected.size()) << testing::PrintToString(angles);
         for (std::size_t i = 0; i < all.size(); ++i)
-            EXPECT_LT(distance(all[i], row.all[i]), 1.0e-9) << "row " << &row - rows;
+            EXPECT_LT(distance(all[i], expected[i]), 1.0e-9) << testing::PrintToString(angles);
     }
 }
 

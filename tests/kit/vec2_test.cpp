@@ -5,15 +5,14 @@
 
 #include <cmath>
 
-#include "support/random.h"
+#include "support/by_value.h"
+#include "support/plane.h"
 #include "support/reports.h"
 #include "support/session.h"
 
 namespace {
 
 using namespace ztmath_test;
-
-using Pair = std::array<double, 2>;
 
 double up(double x) {
     return std::nextafter(x, HUGE_VAL);
@@ -23,10 +22,7 @@ double up(double x) {
 const double longest_null = std::nextafter(1.0e-10, 0);
 
 TEST(Vec2Unitize, ComparesSquaresOfLengthAndTolerance) {
-    const struct {
-        Pair u;
-        double tolerance, magnitude;
-    } rows[] = {
+    const std::tuple<Pair, double, double> rows[] = {
         {{3, 4}, 5, 0},
         {{3, 4}, -5, 0},
         {{3, up(4)}, 5, std::sqrt(9 + up(4) * up(4))},
@@ -50,21 +46,19 @@ TEST(Vec2Direction, ToleranceIsASineOrCosine) {
         const double from = random.uniform(0, 6.28);
         const double turn = random.uniform(0.001, 1.57);
         const double r = std::exp(random.uniform(-20, 20));
-        const double u[2] = {r * std::cos(from), r * std::sin(from)};
-        const double along[2] = {-2 * std::cos(from + turn), -2 * std::sin(from + turn)};
-        const double across[2] = {along[1], -along[0]};
+        const Pair u = {r * std::cos(from), r * std::sin(from)};
+        const Pair along = {-2 * std::cos(from + turn), -2 * std::sin(from + turn)};
         for (const double factor : {1.000001, 0.999999}) {
             const double tolerance = -factor * std::sin(turn);  // its square is what counts
-            EXPECT_EQ(VEC2_is_parallel(u, along, tolerance), factor > 1);
-            EXPECT_EQ(VEC2_is_perpendicular(u, across, tolerance), factor > 1);
+            EXPECT_EQ(called(VEC2_is_parallel, u, along, tolerance), factor > 1);
+            EXPECT_EQ(called(VEC2_is_perpendicular, u, left_of(along), tolerance), factor > 1);
         }
     }
-    const double null[2] = {0, longest_null};
-    const double short_one[2] = {0, up(longest_null)};
-    const double x[2] = {1, 0};
-    const double y[2] = {0, 1};
-    EXPECT_EQ(VEC2_is_parallel(x, null, 0) + VEC2_is_perpendicular(null, y, 0), 2);
-    EXPECT_EQ(VEC2_is_parallel(x, short_one, 0.5) + VEC2_is_perpendicular(short_one, y, 0.5), 0);
+    for (const double length : {longest_null, up(longest_null)}) {
+        const Pair u = {0, length};
+        EXPECT_EQ(called(VEC2_is_parallel, Pair{1, 0}, u, 0.5), length == longest_null);
+        EXPECT_EQ(called(VEC2_is_perpendicular, u, Pair{0, 1}, 0.5), length == longest_null);
+    }
 }
 
 TEST(Vec2AskPerpendicular, TurnsByTheLargerComponent) {
@@ -92,8 +86,7 @@ TEST(Vec2Components, RebuildTheVectorOrAreInfinite) {
         EXPECT_NEAR(a * u[0] + b * v[0], w[0], rounding);
         EXPECT_NEAR(a * u[1] + b * v[1], w[1], rounding);
     }
-    const double u[2] = {1, 0};
-    const double v[2] = {0, -0.25};
+    const double u[2] = {1, 0}, v[2] = {0, -0.25};
     EXPECT_EQ(VEC2_components(u, v, v, std::nextafter(0.25, 0), &a, &b), 1);
     EXPECT_EQ(VEC2_components(u, v, v, 0.25, &a, &b), 0);
     EXPECT_EQ((Pair{a, b}), (Pair{HUGE_VAL, HUGE_VAL}));

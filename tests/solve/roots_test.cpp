@@ -14,6 +14,7 @@
 #include "support/random.h"
 #include "support/reports.h"
 #include "support/session.h"
+#include "support/shared_block.h"
 #include "ztmath/acom.h"
 
 namespace {
@@ -21,7 +22,6 @@ namespace {
 using namespace ztmath_test;
 using Roots = std::vector<double>;
 
-constexpr double nan_value = std::numeric_limits<double>::quiet_NaN();
 constexpr double epsilon = std::numeric_limits<double>::epsilon();
 constexpr double fine = 1.0e-10;
 constexpr double coarse = 1.0e-4;
@@ -29,14 +29,10 @@ constexpr double coarse = 1.0e-4;
 /// Sets the number tolerance while it lives.
 class NumberTolerance {
   public:
-    explicit NumberTolerance(double value) : before_(word()) { word() = value; }
-    ~NumberTolerance() { word() = before_; }
-    NumberTolerance(const NumberTolerance&) = delete;
-    NumberTolerance& operator=(const NumberTolerance&) = delete;
+    explicit NumberTolerance(double value) { acom_.tolerances[ZTMATH_NUMBER_TOLERANCE] = value; }
 
   private:
-    static double& word() { return acom_.tolerances[ZTMATH_NUMBER_TOLERANCE]; }
-    double before_;
+    KeepBlock keep_;
 };
 
 constexpr double unwritten = 12345.0;
@@ -349,14 +345,11 @@ TEST(Polynomial, LeavesPointsWithoutDirectionAndDropsLeadingCoefficientsUpToTheT
     const NumberTolerance tolerance(coarse);
     const CheckingLevel on(1);
     const ReportRecorder recorder;
-    const struct {
-        Roots coeffs;
-        std::size_t count;
-    } rows[] = {{{-1, 0, 0, 1}, 1},   {{1, 0, 0, 0, 1}, 0},     {{-1, 0, 0, 0, 1}, 2},
-                {{-6, 2, coarse}, 1}, {{-6, 2, 2 * coarse}, 2}, {{5, coarse}, 0},
-                {{0, 0, 0}, 0}};
-    for (const auto& row : rows)
-        EXPECT_EQ(iterated(row.coeffs).size(), row.count) << "row " << &row - rows;
+    const std::pair<Roots, std::size_t> rows[] = {
+        {{-1, 0, 0, 1}, 1},       {{1, 0, 0, 0, 1}, 0}, {{-1, 0, 0, 0, 1}, 2}, {{-6, 2, coarse}, 1},
+        {{-6, 2, 2 * coarse}, 2}, {{5, coarse}, 0},     {{0, 0, 0}, 0}};
+    for (const auto& [coeffs, count] : rows)
+        EXPECT_EQ(iterated(coeffs).size(), count) << testing::PrintToString(coeffs);
     EXPECT_EQ(SOLVE_polynomial(-3, nullptr, nullptr), 0);
     // From 0 on the nearest root is found first, and stands last.
     const Roots x = iterated(expanded({{-0.75, 1.5, 4}, {}}, 1.0));
@@ -377,7 +370,7 @@ TEST(Polynomial, ReportsTooLargeDegreesAndIterationsThatDoNotEndOnlyWhenChecking
         EXPECT_EQ(iterated({1, 2, 3, 4, 5, 6, 7}), Roots{});
         EXPECT_EQ(iterated({24, -50, 35, -10, 1, coarse}).size(), 4u);
         EXPECT_EQ(recorder.take(), level > 0 ? (Reports{first, second, first}) : Reports{});
-        EXPECT_EQ(iterated({1.0, nan_value, 1.0}), Roots{});
+        EXPECT_EQ(iterated({1.0, NAN, 1.0}), Roots{});
         EXPECT_EQ(recorder.take(), Reports(4 * level, endless));
     }
 }

@@ -112,17 +112,14 @@ TEST(SvdSolver, KeepsSingularValuesStrictlyAboveTheThreshold) {
     EXPECT_EQ(x[0], 0.0);
 }
 
-TEST(SvdSolver, EmptySystemsAndSizesBeyondMemoryEnd) {
+TEST(SvdSolver, SizesBeyondMemoryEnd) {
     const auto solve = [](void* n) {
         SOLVE_svd_solver(nullptr, *static_cast<int*>(n), static_cast<int*>(n), nullptr, nullptr);
     };
-    ReportRecorder quiet;
-    for (const int size : {0, 2'000'000'000}) {
-        int n = size;
-        EXPECT_EQ(SYSS_call_guarded(solve, &n, nullptr),
-                  size > 0 ? SYSS_OUT_OF_MEMORY : SYSS_COMPLETED);
-        EXPECT_EQ(n, size);
-    }
+    const ReportRecorder quiet;
+    int n = 2'000'000'000;
+    EXPECT_EQ(SYSS_call_guarded(solve, &n, nullptr), SYSS_OUT_OF_MEMORY);
+    EXPECT_EQ(n, 2'000'000'000);
 }
 
 }  // namespace

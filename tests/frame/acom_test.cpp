@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <tuple>
+#include <variant>
 #include <vector>
 
 #include "support/shared_block.h"
@@ -12,46 +13,31 @@ namespace {
 
 using namespace ztmath_test;
 
-enum class Word { doubles, ints };
-
-/// `count` words from an offset that an initialisation sets.
+/// `count` words from an offset that an initialisation sets, and to what.
 struct Run {
-    std::size_t offset;
-    std::size_t count;
-    Word word;
-    int value;
+    std::size_t offset, count;
+    std::variant<double, int> value;
 };
 
 Run gca_run(int first, int last, int value) {
-    return {gca_offset(first), static_cast<std::size_t>(last - first + 1), Word::ints, value};
+    return {gca_offset(first), static_cast<std::size_t>(last - first + 1), value};
 }
 
+// From 1040 on the model scale and the 25 words after it, the tolerances among them.
 const std::vector<Run> set_in_every_mode = {
-    {320, 12, Word::doubles, 0},     {416, 27, Word::doubles, -939}, {1032, 1, Word::doubles, 0},
-    {1040, 26, Word::doubles, -939},  // model scale and the 25 after it, the tolerances among them
-    {1248, 15, Word::doubles, -939}, {1368, 9, Word::doubles, -939}, {2032, 514, Word::ints, 0},
-    {4344, 2, Word::ints, -939},     {4356, 2, Word::ints, -939},    gca_run(24, 24, 6),
-    gca_run(51, 51, -939),
-};
+    {320, 12, 0.0},     {416, 27, -939.0},  {1032, 1, 0.0},       {1040, 26, -939.0},
+    {1248, 15, -939.0}, {1368, 9, -939.0},  {2032, 514, 0},       {4344, 2, -939},
+    {4356, 2, -939},    gca_run(24, 24, 6), gca_run(51, 51, -939)};
 
-const std::vector<Run> set_unless_the_session_is_kept = {{632, 50, Word::doubles, -939},
-                                                         {4088, 43, Word::ints, -939},
-                                                         {4352, 1, Word::ints, -939},
-                                                         {4364, 105, Word::ints, -939},
-                                                         gca_run(2, 8, 0),
-                                                         gca_run(10, 22, 0),
-                                                         gca_run(26, 26, 0),
-                                                         gca_run(28, 28, 0),
-                                                         gca_run(30, 50, 0)};
+const std::vector<Run> set_unless_the_session_is_kept = {
+    {632, 50, -939.0},  {4088, 43, -939},   {4352, 1, -939},    {4364, 105, -939}, gca_run(2, 8, 0),
+    gca_run(10, 22, 0), gca_run(26, 26, 0), gca_run(28, 28, 0), gca_run(30, 50, 0)};
 
 void put_runs(const std::vector<Run>& runs, BlockBytes& bytes) {
     for (const Run& run : runs)
-        for (std::size_t i = 0; i < run.count; ++i) {
-            if (run.word == Word::doubles)
-                put_at(bytes, run.offset + 8 * i, static_cast<double>(run.value));
-            else
-                put_at(bytes, run.offset + 4 * i, run.value);
-        }
+        for (std::size_t i = 0; i < run.count; ++i)
+            std::visit([&](auto word) { put_at(bytes, run.offset + sizeof word * i, word); },
+                       run.value);
 }
 
 void expect_block(const BlockBytes& expected, const char* after) {
@@ -77,7 +63,7 @@ TEST(SharedBlock, IsInitialisedToTheByteInEveryMode) {
         expect_block(expected, "sys10_");
     }
     BlockBytes expected = patterned();
-    put_runs({{4260, 20, Word::ints, 0}}, expected);
+    put_runs({{4260, 20, 0}}, expected);
     set_block_bytes(patterned());
     b120a_();
     expect_block(expected, "b120a_");
@@ -103,10 +89,8 @@ TEST(Tolerances, AreDerivedFromScaleAndSwitch) {
         EXPECT_DOUBLE_EQ(EQ_ask_length_squared_tolerance(), squared);
         EXPECT_DOUBLE_EQ(word_at<double>(1176), wide);
         // Nothing else has changed.
-        put_at(expected, 1120, EQ_ask_number_tolerance());
-        put_at(expected, 1128, EQ_ask_length_tolerance());
-        put_at(expected, 1136, EQ_ask_length_squared_tolerance());
-        put_at(expected, 1176, word_at<double>(1176));
+        for (const std::size_t offset : {1120, 1128, 1136, 1176})
+            put_at(expected, offset, word_at<double>(offset));
         expect_block(expected, "sys21_");
     }
 }

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <tuple>
+#include <utility>
+#include <vector>
 
 #include "support/by_value.h"
 #include "support/shared_block.h"
@@ -21,11 +23,8 @@ void set_wcs(const Matrix& matrix, const Vector& origin) {
 
 /// What a query writes; it returns 0.
 template <std::size_t n>
-std::array<double, n> asked(int (*ask)(double*)) {
-    std::array<double, n> out{};
-    EXPECT_EQ(ask(out.data()), 0);
-    return out;
-}
+constexpr auto asked =
+    [](int (*ask)(double*)) { return built<std::array<double, n>, 0>(true, ask); };
 
 TEST(Wcs, IsReadInPieces) {
     const KeepBlock keep;
@@ -65,25 +64,17 @@ TEST(Wcs, MapsIntoItsFrameAndBack) {
             EXPECT_EQ(written(either, Vector{1, 10, 100}), there);
 }
 
-struct Heard {
-    int calls = 0, status = 0, stored = 0;
-};
-
 TEST(Wcs, ListenersAreToldOfItsDisplayStatus) {
     const KeepBlock keep;
-    Heard heard;
+    std::vector<std::pair<int, int>> heard;  // and what is stored by then
     const SYSS_listener_t listener = [](int, void* data, void* context) {
-        auto& ear = *static_cast<Heard*>(context);
-        ++ear.calls;
-        ear.status = *static_cast<const int*>(data);
-        ear.stored = WCS_ask_wcs_display();
+        static_cast<decltype(heard)*>(context)->emplace_back(*static_cast<const int*>(data),
+                                                             WCS_ask_wcs_display());
     };
     const int reason = ZT_REASON_ask_reason_number(2);
     SYSS_add_listener(reason, listener, &heard);
     WCS_set_wcs_display(77);
-    EXPECT_EQ(heard.calls, 1);
-    EXPECT_EQ(heard.status, 77);
-    EXPECT_EQ(heard.stored, 77) << "stored before anybody is told";
+    EXPECT_EQ(heard, (decltype(heard){{77, 77}})) << "stored before anybody is told, once";
     SYSS_remove_listener(reason, listener, &heard);
 }
 

@@ -11,7 +11,6 @@
 
 #include "support/by_value.h"
 #include "support/reports.h"
-#include "support/session.h"
 #include "support/vectors.h"
 
 namespace {
@@ -139,9 +138,7 @@ TEST(McSolve3, ReportsASmallDeterminantAndDividesByItAllTheSame) {
 TEST(McDistLines, IsThatOfTheCommonPerpendicular) {
     Random random;
     for (int round = 0; round < rounds(1000); ++round) {
-        const Vector d1 = random.vector();
-        const Vector d2 = random.vector();
-        const Vector normal = cross(d1, d2);
+        const Vector d1 = random.vector(), d2 = random.vector(), normal = cross(d1, d2);
         const Vector p1 = random.vector();
         const double apart = random.uniform(0.1, 5);
         const Vector across = moved(p1, apart / length(normal), normal);
@@ -172,9 +169,7 @@ TEST(McDistLines, TellsParallelLinesByTheProductOfTheDirections) {
 }
 
 TEST(McPlanes, MeasureAlongTheFirstNormal) {
-    const Vector z = {0, 0, 1};
-    const Vector tilted = {0, 0.01, 1};
-    const Vector point = {1, 1, 7};
+    const Vector z = {0, 0, 1}, tilted = {0, 0.01, 1}, point = {1, 1, 7};
     EXPECT_EQ(called(MC_signed_dist_planes, z, 2, z, 5), 3);
     EXPECT_EQ(called(MC_signed_dist_planes, z, 2, Vector{0, 0, -1}, 5), -7);
     EXPECT_EQ(called(MC_signed_dist_planes, z, 2, tilted, 5), 0);
@@ -186,9 +181,7 @@ TEST(McPlanes, MeasureAlongTheFirstNormal) {
 TEST(McProjections, DropPerpendiculars) {
     Random random;
     for (int round = 0; round < rounds(1000); ++round) {
-        const Vector u = random_unit(random);
-        const Vector p = random.vector();
-        const Vector q = random.vector();
+        const Vector u = random_unit(random), p = random.vector(), q = random.vector();
         const double d = random.normal();
         const Vector foot = written(MC_proj_point_onto_line, p, u, q);
         ASSERT_LT(distance(foot, moved(q, dot(moved(p, -1, q), u), u)), 1.0e-14);
@@ -224,34 +217,15 @@ TEST(McAxisPlaneX, PivotsOnTheFirstLargestComponent) {
     Random random;
     for (const auto& [direction, pivot] : rows)
         for (int round = 0; round < rounds(50); ++round) {
-            const Vector p = random.vector();
-            const Vector n = random.vector();
+            const Vector p = random.vector(), n = random.vector();
             const double d = random.normal();
             const Vector out = written(MC_axis_plane_x, direction, p, n, d);
             ASSERT_EQ(out, written(MC_solve_3, line_and_plane(direction, p, n, d, pivot)));
             const Vector along = moved(p, (d - dot(p, n)) / dot(direction, n), direction);
             ASSERT_LT(distance(out, along), 1.0e-11 / std::fabs(dot(direction, n)));
         }
-    const Vector in_plane = {1, -1, 0};
-    const Vector n = {1, 1, 5};
+    const Vector in_plane = {1, -1, 0}, n = {1, 1, 5};
     EXPECT_EQ(reports_of([&] { written(MC_axis_plane_x, in_plane, n, n, 1); }), Reports{singular});
-}
-
-TEST(McTransforms, CarryOneFrameOntoAnother) {
-    Random random;
-    for (int round = 0; round < rounds(1000); ++round) {
-        const Frame from(random);
-        const Frame to(random);
-        const Vector p = random.vector();
-        const Vector q = random.vector();
-        const auto m = written<std::array<double, 16>>(MC_calc_csys_to_csys_transform, from, to);
-        const Vector image = written(MC_apply_transform_to_point, m, from.at(p));
-        ASSERT_LT(distance(image, to.at(p)), 1.0e-14);
-        const Vector way = moved(from.at(q), -1, from.at(p));
-        const Vector difference = written(MC_apply_transform_to_vector, m, way);
-        ASSERT_LT(distance(moved(image, 1, difference), to.at(q)), 1.0e-14);
-        ASSERT_EQ((std::array{m[12], m[13], m[14], m[15]}), (std::array{0.0, 0.0, 0.0, 1.0}));
-    }
 }
 
 }  // namespace

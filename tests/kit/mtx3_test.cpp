@@ -8,7 +8,6 @@
 
 #include "support/by_value.h"
 #include "support/reports.h"
-#include "support/session.h"
 #include "support/vectors.h"
 #include "ztmath/vec3.h"
 
@@ -64,9 +63,7 @@ int init_plane(const double* x, const double* y, double* m) {
 }
 
 TEST(Mtx3Frames, AcceptDirectionsThatArePerpendicularWithinTheTolerance) {
-    const Vector x = {1, 0, 0};
-    const Vector z = {0, 0, 1};
-    const Vector null = {0, 1.0e-10, 0};
+    const Vector x = {1, 0, 0}, z = {0, 0, 1}, null = {0, 1.0e-10, 0};
     const std::pair<Vector, int> rows[] = {{{1.0e-10, 1, 0}, 1},
                                            {{up(1.0e-10), 1, 0}, 0},
                                            {{-1.0e-10, 1, 0}, 1},
@@ -160,8 +157,7 @@ TEST(Mtx3IsEqual, ComparesElementsAndOrthonormality) {
 TEST(Mtx3Multiply, CarriesTheRowsOfTheSecondThroughTheFirst) {
     Random random;
     for (int round = 0; round < rounds(3000); ++round) {
-        const Matrix a = random_rotation(random);
-        const Matrix b = random_rotation(random);
+        const Matrix a = random_rotation(random), b = random_rotation(random);
         auto r = written<Matrix>(MTX3_multiply, a, b);
         ASSERT_LT(distance(r, product(b, a)), 1.0e-14);
         ASSERT_LT(distance(written<Matrix>(MTX3_multiply_t, a, r), b), 1.0e-14);

@@ -5,10 +5,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
+#include <utility>
 
 #include "support/by_value.h"
 #include "support/reports.h"
-#include "support/session.h"
 #include "support/vectors.h"
 #include "ztmath/mc.h"
 #include "ztmath/solve.h"
@@ -37,10 +38,12 @@ Transform motion(const Frame& from, const Frame& to, bool done = true) {
                                scaled(row(to.axes, 1), 1.0e-5));
 }
 
-/// Where a transform of a last row that changes nothing takes a point.
+/// Where a transform of a last row that changes nothing takes a point, and a vector.
 void expect_image(const Transform& m, const Vector& p, const Vector& expected) {
     EXPECT_EQ((std::array{m[12], m[13], m[14], m[15]}), (std::array{0.0, 0.0, 0.0, 1.0}));
     EXPECT_LT(distance(written(MC_apply_transform_to_point, m, p), expected), 3.0e-14);
+    const Vector turned = written(MC_apply_transform_to_vector, m, p);
+    EXPECT_LT(distance(moved(turned, 1, {m[3], m[7], m[11]}), expected), 3.0e-14);
 }
 
 TEST(Mtx4Builders, MakeTransformsThatDoWhatTheySay) {
@@ -65,6 +68,8 @@ TEST(Mtx4Builders, MakeTransformsThatDoWhatTheySay) {
         const Frame from(random);
         const Frame to(random);
         expect_image(motion(from, to), from.at(p), to.at(p));
+        expect_image(written<Transform>(MC_calc_csys_to_csys_transform, from, to), from.at(p),
+                     to.at(p));
 
         const Vector factors = random.vector();
         Vector scaled_up = point;
@@ -76,9 +81,7 @@ TEST(Mtx4Builders, MakeTransformsThatDoWhatTheySay) {
 }
 
 TEST(Mtx4Builders, RefuseNullDirections) {
-    const Vector null = {0.99e-10, 0, 0};
-    const Vector short_one = {1.01e-10, 0, 0};
-    const Vector o = {1, 2, 3};
+    const Vector null = {0.99e-10, 0, 0}, short_one = {1.01e-10, 0, 0}, o = {1, 2, 3};
     rotation(o, null, 30, false);
     rotation(o, short_one, 30);
     mirror(o, null, false);
@@ -107,8 +110,7 @@ TEST(Mtx4Rotation, TakesItsOwnDegreeAndAssertsItsResult) {
 TEST(Mtx4Multiply, SumsRowsOfTheSecondOverTheFirst) {
     Random random;
     for (int round = 0; round < rounds(200); ++round) {
-        const Transform a = random.vector<16>();
-        const Transform b = random.vector<16>();
+        const Transform a = random.vector<16>(), b = random.vector<16>();
         Transform expected{}, expected_t{};
         for (std::size_t i = 0; i < 4; ++i)
             for (std::size_t j = 0; j < 4; ++j)
@@ -176,7 +178,7 @@ TEST(Mtx4IsEqual, ComparesElementsAndOrthonormality) {
 
 TEST(Mtx4Repair, ChangesTheBlockOnly) {
     const CheckingLevel on(1);
-    ReportRecorder recorder;
+    const ReportRecorder recorder;
     const Transform drifted = {1, 0, 1.0e-11, 3, 0, 1, 0, 5, 0, 0, 1, 7, 9, 11, 13, 15};
     const Transform repaired = {1, 0, 0, 3, 0, 1, 0, 5, 0, 0, 1, 7, 9, 11, 13, 15};
     for (const auto repair : {MTX4_ortho_normalize, MTX4_fixup}) {
@@ -184,14 +186,83 @@ TEST(Mtx4Repair, ChangesTheBlockOnly) {
         EXPECT_EQ(repair(m.data()), 1);
         EXPECT_EQ(m, repaired);
     }
-    Transform m = repaired;
-    EXPECT_EQ(MTX4_ortho_normalize(m.data()), 0);
-    EXPECT_EQ(recorder.take(), Reports{});
-    m[0] = 0;
-    m[2] = 1.0e-11;
-    EXPECT_EQ(MTX4_fixup(m.data()), 0);
-    EXPECT_EQ(m[2], 0) << "the block is written all the same";
-    EXPECT_EQ(recorder.take(), Reports{note("mtx3_privileged", "X vector of matrix is zero")});
+    EXPECT_EQ(MTX4_ortho_normalize(Transform(repaired).data()), 0);
+    EXPECT_EQ(recorder.reports(), Reports{});
+}
+
+using Fixed = std::pair<int, Matrix>;
+
+/// What the fix-up returns and makes of a block.
+Fixed fixed(const Matrix& m) {
+    Transform t = still;
+    for (std::size_t i = 0; i < 9; ++i)
+        t[i + i / 3] = m[i];
+    const int done = MTX4_fixup(t.data());
+    return {done, {t[0], t[1], t[2], t[4], t[5], t[6], t[8], t[9], t[10]}};
+}
+
+/// The log line and the note for an element that moved.
+void append_moved(Reports& reports, int index, double before, double after) {
+    char text[200];
+    std::snprintf(text, sizeof text, "Element %d of matrix modified from %25.15f to %25.15f", index,
+                  before, after);
+    reports.push_back(log_line("MTX3_fixup: " + std::string(text) + "\n"));
+    reports.push_back(note("mtx3_privileged", text));
+}
+
+TEST(Mtx4Fixup, SnapsElementsOfXAndYWithinTheTolerance) {
+    const ReportRecorder recorder;
+    const double edge = 1.0e-10;
+    const auto x_after = [](double first, double second) {
+        return row(fixed({first, second, 0, 0, 0, 1, 9, 9, 9}).second, 0);
+    };
+    EXPECT_EQ(x_after(1, -edge)[1], 0.0);
+    EXPECT_EQ(x_after(1, std::nextafter(edge, 1))[1], std::nextafter(edge, 1));
+    EXPECT_EQ(x_after(1 - 0.99e-10, 0.5)[0], x_after(1, 0.5)[0]);
+    EXPECT_NE(x_after(1 - 1.01e-10, 0.5)[0], x_after(1, 0.5)[0]);
+    EXPECT_EQ(x_after(-1 - 0.99e-10, 0.5)[0], x_after(-1, 0.5)[0]);
+}
+
+TEST(Mtx4Fixup, MakesAFrameAndReportsWhatItMoved) {
+    Random random;
+    for (int round = 0; round < rounds(1000); ++round) {
+        const CheckingLevel checking(round % 2);
+        Matrix m = random_rotation(random);
+        const double drift = std::pow(10, random.uniform(-14, -2));
+        for (double& element : m)
+            element += drift * random.uniform(-1, 1);
+        const ReportRecorder recorder;
+        const auto [done, frame] = fixed(m);
+        ASSERT_EQ(done, 1);
+        ASSERT_LT(rotation_defect(frame), 2.0e-15);
+        ASSERT_LT(distance(frame, m), 1.0e-9 + 10 * drift);
+        Reports expected;
+        for (int i = 0; i < 6; ++i) {
+            const auto k = static_cast<std::size_t>(i);
+            if (std::fabs(frame[k] - m[k]) > 1.0e-10) append_moved(expected, i, m[k], frame[k]);
+        }
+        ASSERT_EQ(recorder.reports(), expected) << "made at every level";
+    }
+}
+
+TEST(Mtx4Fixup, StopsAtANullRowAndNotesItWhenChecking) {
+    const auto stop = [] {
+        EXPECT_EQ(fixed({1.0e-10, -1.0e-10, 0, 0, 1, 0, 0, 0, 1}),
+                  (Fixed{0, {0, 0, 0, 0, 1, 0, 0, 0, 1}}));
+        EXPECT_EQ(fixed({0, 2, 0, 0, 0, 1.0e-10, 0, 0, 1}),
+                  (Fixed{0, {0, 1, 0, 0, 0, 0, 0, 0, 1}}));
+    };
+    expect_reports_when_checking(stop, {note("mtx3_privileged", "X vector of matrix is zero"),
+                                        note("mtx3_privileged", "Y vector of matrix is zero")});
+}
+
+TEST(Mtx4Fixup, SucceedsWithoutAFrameWhereXAndYAreParallel) {
+    const ReportRecorder recorder;
+    EXPECT_EQ(fixed({0, 3, 0, 0, -2, 0, 0, 0, 1}), (Fixed{1, {0, 1, 0, 0, 0, 0, 0, 0, 0}}));
+    Reports expected;
+    append_moved(expected, 1, 3, 1);
+    append_moved(expected, 4, -2, 0);
+    EXPECT_EQ(recorder.reports(), expected);
 }
 
 }  // namespace

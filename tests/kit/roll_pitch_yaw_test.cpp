@@ -86,8 +86,7 @@ TEST(RollPitchYaw, AtAPitchOfARightAngleGiveAllTheTurnToRoll) {
     for (const double up : {1.0, -1.0})
         for (const double turn : {0.0, 0.4, -2.5, 3.1}) {
             // m0 and m3 are exactly 0 here; m1 and m4 hold the difference or sum of roll and yaw.
-            const double s = std::sin(turn);
-            const double c = std::cos(turn);
+            const double s = std::sin(turn), c = std::cos(turn);
             const Vector angles = angles_of({0, s * up, c * up, 0, c, -s, -up, 0, 0});
             EXPECT_LT(turn_between(angles, {turn, up * pi / 2, 0}), 1.0e-14) << up << ' ' << turn;
         }
@@ -145,8 +144,7 @@ TEST(AllRollPitchYaw, TestSixElementsWithinTheTolerance) {
             EXPECT_EQ(all_angles_of(m).size(), std::fabs(off) < 1.0e-10 ? 2U : 0U) << i;
         }
     // Pitch is taken as a right angle beyond a sine of 0.9999999999, itself not included.
-    const double edge = 0.9999999999;
-    const double cosine = std::sqrt(1 - edge * edge);
+    const double edge = 0.9999999999, cosine = std::sqrt(1 - edge * edge);
     Matrix m = {cosine, 0, edge, 0, 1, 0, -edge, 0, cosine};
     EXPECT_EQ(all_angles_of(m).size(), 2U);
     m[6] = -std::nextafter(edge, 1);

@@ -8,7 +8,6 @@
 
 #include "support/by_value.h"
 #include "support/reports.h"
-#include "support/session.h"
 #include "support/vectors.h"
 
 namespace {
@@ -101,8 +100,7 @@ TEST(Vec3AngleBetween, RunsCounterClockwiseAboutTheReference) {
 }
 
 TEST(Vec3MakeTrihedral, SplitsAlongAndAcross) {
-    const Vector u = {1, 2, 3};
-    const Vector axis = {0, 0, 1};
+    const Vector u = {1, 2, 3}, axis = {0, 0, 1};
     Vector across, third, along;
     VEC3_make_trihedral(u.data(), axis.data(), across.data(), third.data(), along.data());
     EXPECT_EQ(across, (Vector{1, 2, 0}));

@@ -79,8 +79,7 @@ struct PlainJacobi {
             t = 1.0 / (std::fabs(theta) + std::sqrt(theta * theta + 1.0));
             if (theta < 0.0) t = -t;
         }
-        const double c = 1.0 / std::sqrt(t * t + 1.0);
-        const double s = t * c;
+        const double c = 1.0 / std::sqrt(t * t + 1.0), s = t * c;
         const double tau = s / (1.0 + c);
         const double shift = t * a(p, q);
         for (std::vector<double>* values : {&z, &d}) {
@@ -145,8 +144,7 @@ TEST(Jacobi, CountsSweepsAndReportsExhaustion) {
 TEST(GeneralizedEigen, SolvesThePencilWithVectorsOfLengthOneInB) {
     Random random;
     for (const int n : {1, 2, 4, 9}) {
-        const Matrix a = random_symmetric(random, n);
-        const Matrix b = random_definite(random, n, 0.5);
+        const Matrix a = random_symmetric(random, n), b = random_definite(random, n, 0.5);
         std::vector<double> values(n);
         int rotations = -1, status = -1;
         // Vectors go into a new block, or into the caller's, which may be B itself.

@@ -54,8 +54,7 @@ class Simplex {
     const int n;
     std::vector<Vector> vertices;
     Vector y;
-    int evaluations = -1;
-    int calls = 0;
+    int evaluations = -1, calls = 0;
 
   private:
     static double call(const double* x, int n, void* data) {

@@ -9,11 +9,11 @@
 #include <functional>
 #include <limits>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "support/random.h"
 #include "support/reports.h"
-#include "support/session.h"
 #include "support/shared_block.h"
 #include "ztmath/acom.h"
 
@@ -23,8 +23,7 @@ using namespace ztmath_test;
 using Roots = std::vector<double>;
 
 constexpr double epsilon = std::numeric_limits<double>::epsilon();
-constexpr double fine = 1.0e-10;
-constexpr double coarse = 1.0e-4;
+constexpr double fine = 1.0e-10, coarse = 1.0e-4;
 
 /// Sets the number tolerance while it lives.
 class NumberTolerance {
@@ -90,8 +89,7 @@ Roots expanded(const Factored& f, double leading) {
     for (const long double x : f.real)
         multiply(p, {-x, 1.0L});
     for (const auto& [re, im] : f.pairs) {
-        const long double a = re;
-        const long double b = im;
+        const long double a = re, b = im;
         multiply(p, {a * a + b * b, -2.0L * a, 1.0L});
     }
     return {p.begin(), p.end()};
@@ -99,8 +97,7 @@ Roots expanded(const Factored& f, double leading) {
 
 /// The residual at x in units of the running error of Horner's scheme at size |x| + margin.
 double relative_residual(const Roots& c, double x, double margin) {
-    long double value = 0.0L;
-    long double bound = 0.0L;
+    long double value = 0.0L, bound = 0.0L;
     for (std::size_t i = c.size(); i-- > 0;) {
         value = value * x + c[i];
         bound = bound * (std::fabs(x) + margin) + std::fabs(value);
@@ -122,15 +119,6 @@ Roots separated(Random& random, int count) {
     }
     return x;
 }
-
-/// Errors are relative to the largest root, the measure in which the closed forms are accurate;
-/// those of the iteration relative to each root.
-struct Class {
-    const char* name;
-    int lowest_degree;
-    double closed_error, iterated_error;
-    std::function<Factored(Random&, int degree)> make;
-};
 
 Factored with_copies(Random& random, int degree, int copies) {
     Factored f{separated(random, degree), {}};
@@ -178,7 +166,9 @@ Factored nearly_even(Random& random) {
     return {{mean + x, mean - x}, {{mean + off, random.uniform(0.5, 5.0)}}};
 }
 
-const Class classes[] = {
+/// With the lowest degree and the errors of both solvers: of the closed forms relative to the
+/// largest root, the measure in which they are accurate, of the iteration relative to each root.
+const std::tuple<const char*, int, double, double, Factored (*)(Random&, int degree)> classes[] = {
     {"separated", 2, 1e-11, 1e-11, [](Random& r, int d) { return with_pairs(r, d, 0); }},
     {"complex pair", 2, 1e-9, 1e-10, [](Random& r, int d) { return with_pairs(r, d, 1); }},
     {"two complex pairs", 4, 0.0, 0.0, [](Random& r, int d) { return with_pairs(r, d, 2); }},
@@ -209,14 +199,14 @@ void expect_near(Roots found, Roots expected, double error, double largest) {
 TEST(PolynomialRoots, OfKnownRootsAreFoundWithTheirNumber) {
     const NumberTolerance tolerance(fine);
     Random random;
-    for (const Class& c : classes)
-        for (int degree = c.lowest_degree; degree <= 4; ++degree)
+    for (const auto& [name, lowest_degree, closed_error, iterated_error, make] : classes)
+        for (int degree = lowest_degree; degree <= 4; ++degree)
             for (int round = 0; round < rounds(300); ++round) {
-                const Factored f = c.make(random, degree);
+                const Factored f = make(random, degree);
                 const Roots coeffs = expanded(f, round % 2 == 0 ? 1.0 : -2.5);
                 const Roots by_form = closed(coeffs);
                 const Roots by_iteration = iterated(coeffs);
-                SCOPED_TRACE(std::string(c.name) + ", coefficients " +
+                SCOPED_TRACE(std::string(name) + ", coefficients " +
                              ::testing::PrintToString(coeffs));
                 ASSERT_EQ(by_form.size(), f.real.size());
                 ASSERT_EQ(by_iteration.size(), f.real.size());
@@ -226,8 +216,8 @@ TEST(PolynomialRoots, OfKnownRootsAreFoundWithTheirNumber) {
                               degree == 3 ? 1000.0 : 20.0);
                 for (const double x : by_iteration)
                     EXPECT_LT(relative_residual(coeffs, x, 0.0), 2.0);
-                expect_near(by_form, f.real, c.closed_error, f.largest());
-                expect_near(by_iteration, f.real, c.iterated_error, 0.0);
+                expect_near(by_form, f.real, closed_error, f.largest());
+                expect_near(by_iteration, f.real, iterated_error, 0.0);
                 ASSERT_FALSE(HasFailure());
             }
 }
@@ -277,8 +267,7 @@ TEST(ClosedForms, GiveExactRootsInTheirOrder) {
 
 TEST(ClosedForms, TakeCoefficientsForZeroUpToPowersOfTheTolerance) {
     const NumberTolerance tolerance(coarse);
-    const double cube = coarse * coarse * coarse;
-    const double fourth = cube * coarse;
+    const double cube = coarse * coarse * coarse, fourth = cube * coarse;
     const Roots rows[][2] = {
         {{6, -2, coarse}, {3}},
         {{6, -2, -coarse}, {3}},

@@ -33,9 +33,8 @@ struct Factors {
 TEST(SvdDecompose, FactorsAreOrthogonalAndGiveTheMatrixBack) {
     Random random;
     ReportRecorder recorder;
-    const std::pair<int, int> shapes[] = {{1, 1},   {5, 1},   {3, 3},  {7, 3},
-                                          {10, 10}, {40, 17}, {60, 60}};
-    for (const auto& [m, n] : shapes) {
+    for (const auto& [m, n] :
+         {std::pair{1, 1}, {5, 1}, {3, 3}, {7, 3}, {10, 10}, {40, 17}, {60, 60}}) {
         const Matrix a = random_matrix(random, m, n);
         const Factors f(a);
         const double bound = 1e-14 * (m + n);

@@ -3,9 +3,11 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
+#include <tuple>
+#include <utility>
+#include <vector>
 
-#include "support/rotation.h"
+#include "support/by_value.h"
 #include "support/shared_block.h"
 #include "syss/host.h"
 
@@ -15,29 +17,22 @@ using namespace ztmath_test;
 
 /// Makes the WCS from a matrix and an origin, by offset.
 void set_wcs(const Matrix& matrix, const Vector& origin) {
-    BlockBytes bytes = block_bytes();
-    for (std::size_t i = 0; i < 9; ++i)
-        put_at(bytes, 1440 + 8 * i, matrix[i]);
-    for (std::size_t i = 0; i < 3; ++i)
-        put_at(bytes, 1512 + 8 * i, origin[i]);
-    set_block_bytes(bytes);
+    set_word_at(1440, matrix);
+    set_word_at(1512, origin);
 }
 
 /// What a query writes; it returns 0.
 template <std::size_t n>
-std::array<double, n> asked(int (*ask)(double*)) {
-    std::array<double, n> out{};
-    EXPECT_EQ(ask(out.data()), 0);
-    return out;
-}
+constexpr auto asked =
+    [](int (*ask)(double*)) { return built<std::array<double, n>, 0>(true, ask); };
 
 TEST(Wcs, IsReadInPieces) {
     const KeepBlock keep;
     const Matrix axes = {1, 2, 3, 4, 5, 6, 7, 8, 9};
     const Vector origin = {10, 11, 12};
-    const std::array<double, 12> csys = {10, 11, 12, 1, 2, 3, 4, 5, 6, 7, 8, 9};
     set_wcs(axes, origin);
-    EXPECT_EQ(asked<12>(WCS_ask_coordinate_system), csys);
+    EXPECT_EQ(asked<12>(WCS_ask_coordinate_system),
+              (std::array<double, 12>{10, 11, 12, 1, 2, 3, 4, 5, 6, 7, 8, 9}));
     EXPECT_EQ(asked<9>(WCS_ask_matrix), axes);
     EXPECT_EQ(asked<3>(WCS_ask_origin), origin);
     EXPECT_EQ(asked<3>(WCS_ask_z_axis), (Vector{7, 8, 9}));
@@ -56,49 +51,30 @@ TEST(Wcs, IsReadInPieces) {
     EXPECT_EQ(word_at<Matrix>(1440), (Matrix{10, 11, 12, 1, 2, 3, 4, 5, 6}));
 }
 
-using Mapping = void (*)(const double*, double*);
-
-Vector mapped(Mapping map, const Vector& in) {
-    Vector out;
-    map(in.data(), out.data());
-    return out;
-}
-
 TEST(Wcs, MapsIntoItsFrameAndBack) {
     const KeepBlock keep;
     set_wcs({1, 2, 3, 4, 5, 6, 7, 8, 9}, {10, 20, 30});
-    const struct {
-        Mapping map, same;
-        Vector there;
-    } rows[] = {{mapvaw_, map11_, {321, 654, 987}},
-                {mapvwa_, map10_, {741, 852, 963}},
-                {mappaw_, map13_, {181, 334, 487}},
-                {mappwa_, map12_, {751, 872, 993}}};
-    for (const auto& row : rows) {
-        EXPECT_EQ(mapped(row.map, {1, 10, 100}), row.there);
-        EXPECT_EQ(mapped(row.same, {1, 10, 100}), row.there);
-    }
+    using Mapping = void (*)(const double*, double*);
+    const std::tuple<Mapping, Mapping, Vector> rows[] = {{mapvaw_, map11_, {321, 654, 987}},
+                                                         {mapvwa_, map10_, {741, 852, 963}},
+                                                         {mappaw_, map13_, {181, 334, 487}},
+                                                         {mappwa_, map12_, {751, 872, 993}}};
+    for (const auto& [map, same, there] : rows)
+        for (const Mapping either : {map, same})
+            EXPECT_EQ(written(either, Vector{1, 10, 100}), there);
 }
-
-struct Heard {
-    int calls = 0, status = 0, stored = 0;
-};
 
 TEST(Wcs, ListenersAreToldOfItsDisplayStatus) {
     const KeepBlock keep;
-    Heard heard;
+    std::vector<std::pair<int, int>> heard;  // and what is stored by then
     const SYSS_listener_t listener = [](int, void* data, void* context) {
-        auto& ear = *static_cast<Heard*>(context);
-        ++ear.calls;
-        ear.status = *static_cast<const int*>(data);
-        ear.stored = WCS_ask_wcs_display();
+        static_cast<decltype(heard)*>(context)->emplace_back(*static_cast<const int*>(data),
+                                                             WCS_ask_wcs_display());
     };
     const int reason = ZT_REASON_ask_reason_number(2);
     SYSS_add_listener(reason, listener, &heard);
     WCS_set_wcs_display(77);
-    EXPECT_EQ(heard.calls, 1);
-    EXPECT_EQ(heard.status, 77);
-    EXPECT_EQ(heard.stored, 77) << "stored before anybody is told";
+    EXPECT_EQ(heard, (decltype(heard){{77, 77}})) << "stored before anybody is told, once";
     SYSS_remove_listener(reason, listener, &heard);
 }
 

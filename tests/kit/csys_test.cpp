@@ -24,7 +24,6 @@ TEST(CsysMapCsys, ExpressesAFrameInAnother) {
 TEST(CsysMapCsys, LeavesTheMatrixOfWhatIsNoFrame) {
     const Frame absolute({0, 0, 0}, identity);
     const Matrix skew = {1, 0, 0, 1, 1, 0, 0, 0, 1};
-
     const Matrix left_handed = {1, 0, 0, 0, 1, 0, 0, 0, -1};
     const Matrix untouched = {7, 7, 7, 7, 7, 7, 7, 7, 7};
     for (const Matrix& axes : {skew, left_handed}) {

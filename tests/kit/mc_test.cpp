@@ -9,8 +9,8 @@
 #include <numbers>
 #include <string>
 
+#include "support/by_value.h"
 #include "support/reports.h"
-#include "support/session.h"
 #include "support/vectors.h"
 
 namespace {
@@ -41,38 +41,27 @@ Vector unitized(Vector v) {
     return v;
 }
 
-/// The vector that a call writes.
-template <class Call>
-Vector written(Call call) {
-    Vector out;
-    call(out.data());
-    return out;
-}
-
 TEST(McArithmetic, TakesOperandsInTheOrderOfTheNames) {
-    const double a[] = {1, 2, 3};
-    const double b[] = {7, -5, 11};
-    const double c[] = {2, 3, 5};
-    EXPECT_EQ(written([&](double* out) { MC_v_copy(a, out); }), (Vector{1, 2, 3}));
-    EXPECT_EQ(written([&](double* out) { MC_AmB(a, b, out); }), (Vector{-6, 7, -8}));
-    EXPECT_EQ(written([&](double* out) { MC_ApB(a, b, out); }), (Vector{8, -3, 14}));
-    EXPECT_EQ(written([&](double* out) { MC_aA(-2, a, out); }), (Vector{-2, -4, -6}));
-    EXPECT_EQ(written([&](double* out) { MC_aApB(-2, a, b, out); }), (Vector{5, -9, 5}));
-    EXPECT_EQ(written([&](double* out) { MC_AxB(a, b, out); }), (Vector{37, 10, -19}));
-    EXPECT_EQ(MC_A_dot_B(a, b), 30);
-    EXPECT_EQ(MC_triple_product(a, b, c), 9);
-    EXPECT_EQ(MC_length2(b), 195);
-    EXPECT_EQ(MC_length(b), std::sqrt(195.0));
-    EXPECT_EQ(MC_dist2(a, b), 149);
-    EXPECT_EQ(MC_dist(a, b), std::sqrt(149.0));
+    const Vector a = {1, 2, 3}, b = {7, -5, 11};
+    EXPECT_EQ(written(MC_v_copy, a), a);
+    EXPECT_EQ(written(MC_AmB, a, b), (Vector{-6, 7, -8}));
+    EXPECT_EQ(written(MC_ApB, a, b), (Vector{8, -3, 14}));
+    EXPECT_EQ(written(MC_aA, -2, a), (Vector{-2, -4, -6}));
+    EXPECT_EQ(written(MC_aApB, -2, a, b), (Vector{5, -9, 5}));
+    EXPECT_EQ(written(MC_AxB, a, b), (Vector{37, 10, -19}));
+    EXPECT_EQ(called(MC_A_dot_B, a, b), 30);
+    EXPECT_EQ(called(MC_triple_product, a, b, Vector{2, 3, 5}), 9);
+    EXPECT_EQ(called(MC_length2, b), 195);
+    EXPECT_EQ(called(MC_length, b), std::sqrt(195.0));
+    EXPECT_EQ(called(MC_dist2, a, b), 149);
+    EXPECT_EQ(called(MC_dist, a, b), std::sqrt(149.0));
 }
 
 TEST(McUnitize, ReportsShortVectorsAndDividesThemAllTheSame) {
     Vector v;
     for (const double length : {1.0e-4, std::nextafter(1.0e-4, 0), -0.5e-4}) {
-        EXPECT_EQ(reports_of([&] {
-                      v = unitized({0, length, 0});
-                  }),
+        const Vector start = {0, length, 0};
+        EXPECT_EQ(reports_of([&] { v = unitized(start); }),
                   Reports(std::fabs(length) < 1.0e-4 ? 1 : 0, null_vector));
         EXPECT_EQ(v[1], std::copysign(1, length));
     }
@@ -83,32 +72,25 @@ TEST(McUnitize, ReportsShortVectorsAndDividesThemAllTheSame) {
 TEST(McDirections, CompareWhatIsNotDividedByTheLengths) {
     const double s = std::sqrt(1.7453292519943296e-5);
     const Vector x = {1, 0, 0};
-    const auto parallel = [&](const Vector& v) { return MC_q_parallel(x.data(), v.data()); };
+    const auto parallel = [&](const Vector& v) { return called(MC_q_parallel, x, v); };
     EXPECT_EQ(parallel({1, s * 0.999999, 0}), 1);
     EXPECT_EQ(parallel({-1, 0, s * 1.000001}), 0);
     EXPECT_EQ(parallel({1, 0.003, 0.002907454646240126}), 0) << "a squared sine of just as much";
     EXPECT_EQ(parallel({10, 10 * s * 0.999999, 0}), 0) << "longer vectors tighten the test";
     EXPECT_EQ(parallel({0, s * 0.5, 0}), 1) << "short vectors pass";
-    const auto perpendicular = [&](double cosine) {
-        const Vector v = {cosine, 1, 0};
-        return MC_q_perp(x.data(), v.data());
-    };
-    EXPECT_EQ(perpendicular(1.0e-4), 0);
-    EXPECT_EQ(perpendicular(std::nextafter(1.0e-4, 0)), 1);
-    EXPECT_EQ(perpendicular(-1.0e-4), 0);
+    for (const double cosine : {1.0e-4, std::nextafter(1.0e-4, 0), -1.0e-4})
+        EXPECT_EQ(called(MC_q_perp, x, Vector{cosine, 1, 0}), std::fabs(cosine) < 1.0e-4);
 }
 
 TEST(McGetAngle, IsExactNearTheEndsAndRightBetween) {
     const Vector x = {1, 0, 0};
     const auto angle_at = [&](double angle) {
-        const Vector v = {std::cos(angle), std::sin(angle), 0};
-        return MC_get_angle(x.data(), v.data());
+        return called(MC_get_angle, x, Vector{std::cos(angle), std::sin(angle), 0});
     };
     EXPECT_EQ(angle_at(0.0003), 0);
     EXPECT_EQ(angle_at(std::numbers::pi - 0.0003), std::numbers::pi);
-    const Vector ends[] = {{0.9999999, 0, 0}, {-0.9999999, 0, 0}};
-    EXPECT_EQ(MC_get_angle(x.data(), ends[0].data()), std::acos(0.9999999));
-    EXPECT_EQ(MC_get_angle(x.data(), ends[1].data()), std::acos(-0.9999999));
+    for (const double end : {0.9999999, -0.9999999})
+        EXPECT_EQ(called(MC_get_angle, x, Vector{end, 0, 0}), std::acos(end));
     for (double angle = 0.0005; angle < 3.141; angle += 0.001)
         EXPECT_NEAR(angle_at(angle), angle, 1.0e-12);
 }
@@ -119,24 +101,20 @@ TEST(McPerpVec, DividesByALargeComponent) {
         {{-0.5, 0.6, std::sqrt(0.39)}, {1, 0.5 / 0.6, 0}},
         {{0.6, -0.8, 0}, {0.8 / 0.6, 1, 0}},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(written([&](double* out) { MC_perp_vec(row[0].data(), out); }), unitized(row[1]));
-}
-
-Vector solution_of(const System& system) {
-    return written([&](double* out) { MC_solve_3(system.data(), out); });
+    for (const auto& [v, across] : rows)
+        EXPECT_EQ(written(MC_perp_vec, v), unitized(across));
 }
 
 TEST(McSolve3, SatisfiesTheEquations) {
     Random random;
     for (int round = 0; round < rounds(1000); ++round) {
         const System system = random.vector<12>();
-        const Vector x = solution_of(system);
+        const Vector x = written(MC_solve_3, system);
         Matrix a;
         for (std::size_t i = 0; i < 9; ++i)
             a[i] = system[i + i / 3];
         const double d = determinant(a);
-        ASSERT_NEAR(MC_determinant(system.data()), d, 1.0e-13);
+        ASSERT_NEAR(called(MC_determinant, system), d, 1.0e-13);
         for (std::size_t i = 0; i < 3; ++i)
             ASSERT_NEAR(dot(row(a, i), x), system[4 * i + 3], 1.0e-12 / std::fabs(d));
     }
@@ -146,7 +124,7 @@ TEST(McSolve3, ReportsASmallDeterminantAndDividesByItAllTheSame) {
     const auto diagonal = [](double d) { return System{1, 0, 0, 3, 0, d, 0, 5, 0, 0, 1, 7}; };
     Vector x;
     for (const double d : {1.0e-8, 0.99e-8, -0.99e-8, 0.0}) {
-        EXPECT_EQ(reports_of([&] { x = solution_of(diagonal(d)); }),
+        EXPECT_EQ(reports_of([&] { x = written(MC_solve_3, diagonal(d)); }),
                   Reports(std::fabs(d) < 1.0e-8 ? 1 : 0, singular));
         EXPECT_EQ(x[1], 5 / d);
     }
@@ -160,23 +138,20 @@ TEST(McSolve3, ReportsASmallDeterminantAndDividesByItAllTheSame) {
 TEST(McDistLines, IsThatOfTheCommonPerpendicular) {
     Random random;
     for (int round = 0; round < rounds(1000); ++round) {
-        const Vector d1 = random.vector();
-        const Vector d2 = random.vector();
-        const Vector normal = cross(d1, d2);
+        const Vector d1 = random.vector(), d2 = random.vector(), normal = cross(d1, d2);
         const Vector p1 = random.vector();
         const double apart = random.uniform(0.1, 5);
         const Vector across = moved(p1, apart / length(normal), normal);
         const Vector p2 = moved(moved(across, random.normal(), d1), random.normal(), d2);
-        ASSERT_NEAR(MC_dist_lines(d1.data(), p1.data(), d2.data(), p2.data()), apart,
+        ASSERT_NEAR(called(MC_dist_lines, d1, p1, d2, p2), apart,
                     1.0e-14 * (10 + length(p2)) / length(normal));
-        ASSERT_NEAR(MC_dist_lines(d1.data(), p1.data(), d1.data(), across.data()), apart, 1.0e-13);
+        ASSERT_NEAR(called(MC_dist_lines, d1, p1, d1, across), apart, 1.0e-13);
     }
 }
 
 TEST(McDistLines, TellsParallelLinesByTheProductOfTheDirections) {
-    const Vector origin = {0, 0, 0};
     const auto distance = [&](const Vector& d1, const Vector& d2, const Vector& p2) {
-        return MC_dist_lines(d1.data(), origin.data(), d2.data(), p2.data());
+        return called(MC_dist_lines, d1, Vector{}, d2, p2);
     };
     const Vector x = {1, 0, 0};
     // Crossing lines, unless they are taken for parallel.
@@ -194,46 +169,31 @@ TEST(McDistLines, TellsParallelLinesByTheProductOfTheDirections) {
 }
 
 TEST(McPlanes, MeasureAlongTheFirstNormal) {
-    const Vector z = {0, 0, 1};
-    const Vector minus_z = {0, 0, -1};
-    const Vector tilted = {0, 0.01, 1};
-    EXPECT_EQ(MC_signed_dist_planes(z.data(), 2, z.data(), 5), 3);
-    EXPECT_EQ(MC_signed_dist_planes(z.data(), 2, minus_z.data(), 5), -7);
-    EXPECT_EQ(MC_signed_dist_planes(z.data(), 2, tilted.data(), 5), 0);
-    const Vector null = {0, 0, 0};
-    EXPECT_EQ(MC_signed_dist_planes(z.data(), 2, null.data(), 5), -7) << "a product of 0 turns";
-
-    const Vector along = {3, 4, 0.99e-4};
-    const Vector point = {1, 1, 7};
-    EXPECT_EQ(MC_signed_dist_plane_axis(z.data(), 2, along.data(), point.data()), 5);
-    EXPECT_EQ(MC_signed_dist_plane_axis(z.data(), 2, tilted.data(), point.data()), 0);
+    const Vector z = {0, 0, 1}, tilted = {0, 0.01, 1}, point = {1, 1, 7};
+    EXPECT_EQ(called(MC_signed_dist_planes, z, 2, z, 5), 3);
+    EXPECT_EQ(called(MC_signed_dist_planes, z, 2, Vector{0, 0, -1}, 5), -7);
+    EXPECT_EQ(called(MC_signed_dist_planes, z, 2, tilted, 5), 0);
+    EXPECT_EQ(called(MC_signed_dist_planes, z, 2, Vector{}, 5), -7) << "a product of 0 turns";
+    EXPECT_EQ(called(MC_signed_dist_plane_axis, z, 2, Vector{3, 4, 0.99e-4}, point), 5);
+    EXPECT_EQ(called(MC_signed_dist_plane_axis, z, 2, tilted, point), 0);
 }
 
 TEST(McProjections, DropPerpendiculars) {
     Random random;
     for (int round = 0; round < rounds(1000); ++round) {
-        const Vector u = random_unit(random);
-        const Vector p = random.vector();
-        const Vector q = random.vector();
+        const Vector u = random_unit(random), p = random.vector(), q = random.vector();
         const double d = random.normal();
-        Vector foot, away, on_plane;
-        MC_proj_point_onto_line(p.data(), u.data(), q.data(), foot.data());
+        const Vector foot = written(MC_proj_point_onto_line, p, u, q);
         ASSERT_LT(distance(foot, moved(q, dot(moved(p, -1, q), u), u)), 1.0e-14);
-        MC_perp_from_line_to_point(p.data(), u.data(), q.data(), away.data());
+        const Vector away = written(MC_perp_from_line_to_point, p, u, q);
         ASSERT_LT(distance(moved(foot, length(moved(p, -1, foot)), away), p), 1.0e-14);
-        MC_proj_point_onto_plane(p.data(), u.data(), d, on_plane.data());
+        const Vector on_plane = written(MC_proj_point_onto_plane, p, u, d);
         ASSERT_LT(distance(on_plane, moved(p, d - dot(p, u), u)), 1.0e-14);
     }
-    const Vector x = {1, 0, 0};
-    const Vector origin = {0, 0, 0};
-    const Vector on = {5, 0, 1.0e-4};
-    const Vector off = {5, 0, 1.0001e-4};
-    EXPECT_EQ(MC_q_point_on_line(on.data(), x.data(), origin.data()), 1);
-    EXPECT_EQ(MC_q_point_on_line(off.data(), x.data(), origin.data()), 0);
-    Vector out;
-    EXPECT_EQ(reports_of([&] {
-                  MC_perp_from_line_to_point(x.data(), x.data(), origin.data(), out.data());
-              }),
+    const Vector x = {1, 0, 0}, origin = {0, 0, 0};
+    for (const double off : {1.0e-4, 1.0001e-4})
+        EXPECT_EQ(called(MC_q_point_on_line, Vector{5, 0, off}, x, origin), off == 1.0e-4);
+    EXPECT_EQ(reports_of([&] { written(MC_perp_from_line_to_point, x, x, origin); }),
               Reports{null_vector});
 }
 
@@ -250,50 +210,22 @@ System line_and_plane(const Vector& e, const Vector& p, const Vector& n, double 
 }
 
 TEST(McAxisPlaneX, PivotsOnTheFirstLargestComponent) {
-    struct {
-        Vector direction;
-        int pivot;
-    } const rows[] = {{{3, -2, 1}, 0},     {{1, 3, 2}, 1},      {{1, 2, -3}, 2},
-                      {{1, 1, 0}, 0},      {{3, 2, -3}, 0},     {{1, -3, 3}, 1},
-                      {{3, -3, 3}, 0},     {{1, 1.7, -0.3}, 1}, {{0.3, 0.3, 0.3}, 0},
-                      {{0.1, 0.7, 0.7}, 1}};
+    const std::pair<Vector, int> rows[] = {
+        {{3, -2, 1}, 0},      {{1, 3, 2}, 1},      {{1, 2, -3}, 2}, {{1, 1, 0}, 0},
+        {{3, 2, -3}, 0},      {{1, -3, 3}, 1},     {{3, -3, 3}, 0}, {{1, 1.7, -0.3}, 1},
+        {{0.3, 0.3, 0.3}, 0}, {{0.1, 0.7, 0.7}, 1}};
     Random random;
-    for (const auto& row : rows)
+    for (const auto& [direction, pivot] : rows)
         for (int round = 0; round < rounds(50); ++round) {
-            const Vector p = random.vector();
-            const Vector n = random.vector();
+            const Vector p = random.vector(), n = random.vector();
             const double d = random.normal();
-            Vector out;
-            MC_axis_plane_x(row.direction.data(), p.data(), n.data(), d, out.data());
-            ASSERT_EQ(out, solution_of(line_and_plane(row.direction, p, n, d, row.pivot)));
-            const Vector along = moved(p, (d - dot(p, n)) / dot(row.direction, n), row.direction);
-            ASSERT_LT(distance(out, along), 1.0e-11 / std::fabs(dot(row.direction, n)));
+            const Vector out = written(MC_axis_plane_x, direction, p, n, d);
+            ASSERT_EQ(out, written(MC_solve_3, line_and_plane(direction, p, n, d, pivot)));
+            const Vector along = moved(p, (d - dot(p, n)) / dot(direction, n), direction);
+            ASSERT_LT(distance(out, along), 1.0e-11 / std::fabs(dot(direction, n)));
         }
-    const Vector in_plane = {1, -1, 0};
-    const Vector n = {1, 1, 5};
-    Vector out;
-    EXPECT_EQ(
-        reports_of([&] { MC_axis_plane_x(in_plane.data(), n.data(), n.data(), 1, out.data()); }),
-        Reports{singular});
-}
-
-TEST(McTransforms, CarryOneFrameOntoAnother) {
-    Random random;
-    for (int round = 0; round < rounds(1000); ++round) {
-        const Frame from(random);
-        const Frame to(random);
-        const Vector p = random.vector();
-        const Vector q = random.vector();
-        std::array<double, 16> m;
-        MC_calc_csys_to_csys_transform(from.data(), to.data(), m.data());
-        Vector image, difference;
-        MC_apply_transform_to_point(m.data(), from.at(p).data(), image.data());
-        ASSERT_LT(distance(image, to.at(p)), 1.0e-14);
-        const Vector way = moved(from.at(q), -1, from.at(p));
-        MC_apply_transform_to_vector(m.data(), way.data(), difference.data());
-        ASSERT_LT(distance(moved(image, 1, difference), to.at(q)), 1.0e-14);
-        ASSERT_EQ((std::array{m[12], m[13], m[14], m[15]}), (std::array{0.0, 0.0, 0.0, 1.0}));
-    }
+    const Vector in_plane = {1, -1, 0}, n = {1, 1, 5};
+    EXPECT_EQ(reports_of([&] { written(MC_axis_plane_x, in_plane, n, n, 1); }), Reports{singular});
 }
 
 }  // namespace

@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "support/by_value.h"
 #include "support/reports.h"
-#include "support/session.h"
 #include "support/vectors.h"
 #include "ztmath/vec3.h"
 
@@ -19,15 +19,9 @@ double up(double x) {
     return std::nextafter(x, HUGE_VAL);
 }
 
-/// Calls a builder; one that fails must leave its output.
-template <class Build>
-Matrix built(Build build, int expected = 1) {
-    constexpr Matrix untouched = {7, 7, 7, 7, 7, 7, 7, 7, 7};
-    Matrix m = untouched;
-    EXPECT_EQ(build(m.data()), expected);
-    EXPECT_EQ(m == untouched, expected == 0);
-    return m;
-}
+constexpr auto frame_of = [](auto build, const auto&... directions) {
+    return built<Matrix, 1>(true, build, directions...);
+};
 
 TEST(Mtx3Frames, KeepTheDirectionsTheyAreBuiltFrom) {
     const CheckingLevel on(1);
@@ -39,15 +33,12 @@ TEST(Mtx3Frames, KeepTheDirectionsTheyAreBuiltFrom) {
         const Vector x = scaled(row(r, 0), size);
         const Vector y = scaled(row(r, 1), 3 / size);
         const Vector z = scaled(row(r, 2), 2);
-        const Vector minus_z = scaled(z, -1);
 
-        const Matrix of_x_y = built([&](double* m) { return MTX3_init(x.data(), y.data(), m); });
-        const Matrix of_y_z =
-            built([&](double* m) { return MTX3_init_y_z(y.data(), z.data(), m); });
-        const Matrix of_all = built(
-            [&](double* m) { return MTX3_init_x_y_z(x.data(), y.data(), minus_z.data(), m); });
-        const Matrix of_x = built([&](double* m) { return MTX3_init_x(x.data(), m); });
-        const Matrix of_z = built([&](double* m) { return MTX3_init_z(z.data(), m); });
+        const Matrix of_x_y = frame_of(MTX3_init, x, y);
+        const Matrix of_y_z = frame_of(MTX3_init_y_z, y, z);
+        const Matrix of_all = frame_of(MTX3_init_x_y_z, x, y, scaled(z, -1));
+        const Matrix of_x = frame_of(MTX3_init_x, x);
+        const Matrix of_z = frame_of(MTX3_init_z, z);
         for (const Matrix& m : {of_x, of_z})
             ASSERT_LT(rotation_defect(m), 2.0e-15);
         ASSERT_LT(distance(of_x_y, r), 1.0e-15);
@@ -57,8 +48,7 @@ TEST(Mtx3Frames, KeepTheDirectionsTheyAreBuiltFrom) {
         ASSERT_EQ(row(of_z, 2), row(of_y_z, 2));
 
         const Vector unit_x = row(of_x, 0);
-        Vector across;
-        VEC3_ask_perpendicular(unit_x.data(), across.data());
+        const Vector across = written(VEC3_ask_perpendicular, unit_x);
         ASSERT_LT(distance(row(of_x, 1), unit_of(across)), 1.0e-15);
     }
     EXPECT_EQ(recorder.reports(), Reports{});
@@ -73,9 +63,7 @@ int init_plane(const double* x, const double* y, double* m) {
 }
 
 TEST(Mtx3Frames, AcceptDirectionsThatArePerpendicularWithinTheTolerance) {
-    const Vector x = {1, 0, 0};
-    const Vector z = {0, 0, 1};
-    const Vector null = {0, 1.0e-10, 0};
+    const Vector x = {1, 0, 0}, z = {0, 0, 1}, null = {0, 1.0e-10, 0};
     const std::pair<Vector, int> rows[] = {{{1.0e-10, 1, 0}, 1},
                                            {{up(1.0e-10), 1, 0}, 0},
                                            {{-1.0e-10, 1, 0}, 1},
@@ -83,22 +71,19 @@ TEST(Mtx3Frames, AcceptDirectionsThatArePerpendicularWithinTheTolerance) {
                                            {{1, 1, 0}, 0},
                                            {{0, up(1.0e-10), 0}, 1},
                                            {null, 0}};
-    for (const auto& [direction, accepted] : rows) {
-        const double* const y = direction.data();
+    for (const auto& [y, accepted] : rows) {
         for (const auto build : {MTX3_init, MTX3_init_y_z, init_plane}) {
-            built([&](double* m) { return build(x.data(), y, m); }, accepted);
-            built([&](double* m) { return build(y, x.data(), m); }, accepted);
+            built<Matrix, 1>(accepted, build, x, y);
+            built<Matrix, 1>(accepted, build, y, x);
         }
-        const double* const three[] = {x.data(), y, z.data(), x.data(), y};
-        for (const double* const* turn : {three, three + 1, three + 2})
-            built([&](double* m) { return MTX3_init_x_y_z(turn[0], turn[1], turn[2], m); },
-                  accepted);
+        const Vector three[] = {x, y, z, x, y};
+        for (const Vector* turn : {three, three + 1, three + 2})
+            built<Matrix, 1>(accepted, MTX3_init_x_y_z, turn[0], turn[1], turn[2]);
     }
-    built([&](double* m) { return MTX3_init_x(null.data(), m); }, 0);
-    built([&](double* m) { return MTX3_init_z(null.data(), m); }, 0);
-    const Vector tilted = {1.0e-11, 1, 0};
-    EXPECT_EQ(built([&](double* m) { return MTX3_init(x.data(), tilted.data(), m); }), identity)
-        << "Y is rebuilt";
+    built<Matrix, 1>(false, MTX3_init_x, null);
+    built<Matrix, 1>(false, MTX3_init_z, null);
+    EXPECT_EQ(frame_of(MTX3_init, x, Vector{1.0e-11, 1, 0}), identity) << "Y is rebuilt";
+    EXPECT_EQ(written<Matrix>(MTX3_rot_about_axis, NAN, Vector{0, 0, 1.0e-10}), identity);
 }
 
 TEST(Mtx3Frames, OfZChooseXByTheSteepnessOfZ) {
@@ -107,7 +92,7 @@ TEST(Mtx3Frames, OfZChooseXByTheSteepnessOfZ) {
         Vector z = {0, y, std::sqrt(1 - y * y)};
         for (int i = 0; i < 8 && y * y + z[2] * z[2] != 1.0; ++i)
             z[2] = std::nextafter(z[2], y * y + z[2] * z[2] < 1.0 ? 2.0 : 0.0);
-        return row(built([&](double* m) { return MTX3_init_z(z.data(), m); }), 0);
+        return row(frame_of(MTX3_init_z, z), 0);
     };
     EXPECT_EQ(x_of(0.9), (Vector{1, 0, 0})) << "along the absolute Y axis crossed with Z";
     EXPECT_LT(distance(x_of(up(0.9)), {0, std::sqrt(0.19), -0.9}), 1.0e-15) << "Z crossed with X";
@@ -116,55 +101,21 @@ TEST(Mtx3Frames, OfZChooseXByTheSteepnessOfZ) {
 }
 
 TEST(Mtx3Frames, AreTakenAsTheyStandOrOfEitherHandedness) {
-    Matrix m;
-    const Vector x = {1, 2, 3};
-    const Vector y = {4, 5, 7};
-    MTX3_init_no_check(x.data(), y.data(), m.data());
-    EXPECT_EQ(m, (Matrix{1, 2, 3, 4, 5, 7, -1, 5, -3}));
-
-    const double up_axis[2] = {0, 2};
-    const double right_axis[2] = {3, 0};
-    std::array<double, 4> plane;
-    EXPECT_EQ(MTX2_init(up_axis, right_axis, plane.data()), 1);
-    EXPECT_EQ(plane, (std::array<double, 4>{0, 1, 1, 0}));
-}
-
-TEST(Mtx3RotAboutAxis, TurnsColumnVectorsCounterClockwise) {
-    Random random;
-    for (int round = 0; round < rounds(3000); ++round) {
-        const Vector axis = random.vector();
-        const double angle = random.uniform(-10, 10);
-        Matrix r;
-        Matrix back;
-        MTX3_rot_about_axis(angle, axis.data(), r.data());
-        MTX3_rot_about_axis(-angle, axis.data(), back.data());
-        ASSERT_LT(distance(back, transposed(r)), 1.0e-15);
-        const Vector a = unit_of(axis);
-        const Vector v = unit_of(cross(a, random.vector()));
-        const Vector w = cross(a, v);
-        const auto turned = [&](const Vector& p) {
-            return Vector{dot(row(r, 0), p), dot(row(r, 1), p), dot(row(r, 2), p)};
-        };
-        ASSERT_LT(distance(turned(a), a), 2.0e-15);
-        ASSERT_NEAR(dot(turned(v), v), std::cos(angle), 2.0e-15);
-        ASSERT_NEAR(dot(turned(v), w), std::sin(angle), 2.0e-15);
-    }
-    Matrix r;
-    MTX3_rot_about_axis(NAN, Vector{0, 0, 1.0e-10}.data(), r.data());
-    EXPECT_EQ(r, identity);
+    EXPECT_EQ(written<Matrix>(MTX3_init_no_check, Vector{1, 2, 3}, Vector{4, 5, 7}),
+              (Matrix{1, 2, 3, 4, 5, 7, -1, 5, -3}));
+    const std::array up_axis = {0.0, 2.0}, right_axis = {3.0, 0.0};
+    EXPECT_EQ((written<std::array<double, 4>>(MTX2_init, up_axis, right_axis)),
+              (std::array{0.0, 1.0, 1.0, 0.0}));
 }
 
 TEST(Mtx3, AssertsThatWhatItBuildsIsOrthonormal) {
-    const double z[3] = {0, 0, 1};
-    const double x[3] = {1, 0, 0};
-    const double bad[3] = {0, NAN, 0};
+    const Vector x = {1, 0, 0}, bad = {0, NAN, 0};
     const CheckingLevel on(1);
     const ReportRecorder recorder;
-    Matrix m;
-    MTX3_rot_about_axis(HUGE_VAL, z, m.data());
-    MTX3_init(x, bad, m.data());
-    MTX3_init_y_z(bad, x, m.data());
-    MTX3_init_roll_pitch_yaw(NAN, 0, 0, m.data());
+    written<Matrix>(MTX3_rot_about_axis, HUGE_VAL, x);
+    written<Matrix>(MTX3_init, x, bad);
+    written<Matrix>(MTX3_init_y_z, bad, x);
+    written<Matrix>(MTX3_init_roll_pitch_yaw, NAN, 0, 0);
     const Report not_finite = assertion("vec3", "VEC3_is_finite (u)");
     const Report not_normal = assertion("mtx3", "MTX3_is_ortho_normal (r)");
     EXPECT_EQ(recorder.reports(),
@@ -184,39 +135,32 @@ TEST(Mtx3IsOrthoNormal, HasAFixedToleranceOnRowsAndPairs) {
             m[i] = identity[i] + sign * beyond;
             EXPECT_EQ(MTX3_is_ortho_normal(m.data()), 0) << i;
         }
-    const Matrix left_handed = {1, 0, 0, 0, 1, 0, 0, 0, -1};
-    EXPECT_EQ(MTX3_is_ortho_normal(left_handed.data()), 1);
+    EXPECT_EQ(called(MTX3_is_ortho_normal, Matrix{1, 0, 0, 0, 1, 0, 0, 0, -1}), 1) << "left-handed";
 }
 
 TEST(Mtx3IsEqual, ComparesElementsAndOrthonormality) {
     for (std::size_t i = 0; i < 9; ++i) {
         Matrix a{}, b{};  // neither is orthonormal
         b[i] = -0.5;
-        EXPECT_EQ(MTX3_is_equal(a.data(), b.data(), 0.5), 1);
-        EXPECT_EQ(MTX3_is_equal(a.data(), b.data(), std::nextafter(0.5, 0)), 0);
+        EXPECT_EQ(called(MTX3_is_equal, a, b, 0.5), 1);
+        EXPECT_EQ(called(MTX3_is_equal, a, b, std::nextafter(0.5, 0)), 0);
     }
-    Matrix drifted = identity;
-    drifted[4] = 1 + 1.0e-13;
-    EXPECT_EQ(MTX3_is_equal(drifted.data(), identity.data(), 1), 0);
-    EXPECT_EQ(MTX3_is_identity(drifted.data(), 1), 0);
-    Matrix turned;
-    MTX3_init_roll_pitch_yaw(0, 0, 1.0e-3, turned.data());
-    EXPECT_EQ(MTX3_is_identity(turned.data(), 1.1e-3), 1);
-    EXPECT_EQ(MTX3_is_identity(turned.data(), 0.9e-3), 0);
+    const Matrix drifted = {1, 0, 0, 0, 1 + 1.0e-13, 0, 0, 0, 1};
+    EXPECT_EQ(called(MTX3_is_equal, drifted, identity, 1), 0);
+    EXPECT_EQ(called(MTX3_is_identity, drifted, 1), 0);
+    const auto turned = written<Matrix>(MTX3_init_roll_pitch_yaw, 0, 0, 1.0e-3);
+    for (const double tolerance : {1.1e-3, 0.9e-3})
+        EXPECT_EQ(called(MTX3_is_identity, turned, tolerance), tolerance > 1.0e-3);
     EXPECT_EQ(MTX3_is_identity(identity.data(), 0), 1);
 }
 
 TEST(Mtx3Multiply, CarriesTheRowsOfTheSecondThroughTheFirst) {
     Random random;
     for (int round = 0; round < rounds(3000); ++round) {
-        const Matrix a = random_rotation(random);
-        const Matrix b = random_rotation(random);
-        Matrix r;
-        Matrix back;
-        MTX3_multiply(a.data(), b.data(), r.data());
+        const Matrix a = random_rotation(random), b = random_rotation(random);
+        auto r = written<Matrix>(MTX3_multiply, a, b);
         ASSERT_LT(distance(r, product(b, a)), 1.0e-14);
-        MTX3_multiply_t(a.data(), r.data(), back.data());
-        ASSERT_LT(distance(back, b), 1.0e-14);
+        ASSERT_LT(distance(written<Matrix>(MTX3_multiply_t, a, r), b), 1.0e-14);
 
         Matrix any = a;
         any[static_cast<std::size_t>(random.integer(0, 8))] += 1;
@@ -289,17 +233,16 @@ TEST(Mtx3OrthoNormalize, KeepsPerpendicularXAndZAndSnapsRowsToTheAxes) {
 }
 
 TEST(Mtx3OrthoNormalize, EndsOnEveryInput) {
-    const struct {
-        Matrix start;
-        int saved;  // a matrix of nothing becomes a rotation too
-    } rows[] = {
+    // Those that are saved; a matrix of nothing becomes a rotation too.
+    const std::pair<Matrix, int> rows[] = {
         {{NAN, 0, 0, 0, 1, 0, 0, 0, 1}, 0},           {{1.0e200, 1, 0, 0, 1, 0, 0, 0, 1.0e200}, 0},
         {{1.0e-12, 0, 0, 0, 1, 0, 0, 0, 1.0e-12}, 0},  // neither path makes a frame of this
         {{1.0e-8, 0, 0, 0, 1, 0, 1.0e-8, 0, 0}, 0},   {{}, 1},
         {{HUGE_VAL, 0, 0, 0, 1, 0, 0, 0, 1}, 1},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(MTX3_is_ortho_normal(repaired(row.start).data()), row.saved) << &row - rows;
+    for (const auto& [start, saved] : rows)
+        EXPECT_EQ(called(MTX3_is_ortho_normal, repaired(start)), saved)
+            << testing::PrintToString(start);
 }
 
 }  // namespace

@@ -5,9 +5,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
+#include <utility>
 
+#include "support/by_value.h"
 #include "support/reports.h"
-#include "support/session.h"
 #include "support/vectors.h"
 #include "ztmath/mc.h"
 #include "ztmath/solve.h"
@@ -20,49 +22,28 @@ using Transform = std::array<double, 16>;
 
 constexpr Transform still = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
 
-/// Calls a builder or the inversion; one that fails must leave its output.
-template <class Build>
-Transform built(Build build, int expected = 0) {
-    constexpr Transform untouched = {7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 7};
-    Transform m = untouched;
-    EXPECT_EQ(build(m.data()), expected);
-    EXPECT_EQ(m == untouched, expected == 1);
-    return m;
+Transform rotation(const Vector& point, const Vector& axis, double angle, bool done = true) {
+    return built<Transform, 0>(done, MTX4_rotation, point, axis, angle);
 }
 
-Transform rotation(const Vector& point, const Vector& axis, double angle, int expected = 0) {
-    return built([&](double* m) { return MTX4_rotation(point.data(), axis.data(), angle, m); },
-                 expected);
-}
-
-Transform mirror(const Vector& point, const Vector& normal, int expected = 0) {
-    return built([&](double* m) { return MTX4_mirror(point.data(), normal.data(), m); }, expected);
+Transform mirror(const Vector& point, const Vector& normal, bool done = true) {
+    return built<Transform, 0>(done, MTX4_mirror, point, normal);
 }
 
 /// The motion of frames that are given by two directions, none of them unit.
-Transform motion(const Frame& from, const Frame& to, int expected = 0) {
-    const Vector x1 = scaled(row(from.axes, 0), 1.0e5);
-    const Vector y1 = scaled(row(from.axes, 1), 0.3);
-    const Vector x2 = scaled(row(to.axes, 0), 0.7);
-    const Vector y2 = scaled(row(to.axes, 1), 1.0e-5);
-    return built(
-        [&](double* m) {
-            return MTX4_csys_to_csys(from.origin.data(), x1.data(), y1.data(), to.origin.data(),
-                                     x2.data(), y2.data(), m);
-        },
-        expected);
+Transform motion(const Frame& from, const Frame& to, bool done = true) {
+    return built<Transform, 0>(done, MTX4_csys_to_csys, from.origin,
+                               scaled(row(from.axes, 0), 1.0e5), scaled(row(from.axes, 1), 0.3),
+                               to.origin, scaled(row(to.axes, 0), 0.7),
+                               scaled(row(to.axes, 1), 1.0e-5));
 }
 
-Vector image(const Transform& m, const Vector& p) {
-    Vector out;
-    MC_apply_transform_to_point(m.data(), p.data(), out.data());
-    return out;
-}
-
-/// Where a transform of a last row that changes nothing takes a point.
+/// Where a transform of a last row that changes nothing takes a point, and a vector.
 void expect_image(const Transform& m, const Vector& p, const Vector& expected) {
     EXPECT_EQ((std::array{m[12], m[13], m[14], m[15]}), (std::array{0.0, 0.0, 0.0, 1.0}));
-    EXPECT_LT(distance(image(m, p), expected), 3.0e-14);
+    EXPECT_LT(distance(written(MC_apply_transform_to_point, m, p), expected), 3.0e-14);
+    const Vector turned = written(MC_apply_transform_to_vector, m, p);
+    EXPECT_LT(distance(moved(turned, 1, {m[3], m[7], m[11]}), expected), 3.0e-14);
 }
 
 TEST(Mtx4Builders, MakeTransformsThatDoWhatTheySay) {
@@ -87,32 +68,30 @@ TEST(Mtx4Builders, MakeTransformsThatDoWhatTheySay) {
         const Frame from(random);
         const Frame to(random);
         expect_image(motion(from, to), from.at(p), to.at(p));
+        expect_image(written<Transform>(MC_calc_csys_to_csys_transform, from, to), from.at(p),
+                     to.at(p));
 
         const Vector factors = random.vector();
-        Transform scaling;
-        MTX4_scaling(point.data(), factors.data(), scaling.data());
         Vector scaled_up = point;
         for (std::size_t k = 0; k < 3; ++k)
             scaled_up[k] += factors[k] * (p[k] - point[k]);
-        expect_image(scaling, p, scaled_up);
+        expect_image(written<Transform>(MTX4_scaling, point, factors), p, scaled_up);
     }
     EXPECT_EQ(recorder.take(), Reports{});
 }
 
 TEST(Mtx4Builders, RefuseNullDirections) {
-    const Vector null = {0.99e-10, 0, 0};
-    const Vector short_one = {1.01e-10, 0, 0};
-    const Vector o = {1, 2, 3};
-    rotation(o, null, 30, 1);
+    const Vector null = {0.99e-10, 0, 0}, short_one = {1.01e-10, 0, 0}, o = {1, 2, 3};
+    rotation(o, null, 30, false);
     rotation(o, short_one, 30);
-    mirror(o, null, 1);
+    mirror(o, null, false);
     mirror(o, short_one);
     const Frame good(o, identity);
     for (const std::size_t axis : {0, 1}) {
         Frame bad = good;
         bad.axes[4 * axis] = 0;
-        motion(good, bad, 1);
-        motion(bad, good, 1);
+        motion(good, bad, false);
+        motion(bad, good, false);
     }
     // Directions that are not perpendicular stand for the absolute axes.
     const Frame skew({1, 0, 0}, {1, 1, 0, 1, 0, 0});
@@ -121,48 +100,34 @@ TEST(Mtx4Builders, RefuseNullDirections) {
 }
 
 TEST(Mtx4Rotation, TakesItsOwnDegreeAndAssertsItsResult) {
-    EXPECT_EQ(rotation({1, 2, 3}, {0, 0, 1}, -90), rotation({1, 2, 3}, {0, 0, -1}, 90));
-    const Transform half = rotation({0, 0, 0}, {0, 0, 1}, 180);
-    EXPECT_EQ(half[4], std::sin(180 * 0.01745329251994328)) << "not that of pi / 180";
-    const CheckingLevel on(1);
-    ReportRecorder recorder;
-    rotation({0, 0, 0}, {0, 0, 1}, NAN);
-    EXPECT_EQ(recorder.take(), Reports{assertion("mtx3", "MTX3_is_ortho_normal (r)")});
+    const Vector z = {0, 0, 1};
+    EXPECT_EQ(rotation({1, 2, 3}, z, -90), rotation({1, 2, 3}, {0, 0, -1}, 90));
+    EXPECT_EQ(rotation(z, z, 180)[4], std::sin(180 * 0.01745329251994328)) << "not of pi / 180";
+    expect_reports_when_checking([&] { rotation(z, z, NAN); },
+                                 {assertion("mtx3", "MTX3_is_ortho_normal (r)")});
 }
 
 TEST(Mtx4Multiply, SumsRowsOfTheSecondOverTheFirst) {
     Random random;
     for (int round = 0; round < rounds(200); ++round) {
-        const Transform a = random.vector<16>();
-        const Transform b = random.vector<16>();
-        Transform expected{}, expected_t{}, r;
+        const Transform a = random.vector<16>(), b = random.vector<16>();
+        Transform expected{}, expected_t{};
         for (std::size_t i = 0; i < 4; ++i)
             for (std::size_t j = 0; j < 4; ++j)
                 for (std::size_t k = 0; k < 4; ++k) {
                     expected[4 * i + j] += b[4 * i + k] * a[4 * k + j];
                     expected_t[4 * i + j] += b[4 * i + k] * a[4 * j + k];
                 }
-        MTX4_multiply(a.data(), b.data(), r.data());
-        ASSERT_EQ(r, expected);
-        MTX4_multiply_t(a.data(), b.data(), r.data());
-        ASSERT_EQ(r, expected_t);
+        ASSERT_EQ(written<Transform>(MTX4_multiply, a, b), expected);
+        ASSERT_EQ(written<Transform>(MTX4_multiply_t, a, b), expected_t);
     }
 }
 
-/// The inverse by the routines for systems of any size.
-int invert_by_columns(Transform lu, double* out) {
-    double* rows[] = {&lu[0], &lu[4], &lu[8], &lu[12]};
-    int exchanges[4];
-    double sign;
-    if (ludcmp_a(rows, 4, exchanges, &sign) != 0) return 1;
-    for (int j = 0; j < 4; ++j) {
-        double column[4] = {};
-        column[j] = 1;
-        lubksb_a(rows, 4, exchanges, column);
-        for (int i = 0; i < 4; ++i)
-            out[4 * i + j] = column[i];
-    }
-    return 0;
+/// The inverse by the solver of systems of any size.
+int solve_for_inverse(Transform lu, Transform& inverse) {
+    const auto rows_of = [](Transform& m) { return std::array{&m[0], &m[4], &m[8], &m[12]}; };
+    inverse = still;
+    return SOLVE_lu_solver(rows_of(lu).data(), rows_of(inverse).data(), 4, 4);
 }
 
 TEST(Mtx4Invert, HasTheBitsOfTheDecomposition) {
@@ -179,11 +144,11 @@ TEST(Mtx4Invert, HasTheBitsOfTheDecomposition) {
             element = round % 2 == 0 ? random.normal() : random.integer(-2, 2);
             if (random.integer(0, 20) < round % 3) element = special[random.integer(0, 10)];
         }
-        Transform expected{};
-        const int status = invert_by_columns(m, expected.data());
-        Transform out = built([&](double* to) { return MTX4_invert(m.data(), to); }, status);
-        singular += status;
-        ASSERT_TRUE(status == 1 || std::equal(out.begin(), out.end(), expected.begin(), same))
+        Transform expected;
+        const bool done = solve_for_inverse(m, expected) == 0;
+        const auto out = built<Transform, 0>(done, MTX4_invert, m);
+        singular += !done;
+        ASSERT_TRUE(!done || std::equal(out.begin(), out.end(), expected.begin(), same))
             << testing::PrintToString(m);
     }
     EXPECT_GT(singular, rounds(10));
@@ -193,8 +158,8 @@ TEST(Mtx4IsEqual, ComparesElementsAndOrthonormality) {
     for (std::size_t i = 0; i < 16; ++i) {
         Transform a{}, b{};  // neither is orthonormal
         b[i] = -0.5;
-        EXPECT_EQ(MTX4_is_equal(a.data(), b.data(), 0.5), 1);
-        EXPECT_EQ(MTX4_is_equal(a.data(), b.data(), std::nextafter(0.5, 0)), 0) << i;
+        EXPECT_EQ(called(MTX4_is_equal, a, b, 0.5), 1);
+        EXPECT_EQ(called(MTX4_is_equal, a, b, std::nextafter(0.5, 0)), 0) << i;
     }
     Transform m = still;
     m[0] = 1 + 1.0e-13;
@@ -213,7 +178,7 @@ TEST(Mtx4IsEqual, ComparesElementsAndOrthonormality) {
 
 TEST(Mtx4Repair, ChangesTheBlockOnly) {
     const CheckingLevel on(1);
-    ReportRecorder recorder;
+    const ReportRecorder recorder;
     const Transform drifted = {1, 0, 1.0e-11, 3, 0, 1, 0, 5, 0, 0, 1, 7, 9, 11, 13, 15};
     const Transform repaired = {1, 0, 0, 3, 0, 1, 0, 5, 0, 0, 1, 7, 9, 11, 13, 15};
     for (const auto repair : {MTX4_ortho_normalize, MTX4_fixup}) {
@@ -221,14 +186,84 @@ TEST(Mtx4Repair, ChangesTheBlockOnly) {
         EXPECT_EQ(repair(m.data()), 1);
         EXPECT_EQ(m, repaired);
     }
-    Transform m = repaired;
-    EXPECT_EQ(MTX4_ortho_normalize(m.data()), 0);
-    EXPECT_EQ(recorder.take(), Reports{});
-    m[0] = 0;
-    m[2] = 1.0e-11;
-    EXPECT_EQ(MTX4_fixup(m.data()), 0);
-    EXPECT_EQ(m[2], 0) << "the block is written all the same";
-    EXPECT_EQ(recorder.take(), Reports{note("mtx3_privileged", "X vector of matrix is zero")});
+    EXPECT_EQ(MTX4_ortho_normalize(Transform(repaired).data()), 0);
+    EXPECT_EQ(recorder.reports(), Reports{});
+}
+
+using Fixed = std::pair<int, Matrix>;
+
+/// What the fix-up returns and makes of a block.
+Fixed fixed(const Matrix& m) {
+    Transform t = still;
+    for (std::size_t i = 0; i < 9; ++i)
+        t[i + i / 3] = m[i];
+    const int done = MTX4_fixup(t.data());
+    return {done, {t[0], t[1], t[2], t[4], t[5], t[6], t[8], t[9], t[10]}};
+}
+
+/// The log line and the note for an element that moved.
+void append_moved(Reports& reports, int index, double before, double after) {
+    char text[200];
+    std::snprintf(text, sizeof text, "Element %d of matrix modified from %25.15f to %25.15f", index,
+                  before, after);
+    reports.push_back(log_line("MTX3_fixup: " + std::string(text) + "\n"));
+    reports.push_back(note("mtx3_privileged", text));
+}
+
+TEST(Mtx4Fixup, SnapsElementsOfXAndYWithinTheTolerance) {
+    const ReportRecorder recorder;
+    const double edge = 1.0e-10;
+    const auto x_after = [](double first, double second) {
+        return row(fixed({first, second, 0, 0, 0, 1, 9, 9, 9}).second, 0);
+    };
+    EXPECT_EQ(x_after(1, -edge)[1], 0.0);
+    EXPECT_EQ(recorder.reports(), Reports{});  // not moved by more
+    EXPECT_EQ(x_after(1, std::nextafter(edge, 1))[1], std::nextafter(edge, 1));
+    EXPECT_EQ(x_after(1 - 0.99e-10, 0.5)[0], x_after(1, 0.5)[0]);
+    EXPECT_NE(x_after(1 - 1.01e-10, 0.5)[0], x_after(1, 0.5)[0]);
+    EXPECT_EQ(x_after(-1 - 0.99e-10, 0.5)[0], x_after(-1, 0.5)[0]);
+}
+
+TEST(Mtx4Fixup, MakesAFrameAndReportsWhatItMoved) {
+    Random random;
+    for (int round = 0; round < rounds(1000); ++round) {
+        const CheckingLevel checking(round % 2);
+        Matrix m = random_rotation(random);
+        const double drift = std::pow(10, random.uniform(-14, -2));
+        for (double& element : m)
+            element += drift * random.uniform(-1, 1);
+        const ReportRecorder recorder;
+        const auto [done, frame] = fixed(m);
+        ASSERT_EQ(done, 1);
+        ASSERT_LT(rotation_defect(frame), 2.0e-15);
+        ASSERT_LT(distance(frame, m), 1.0e-9 + 10 * drift);
+        Reports expected;
+        for (int i = 0; i < 6; ++i) {
+            const auto k = static_cast<std::size_t>(i);
+            if (std::fabs(frame[k] - m[k]) > 1.0e-10) append_moved(expected, i, m[k], frame[k]);
+        }
+        ASSERT_EQ(recorder.reports(), expected) << "made at every level";
+    }
+}
+
+TEST(Mtx4Fixup, StopsAtANullRowAndNotesItWhenChecking) {
+    const auto stop = [] {
+        EXPECT_EQ(fixed({1.0e-10, -1.0e-10, 0, 0, 1, 0, 0, 0, 1}),
+                  (Fixed{0, {0, 0, 0, 0, 1, 0, 0, 0, 1}}));
+        EXPECT_EQ(fixed({0, 2, 0, 0, 0, 1.0e-10, 0, 0, 1}),
+                  (Fixed{0, {0, 1, 0, 0, 0, 0, 0, 0, 1}}));
+    };
+    expect_reports_when_checking(stop, {note("mtx3_privileged", "X vector of matrix is zero"),
+                                        note("mtx3_privileged", "Y vector of matrix is zero")});
+}
+
+TEST(Mtx4Fixup, SucceedsWithoutAFrameWhereXAndYAreParallel) {
+    const ReportRecorder recorder;
+    EXPECT_EQ(fixed({0, 3, 0, 0, -2, 0, 0, 0, 1}), (Fixed{1, {0, 1, 0, 0, 0, 0, 0, 0, 0}}));
+    Reports expected;
+    append_moved(expected, 1, 3, 1);
+    append_moved(expected, 4, -2, 0);
+    EXPECT_EQ(recorder.reports(), expected);
 }
 
 }  // namespace

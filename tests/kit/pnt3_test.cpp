@@ -6,7 +6,8 @@
 #include <cmath>
 #include <vector>
 
-#include "support/session.h"
+#include "support/by_value.h"
+#include "support/shared_block.h"
 #include "support/vectors.h"
 #include "ztmath/acom.h"
 
@@ -17,8 +18,7 @@ using namespace ztmath_test;
 TEST(Pnt3Colinear, TakesOneToleranceForASquaredLengthAndASquaredSine) {
     const Vector a = {0, 4, 0};
     const auto colinear = [&](const Vector& c, double tolerance, const Vector& b = {1, 0, 0}) {
-        const Vector second = moved(b, 1, a), third = moved(c, 1, a);
-        return PNT3_is_colinear(a.data(), second.data(), third.data(), tolerance);
+        return called(PNT3_is_colinear, a, moved(b, 1, a), moved(c, 1, a), tolerance);
     };
     const double bend = 0.1;
     const Vector c = {1 + 10 * std::cos(bend), 10 * std::sin(bend), 0};
@@ -36,11 +36,7 @@ TEST(Pnt3Colinear, TakesOneToleranceForASquaredLengthAndASquaredSine) {
 }
 
 TEST(Pnt3ColinearCondition, RunsAlongTheLine) {
-    struct {
-        Vector c;
-        double tolerance;
-        int expected;
-    } const rows[] = {
+    const std::tuple<Vector, double, int> rows[] = {
         {{-1, 0, 0}, 1.0e-6, 2},     {{3, 0, 0}, 1.0e-6, 6},           {{0, 1, 0}, 1.0e-6, 1},
         {{1.0e-6, 0, 0}, 1.0e-6, 3}, {{1.1e-6, 0, 0}, 1.0e-6, 4},      {{1.5, 0, 0}, 0.5, 5},
         {{1, 0, 0}, 1, 3},           {{1.9e-3, 0.5e-3, 0}, 1.0e-5, 4},
@@ -48,21 +44,19 @@ TEST(Pnt3ColinearCondition, RunsAlongTheLine) {
     const Vector a = {0, 0, 8};
     const auto condition = [&](Vector b, Vector c, double tolerance) {
         b[2] = c[2] = 8;
-        return PNT3_colinear_condition(a.data(), b.data(), c.data(), tolerance);
+        return called(PNT3_colinear_condition, a, b, c, tolerance);
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(condition({2, 0, 0}, row.c, row.tolerance), row.expected)
-            << row.c[0] << ", " << row.c[1] << " within " << row.tolerance;
+    for (const auto& [c, tolerance, expected] : rows)
+        EXPECT_EQ(condition({2, 0, 0}, c, tolerance), expected) << c[0] << " within " << tolerance;
     EXPECT_EQ(condition(a, {2, 0, 0}, 1.0e-6), 6) << "a = b";
     EXPECT_EQ(condition({5, 0, 0}, {4, 3, 0}, 1), 6) << "as far from a as b is, and so not between";
     EXPECT_EQ(condition({5, 0, 0}, {1, 3, 0}, 1), 2);
 }
 
 TEST(Pnt3AskClosestPoint, DecidesTiesByTheAngleOffTheAxis) {
-    const double before = acom_.tolerances[ZTMATH_LENGTH_TOLERANCE];
+    const KeepBlock keep;
     acom_.tolerances[ZTMATH_LENGTH_TOLERANCE] = 0.125;
-    const Vector p = {0, 0, 8};
-    const Vector x = {2, 0, 0};
+    const Vector p = {0, 0, 8}, x = {2, 0, 0};
     const auto closest = [&](std::vector<Vector> points) {
         for (Vector& point : points)
             point = moved(point, 1, p);
@@ -72,11 +66,9 @@ TEST(Pnt3AskClosestPoint, DecidesTiesByTheAngleOffTheAxis) {
                                out.data());
         return moved(out, -1, p);
     };
-    const Vector untouched = {7, 7, 7};
     const Vector ahead = {-3, 0, 0};  // from here the way to p runs along the axis
-    const Vector beside = {0, 3, 0};
-    const Vector behind = {3, 0, 0};
-    EXPECT_EQ(closest({}), untouched);
+    const Vector beside = {0, 3, 0}, behind = {3, 0, 0};
+    EXPECT_EQ(closest({}), (Vector{7, 7, 7})) << "untouched";
     EXPECT_EQ(closest({behind, ahead, beside}), ahead);
     EXPECT_EQ(closest({beside, {0, -3, 0}, {0, 0, 3}}), beside) << "equal angles: the first";
     EXPECT_EQ(closest({behind, {-3.125, 0, 0}}), (Vector{-3.125, 0, 0})) << "a tie may be farther";
@@ -88,7 +80,6 @@ TEST(Pnt3AskClosestPoint, DecidesTiesByTheAngleOffTheAxis) {
     // Kept oddity: each tie is with the best so far, which may recede from the closest.
     EXPECT_EQ(closest({behind, {0, 3.125, 0}, {-3.25, 0, 0}}), (Vector{-3.25, 0, 0}));
     EXPECT_EQ(closest({{NAN, 0, 0}, beside})[1], 0) << "nothing is closer than what is no point";
-    acom_.tolerances[ZTMATH_LENGTH_TOLERANCE] = before;
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <numbers>
 #include <vector>
 
+#include "support/by_value.h"
 #include "support/vectors.h"
 #include "ztmath/mtx3.h"
 
@@ -15,9 +16,7 @@ using namespace ztmath_test;
 constexpr double pi = std::numbers::pi;
 
 Matrix matrix_of(const Vector& angles) {
-    Matrix m;
-    MTX3_init_roll_pitch_yaw(angles[0], angles[1], angles[2], m.data());
-    return m;
+    return written<Matrix>(MTX3_init_roll_pitch_yaw, angles[0], angles[1], angles[2]);
 }
 
 Vector angles_of(const Matrix& m) {
@@ -42,9 +41,7 @@ double turn_between(const Vector& a, const Vector& b) {
 }
 
 Matrix rotation_about(std::size_t axis, double angle) {
-    Matrix r;
-    MTX3_rot_about_axis(angle, row(identity, axis).data(), r.data());
-    return r;
+    return written<Matrix>(MTX3_rot_about_axis, angle, row(identity, axis));
 }
 
 TEST(RollPitchYaw, AreTurnsAboutXThenYThenZAndComeBack) {
@@ -89,8 +86,7 @@ TEST(RollPitchYaw, AtAPitchOfARightAngleGiveAllTheTurnToRoll) {
     for (const double up : {1.0, -1.0})
         for (const double turn : {0.0, 0.4, -2.5, 3.1}) {
             // m0 and m3 are exactly 0 here; m1 and m4 hold the difference or sum of roll and yaw.
-            const double s = std::sin(turn);
-            const double c = std::cos(turn);
+            const double s = std::sin(turn), c = std::cos(turn);
             const Vector angles = angles_of({0, s * up, c * up, 0, c, -s, -up, 0, 0});
             EXPECT_LT(turn_between(angles, {turn, up * pi / 2, 0}), 1.0e-14) << up << ' ' << turn;
         }
@@ -123,10 +119,7 @@ TEST(AllRollPitchYaw, HoldTheDirectOneAndReproduceTheMatrix) {
 }
 
 TEST(AllRollPitchYaw, StandInAFixedOrder) {
-    const struct {
-        Vector angles;
-        std::vector<Vector> all;
-    } rows[] = {
+    const std::pair<Vector, std::vector<Vector>> rows[] = {
         {{0.1, 0.2, 0.3}, {{0.1, 0.2, 0.3}, {pi + 0.1, pi - 0.2, pi + 0.3}}},
         {{pi / 2, 0.2, 0.3},
          {{pi / 2, 0.2, 0.3}, {-pi / 2, pi - 0.2, pi + 0.3}, {3 * pi / 2, pi - 0.2, pi + 0.3}}},
@@ -136,11 +129,11 @@ TEST(AllRollPitchYaw, StandInAFixedOrder) {
         {{2.7, -pi / 2, 0.2}, {{2.9, -pi / 2, 0}, {0, -pi / 2, 2.9}}},
         {{0.2, pi / 2, 0.2}, {{0, pi / 2, 0}}},  // both zero is one triple
     };
-    for (const auto& row : rows) {
-        const auto all = all_angles_of(matrix_of(row.angles));
-        ASSERT_EQ(all.size(), row.all.size()) << "row " << &row - rows;
+    for (const auto& [angles, expected] : rows) {
+        const auto all = all_angles_of(matrix_of(angles));
+        ASSERT_EQ(all.size(), expected.size()) << testing::PrintToString(angles);
         for (std::size_t i = 0; i < all.size(); ++i)
-            EXPECT_LT(distance(all[i], row.all[i]), 1.0e-9) << "row " << &row - rows;
+            EXPECT_LT(distance(all[i], expected[i]), 1.0e-9) << testing::PrintToString(angles);
     }
 }
 
@@ -153,8 +146,7 @@ TEST(AllRollPitchYaw, TestSixElementsWithinTheTolerance) {
         }
     EXPECT_EQ(all_angles_of({1, 1e-10, 0, 0, 1, 0, 0, 0, 1}).size(), 2U);
     // Pitch is taken as a right angle beyond a sine of 0.9999999999, itself not included.
-    const double edge = 0.9999999999;
-    const double cosine = std::sqrt(1 - edge * edge);
+    const double edge = 0.9999999999, cosine = std::sqrt(1 - edge * edge);
     Matrix m = {cosine, 0, edge, 0, 1, 0, -edge, 0, cosine};
     EXPECT_EQ(all_angles_of(m).size(), 2U);
     m[6] = -std::nextafter(edge, 1);

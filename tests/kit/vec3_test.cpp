@@ -6,8 +6,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "support/by_value.h"
 #include "support/reports.h"
-#include "support/session.h"
 #include "support/vectors.h"
 
 namespace {
@@ -17,22 +17,18 @@ using namespace ztmath_test;
 constexpr double pi = std::numbers::pi;
 
 TEST(Vec3Unitize, ComparesTheLengthAndMultipliesByItsReciprocal) {
-    const struct {
-        Vector u;
-        double tolerance, magnitude;
-    } rows[] = {
+    const std::tuple<Vector, double, double> rows[] = {
         {{1.0e-10, 0, 0}, 1.0e-10, 0},
         {{1.0e-10, 0, 0}, 0.99e-10, 1.0e-10},
         {{1, 2, 4.5}, 0, std::sqrt(25.25)},
     };
-    for (const auto& row : rows) {
+    for (const auto& [u, tolerance, expected] : rows) {
         double magnitude = 7;
         Vector unit = {7, 7, 7};
-        EXPECT_EQ(VEC3_unitize(row.u.data(), row.tolerance, &magnitude, unit.data()),
-                  row.magnitude > 0);
-        EXPECT_EQ(magnitude, row.magnitude);
+        EXPECT_EQ(VEC3_unitize(u.data(), tolerance, &magnitude, unit.data()), expected > 0);
+        EXPECT_EQ(magnitude, expected);
         for (std::size_t i = 0; i < 3; ++i)
-            EXPECT_EQ(unit[i], magnitude > 0 ? row.u[i] * (1.0 / magnitude) : 0.0);
+            EXPECT_EQ(unit[i], expected > 0 ? u[i] * (1.0 / expected) : 0.0);
     }
 }
 
@@ -58,20 +54,19 @@ TEST(Vec3, AssertsThatInputsAreFinite) {
 }
 
 TEST(Vec3Direction, ToleranceIsASineOrCosineAndNullVectorsPass) {
-    const Vector x = {2, 0, 0};
-    const Vector null = {0, 0.99e-10, 0};
+    const Vector x = {2, 0, 0}, null = {0, 0.99e-10, 0};
     const double angle = 0.01;
     const Vector tilted = {3 * std::cos(angle), 0, 3 * std::sin(angle)};
     const Vector across = {std::sin(angle), std::cos(angle), 0};
     for (const double factor : {1.000001, 0.999999}) {
         const double tolerance = std::sin(angle) * factor;
-        EXPECT_EQ(VEC3_is_parallel(x.data(), tilted.data(), tolerance), factor > 1);
-        EXPECT_EQ(VEC3_is_perpendicular(x.data(), across.data(), tolerance), factor > 1);
+        EXPECT_EQ(called(VEC3_is_parallel, x, tilted, tolerance), factor > 1);
+        EXPECT_EQ(called(VEC3_is_perpendicular, x, across, tolerance), factor > 1);
     }
-    EXPECT_EQ(VEC3_is_parallel(x.data(), Vector{-1, 0, 0}.data(), 0), 1);
-    EXPECT_EQ(VEC3_is_parallel(null.data(), x.data(), 0), 1);
-    EXPECT_EQ(VEC3_is_perpendicular(x.data(), null.data(), 0), 1);
-    EXPECT_EQ(VEC3_is_perpendicular(x.data(), Vector{0, 1, 0}.data(), 0), 1);
+    EXPECT_EQ(called(VEC3_is_parallel, x, Vector{-1, 0, 0}, 0), 1);
+    EXPECT_EQ(called(VEC3_is_parallel, null, x, 0), 1);
+    EXPECT_EQ(called(VEC3_is_perpendicular, x, null, 0), 1);
+    EXPECT_EQ(called(VEC3_is_perpendicular, x, Vector{0, 1, 0}, 0), 1);
 }
 
 TEST(Vec3AskPerpendicular, ZeroesTheLeastComponentWithItsTies) {
@@ -95,13 +90,8 @@ TEST(Vec3AskPerpendicular, ZeroesTheLeastComponentWithItsTies) {
 }
 
 TEST(Vec3AngleBetween, RunsCounterClockwiseAboutTheReference) {
-    const Vector x = {2, 0, 0};
-    const Vector up = {0, 0, 1.0e-3};
-    const Vector down = {0, 0, -50};
-    const struct {
-        Vector v, reference;
-        double angle;
-    } rows[] = {
+    const Vector x = {2, 0, 0}, up = {0, 0, 1.0e-3}, down = {0, 0, -50};
+    const std::tuple<Vector, Vector, double> rows[] = {
         {{0, 3, 0}, up, pi / 2},
         {{0, 3, 0}, down, 3 * pi / 2},
         {{-1, 0, 0}, down, pi},
@@ -110,15 +100,13 @@ TEST(Vec3AngleBetween, RunsCounterClockwiseAboutTheReference) {
         {{1, -1e-10, 0}, up, 0},
         {{1, -1.1e-10, 0}, up, 2 * pi - 1.1e-10},
     };
-    for (const auto& row : rows)
-        EXPECT_DOUBLE_EQ(VEC3_angle_between(x.data(), row.v.data(), row.reference.data()),
-                         row.angle)
-            << "row " << &row - rows;
+    for (const auto& [v, reference, angle] : rows)
+        EXPECT_DOUBLE_EQ(called(VEC3_angle_between, x, v, reference), angle)
+            << testing::PrintToString(v);
 }
 
 TEST(Vec3MakeTrihedral, SplitsAlongAndAcross) {
-    const Vector u = {1, 2, 3};
-    const Vector axis = {0, 0, 1};
+    const Vector u = {1, 2, 3}, axis = {0, 0, 1};
     Vector across, third, along;
     VEC3_make_trihedral(u.data(), axis.data(), across.data(), third.data(), along.data());
     EXPECT_EQ(across, (Vector{1, 2, 0}));

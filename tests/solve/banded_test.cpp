@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
-#include <limits>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -19,8 +19,6 @@ namespace {
 using namespace ztmath_test;
 using Matrix = std::vector<std::vector<double>>;
 using Vector = std::vector<double>;
-
-constexpr double nan_value = std::numeric_limits<double>::quiet_NaN();
 
 /// The error register: number and level.
 using Register = std::pair<int, int>;
@@ -135,33 +133,8 @@ TEST(Banded, ComputesEveryElementAsThePlainLoopsDo) {
     });
 }
 
-TEST(Banded, LeavesASmallResidualInALargeSystem) {
-    Random random;
-    System s(100000, 3);
-    s.fill(random);
-    for (int i = 0; i < s.n; ++i)
-        s.matrix[i][i] += 6.0;
-    std::vector<Vector> rows;
-    for (int i = 0; i < s.n; ++i)
-        rows.emplace_back(s.matrix[i] + s.first(i), s.matrix[i] + s.last(i) + 1);
-    const Vector b(s.b, s.b + s.n);
-    mdecompose_banded(s.matrix, s.n, s.bw);
-    msolve_banded(s.matrix, s.n, s.bw, s.b);
-    EXPECT_EQ(taken(), clear);
-    for (int i = 0; i < s.n; ++i) {
-        long double residual = -b[i];
-        long double size = std::fabs(b[i]);
-        for (int j = s.first(i); j <= s.last(i); ++j) {
-            const long double term = static_cast<long double>(rows[i][j - s.first(i)]) * s.b[j];
-            residual += term;
-            size += std::fabs(term);
-        }
-        ASSERT_LE(std::fabs(residual), 4 * std::numeric_limits<double>::epsilon() * size) << i;
-    }
-}
-
 TEST(Banded, TakesPivotsDownToAFixedSize) {
-    for (const double pivot : {-1.0e-15, 0.99e-15, -0.99e-15, nan_value}) {
+    for (const double pivot : {-1.0e-15, 0.99e-15, -0.99e-15, double{NAN}}) {
         const Register expected = std::fabs(pivot) < 1.0e-15 ? null_pivot : clear;
         System s(2, 1);
         s.matrix[0][0] = pivot;
@@ -229,17 +202,14 @@ std::pair<SYSS_outcome_t, bool> tried(int n, int bw, std::size_t limit = std::si
 }
 
 TEST(Banded, SetUpMakesAllOrNothing) {
-    const struct {
-        int n, bw, level_before;
-        Register after;
-        bool made;
-    } rows[] = {{0, 1, 0, {280, 4}, false},  {INT_MIN, 1, 0, {280, 4}, false},
-                {3, -1, 0, {280, 4}, false}, {3, INT_MIN, 0, {280, 4}, false},
-                {3, 1, 1, {77, 1}, false},   {1, 0, 0, {77, 0}, true}};
-    for (const auto& row : rows) {
-        merrorpush("before", 77, row.level_before);
-        EXPECT_EQ(tried(row.n, row.bw), (std::pair{SYSS_COMPLETED, row.made}));
-        EXPECT_EQ(taken(), row.after);
+    const std::tuple<int, int, int, Register, bool> rows[] = {
+        {0, 1, 0, {280, 4}, false},  {INT_MIN, 1, 0, {280, 4}, false},
+        {3, -1, 0, {280, 4}, false}, {3, INT_MIN, 0, {280, 4}, false},
+        {3, 1, 1, {77, 1}, false},   {1, 0, 0, {77, 0}, true}};
+    for (const auto& [n, bw, level_before, after, made] : rows) {
+        merrorpush("before", 77, level_before);
+        EXPECT_EQ(tried(n, bw), (std::pair{SYSS_COMPLETED, made}));
+        EXPECT_EQ(taken(), after);
         EXPECT_EQ(taken(), clear);
     }
     // Room for the block (224 bytes) and the pointers (88 bytes) alone, or not for the block.
@@ -272,21 +242,19 @@ TEST(Banded, DumpsRowsWithWhatThereIs) {
 }
 
 TEST(UniqueReals, CompareWithTheValueBefore) {
-    struct {
-        Vector values, kept;
-    } const rows[] = {
+    const Vector rows[][2] = {
         {{0.0, 0.9e-10, 1.8e-10, 2.7e-10, 3.6e-10}, {0.0}},
         {{0.0, 1e-10}, {0.0}},
         {{0.0, 1.01e-10}, {0.0, 1.01e-10}},
         {{1.0, 0.0, 1.0, 1.0, 0.0}, {1.0, 0.0, 1.0, 0.0}},
-        {{2.0, nan_value, 2.0, 3.0}, {2.0, 3.0}},
+        {{2.0, NAN, 2.0, 3.0}, {2.0, 3.0}},
     };
-    for (const auto& row : rows) {
+    for (const auto& [values, kept] : rows) {
         double* unique = nullptr;
         int count = -1;
-        get_unique_reals(row.values.data(), static_cast<int>(row.values.size()), &unique, &count);
-        EXPECT_EQ(Vector(unique, unique + count), row.kept);
-        EXPECT_EQ(SM_length(unique), row.values.size() * sizeof(double));
+        get_unique_reals(values.data(), static_cast<int>(values.size()), &unique, &count);
+        EXPECT_EQ(Vector(unique, unique + count), kept);
+        EXPECT_EQ(SM_length(unique), values.size() * sizeof(double));
         SM_free(unique);
     }
     for (const int n : {0, INT_MIN}) {

@@ -79,8 +79,7 @@ struct PlainJacobi {
             t = 1.0 / (std::fabs(theta) + std::sqrt(theta * theta + 1.0));
             if (theta < 0.0) t = -t;
         }
-        const double c = 1.0 / std::sqrt(t * t + 1.0);
-        const double s = t * c;
+        const double c = 1.0 / std::sqrt(t * t + 1.0), s = t * c;
         const double tau = s / (1.0 + c);
         const double shift = t * a(p, q);
         for (std::vector<double>* values : {&z, &d}) {
@@ -145,14 +144,11 @@ TEST(Jacobi, CountsSweepsAndReportsExhaustion) {
 TEST(GeneralizedEigen, SolvesThePencilWithVectorsOfLengthOneInB) {
     Random random;
     for (const int n : {1, 2, 4, 9}) {
-        const Matrix a = random_symmetric(random, n);
-        const Matrix b = random_definite(random, n, 0.5);
+        const Matrix a = random_symmetric(random, n), b = random_definite(random, n, 0.5);
         std::vector<double> values(n);
-        int rotations = -1;
-        int status = -1;
+        int rotations = -1, status = -1;
         // Vectors go into a new block, or into the caller's, which may be B itself.
-        Matrix first = b;
-        Matrix x = b;
+        Matrix first = b, x = b;
         for (const bool new_block : {true, false}) {
             Matrix work_a = a;
             x = b;
@@ -172,12 +168,9 @@ TEST(GeneralizedEigen, SolvesThePencilWithVectorsOfLengthOneInB) {
 }
 
 TEST(GeneralizedEigen, PassesOnThatBIsNotPositiveDefinite) {
-    Matrix a = identity(2);
-    Matrix b(2, 2, {4, 0, 0, 0});
-    double values[2];
-    double* block = nullptr;
-    int rotations = 7;
-    int status;
+    Matrix a = identity(2), b(2, 2, {4, 0, 0, 0});
+    double values[2], *block = nullptr;
+    int rotations = 7, status;
     NR_generalized_eigenvalues_symm(a.flat(), b.flat(), 2, 60, values, &block, &rotations, &status);
     EXPECT_EQ(status, 1);
     EXPECT_EQ(values[0], 2);
@@ -243,8 +236,7 @@ TEST(Cholesky, FactorInverseAndSolutionAgree) {
         EXPECT_LT(distance(l * inverse, identity(n)), 1e-12);
 
         // All unknowns but the first are those of the whole system; the first is that of L x = b.
-        Matrix b = random_matrix(random, n, 1);
-        Matrix x(n, 1);
+        Matrix b = random_matrix(random, n, 1), x(n, 1);
         NR_cholesky_solver(a.flat(), n, p.data(), b.flat(), x.flat());
         Matrix expected = transposed(inverse) * (inverse * b);
         expected(0, 0) = (inverse * b)(0, 0);
@@ -253,23 +245,19 @@ TEST(Cholesky, FactorInverseAndSolutionAgree) {
 }
 
 TEST(Cholesky, RefusesRemaindersBelowItsBound) {
-    const auto status_of = [](double last) {
+    for (const double last : {1e-10, std::nextafter(1e-10, 0.0)}) {
         Matrix a(2, 2, {1, 0, 0, last});
         double p[2];
         int status;
         NR_cholesky_decomp(2, a.flat(), p, &status);
-        return status;
-    };
-    EXPECT_EQ(status_of(1e-10), 0);
-    EXPECT_EQ(status_of(std::nextafter(1e-10, 0.0)), 1);
+        EXPECT_EQ(status, last < 1e-10);
+    }
 }
 
 TEST(MatrixHelpers, FillTransposeAndMultiplyInBothForms) {
     Random random;
-    Matrix a = random_matrix(random, 3, 4);
-    Matrix b = random_matrix(random, 4, 2);
-    Matrix product(3, 2);
-    Matrix flat_product(3, 2);
+    Matrix a = random_matrix(random, 3, 4), b = random_matrix(random, 4, 2);
+    Matrix product(3, 2), flat_product(3, 2);
     NR_2d_matrix_product_of_2(a.pointers(), b.pointers(), 3, 4, 2, product.pointers());
     NR_matrix_2d_as_1d_product_of_2(a.flat(), b.flat(), 3, 4, 2, flat_product.flat());
     EXPECT_EQ(flat_product, product);

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <functional>
 #include <stdexcept>
+#include <tuple>
 #include <vector>
 
 #include "ztmath/roots.h"
@@ -35,21 +36,16 @@ Found find(const Function& f, double x1, double x2, double tolerance) {
 }
 
 TEST(FunctionRoot, IsFoundFromEitherSideOfTheBracket) {
-    struct {
-        Function f;
-        double x1, x2, root;
-    } const rows[] = {
+    const std::tuple<Function, double, double, double> rows[] = {
         {[](double x) { return x * x - 2.0; }, 0.0, 2.0, std::sqrt(2.0)},
         {[](double x) { return std::cos(x) - x; }, -1.0, 3.0, 0.7390851332151607},
         {[](double x) { return std::atan(x - 0.25); }, -100.0, 90.0, 0.25},
     };
-    for (const auto& row : rows)
-        for (const bool reversed : {false, true}) {
-            const Found found =
-                find(row.f, reversed ? row.x2 : row.x1, reversed ? row.x1 : row.x2, 1e-12);
+    for (const auto& [f, x1, x2, root] : rows)
+        for (const Found& found : {find(f, x1, x2, 1e-12), find(f, x2, x1, 1e-12)}) {
             EXPECT_GE(found.iterations, 1);
             EXPECT_LE(found.iterations, 20);
-            EXPECT_NEAR(found.root, row.root, 2e-12);
+            EXPECT_NEAR(found.root, root, 2e-12);
         }
 }
 

@@ -13,7 +13,7 @@ namespace {
 
 using namespace ztmath_test;
 
-TEST(SolveThreeEquations, SolvesByCramersRule) {
+TEST(SolveThreeEquations, RefusesOnlyAnExactlyZeroDeterminant) {
     Random random;
     for (int round = 0; round < rounds(1000); ++round) {
         Matrix a = random_definite(random, 3, 0.1);
@@ -25,9 +25,6 @@ TEST(SolveThreeEquations, SolvesByCramersRule) {
         ASSERT_EQ(SOLVE_solve_3equations(a.flat(), rhs.flat(), x.flat()), 0);
         EXPECT_LT(distance(x, solution), 1e-10);
     }
-}
-
-TEST(SolveThreeEquations, RefusesOnlyAnExactlyZeroDeterminant) {
     const double b[3] = {1, 2, 3};
     double x[3] = {7, 7, 7};
     EXPECT_EQ(SOLVE_solve_3equations(Matrix(3, 3).flat(), b, x), 1);
@@ -114,10 +111,8 @@ TEST(LuDecomposition, ReportsAZeroRowAndReplacesAZeroPivot) {
 TEST(LuSubstitution, LeavesResidualsAtTheRoundingLevel) {
     Random random;
     for (const int n : {1, 2, 3, 4, 5, 6, 9, 33, 100}) {
-        const Matrix a = random_matrix(random, n, n);
-        const Matrix b = random_matrix(random, n, 3);
-        Matrix factors = a;
-        Matrix x = b;
+        const Matrix a = random_matrix(random, n, n), b = random_matrix(random, n, 3);
+        Matrix factors = a, x = b;
         ASSERT_EQ(SOLVE_lu_solver(factors.pointers(), x.pointers(), n, 3), 0);
         const double largest = distance(x, Matrix(n, 3));
         EXPECT_LT(distance(a * x, b), 1e-15 * n * n * largest) << "n = " << n;

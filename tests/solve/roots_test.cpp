@@ -9,11 +9,12 @@
 #include <functional>
 #include <limits>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "support/random.h"
 #include "support/reports.h"
-#include "support/session.h"
+#include "support/shared_block.h"
 #include "ztmath/acom.h"
 
 namespace {
@@ -21,22 +22,16 @@ namespace {
 using namespace ztmath_test;
 using Roots = std::vector<double>;
 
-constexpr double nan_value = std::numeric_limits<double>::quiet_NaN();
 constexpr double epsilon = std::numeric_limits<double>::epsilon();
-constexpr double fine = 1.0e-10;
-constexpr double coarse = 1.0e-4;
+constexpr double fine = 1.0e-10, coarse = 1.0e-4;
 
 /// Sets the number tolerance while it lives.
 class NumberTolerance {
   public:
-    explicit NumberTolerance(double value) : before_(word()) { word() = value; }
-    ~NumberTolerance() { word() = before_; }
-    NumberTolerance(const NumberTolerance&) = delete;
-    NumberTolerance& operator=(const NumberTolerance&) = delete;
+    explicit NumberTolerance(double value) { acom_.tolerances[ZTMATH_NUMBER_TOLERANCE] = value; }
 
   private:
-    static double& word() { return acom_.tolerances[ZTMATH_NUMBER_TOLERANCE]; }
-    double before_;
+    KeepBlock keep_;
 };
 
 constexpr double unwritten = 12345.0;
@@ -94,8 +89,7 @@ Roots expanded(const Factored& f, double leading) {
     for (const long double x : f.real)
         multiply(p, {-x, 1.0L});
     for (const auto& [re, im] : f.pairs) {
-        const long double a = re;
-        const long double b = im;
+        const long double a = re, b = im;
         multiply(p, {a * a + b * b, -2.0L * a, 1.0L});
     }
     return {p.begin(), p.end()};
@@ -103,8 +97,7 @@ Roots expanded(const Factored& f, double leading) {
 
 /// The residual at x in units of the running error of Horner's scheme at size |x| + margin.
 double relative_residual(const Roots& c, double x, double margin) {
-    long double value = 0.0L;
-    long double bound = 0.0L;
+    long double value = 0.0L, bound = 0.0L;
     for (std::size_t i = c.size(); i-- > 0;) {
         value = value * x + c[i];
         bound = bound * (std::fabs(x) + margin) + std::fabs(value);
@@ -126,15 +119,6 @@ Roots separated(Random& random, int count) {
     }
     return x;
 }
-
-/// Errors are relative to the largest root, the measure in which the closed forms are accurate;
-/// those of the iteration relative to each root.
-struct Class {
-    const char* name;
-    int lowest_degree;
-    double closed_error, iterated_error;
-    std::function<Factored(Random&, int degree)> make;
-};
 
 Factored with_copies(Random& random, int degree, int copies) {
     Factored f{separated(random, degree), {}};
@@ -182,7 +166,9 @@ Factored nearly_even(Random& random) {
     return {{mean + x, mean - x}, {{mean + off, random.uniform(0.5, 5.0)}}};
 }
 
-const Class classes[] = {
+/// With the lowest degree and the errors of both solvers: of the closed forms relative to the
+/// largest root, the measure in which they are accurate, of the iteration relative to each root.
+const std::tuple<const char*, int, double, double, Factored (*)(Random&, int degree)> classes[] = {
     {"separated", 2, 1e-11, 1e-11, [](Random& r, int d) { return with_pairs(r, d, 0); }},
     {"complex pair", 2, 1e-9, 1e-10, [](Random& r, int d) { return with_pairs(r, d, 1); }},
     {"two complex pairs", 4, 0.0, 0.0, [](Random& r, int d) { return with_pairs(r, d, 2); }},
@@ -213,14 +199,14 @@ void expect_near(Roots found, Roots expected, double error, double largest) {
 TEST(PolynomialRoots, OfKnownRootsAreFoundWithTheirNumber) {
     const NumberTolerance tolerance(fine);
     Random random;
-    for (const Class& c : classes)
-        for (int degree = c.lowest_degree; degree <= 4; ++degree)
+    for (const auto& [name, lowest_degree, closed_error, iterated_error, make] : classes)
+        for (int degree = lowest_degree; degree <= 4; ++degree)
             for (int round = 0; round < rounds(300); ++round) {
-                const Factored f = c.make(random, degree);
+                const Factored f = make(random, degree);
                 const Roots coeffs = expanded(f, round % 2 == 0 ? 1.0 : -2.5);
                 const Roots by_form = closed(coeffs);
                 const Roots by_iteration = iterated(coeffs);
-                SCOPED_TRACE(std::string(c.name) + ", coefficients " +
+                SCOPED_TRACE(std::string(name) + ", coefficients " +
                              ::testing::PrintToString(coeffs));
                 ASSERT_EQ(by_form.size(), f.real.size());
                 ASSERT_EQ(by_iteration.size(), f.real.size());
@@ -230,8 +216,8 @@ TEST(PolynomialRoots, OfKnownRootsAreFoundWithTheirNumber) {
                               degree == 3 ? 1000.0 : 20.0);
                 for (const double x : by_iteration)
                     EXPECT_LT(relative_residual(coeffs, x, 0.0), 2.0);
-                expect_near(by_form, f.real, c.closed_error, f.largest());
-                expect_near(by_iteration, f.real, c.iterated_error, 0.0);
+                expect_near(by_form, f.real, closed_error, f.largest());
+                expect_near(by_iteration, f.real, iterated_error, 0.0);
                 ASSERT_FALSE(HasFailure());
             }
 }
@@ -288,8 +274,7 @@ TEST(ClosedForms, GiveExactRootsInTheirOrder) {
 
 TEST(ClosedForms, TakeCoefficientsForZeroUpToPowersOfTheTolerance) {
     const NumberTolerance tolerance(coarse);
-    const double cube = coarse * coarse * coarse;
-    const double fourth = cube * coarse;
+    const double cube = coarse * coarse * coarse, fourth = cube * coarse;
     const Roots rows[][2] = {
         {{6, -2, coarse}, {3}},
         {{6, -2, -coarse}, {3}},
@@ -356,14 +341,11 @@ TEST(Polynomial, LeavesPointsWithoutDirectionAndDropsLeadingCoefficientsUpToTheT
     const NumberTolerance tolerance(coarse);
     const CheckingLevel on(1);
     const ReportRecorder recorder;
-    const struct {
-        Roots coeffs;
-        std::size_t count;
-    } rows[] = {{{-1, 0, 0, 1}, 1},   {{1, 0, 0, 0, 1}, 0},     {{-1, 0, 0, 0, 1}, 2},
-                {{-6, 2, coarse}, 1}, {{-6, 2, 2 * coarse}, 2}, {{5, coarse}, 0},
-                {{0, 0, 0}, 0}};
-    for (const auto& row : rows)
-        EXPECT_EQ(iterated(row.coeffs).size(), row.count) << "row " << &row - rows;
+    const std::pair<Roots, std::size_t> rows[] = {
+        {{-1, 0, 0, 1}, 1},       {{1, 0, 0, 0, 1}, 0}, {{-1, 0, 0, 0, 1}, 2}, {{-6, 2, coarse}, 1},
+        {{-6, 2, 2 * coarse}, 2}, {{5, coarse}, 0},     {{0, 0, 0}, 0}};
+    for (const auto& [coeffs, count] : rows)
+        EXPECT_EQ(iterated(coeffs).size(), count) << testing::PrintToString(coeffs);
     EXPECT_EQ(SOLVE_polynomial(-3, nullptr, nullptr), 0);
     // From 0 on the nearest root is found first, and stands last.
     const Roots x = iterated(expanded({{-0.75, 1.5, 4}, {}}, 1.0));
@@ -384,7 +366,7 @@ TEST(Polynomial, ReportsTooLargeDegreesAndIterationsThatDoNotEndOnlyWhenChecking
         EXPECT_EQ(iterated({1, 2, 3, 4, 5, 6, 7}), Roots{});
         EXPECT_EQ(iterated({24, -50, 35, -10, 1, coarse}).size(), 4u);
         EXPECT_EQ(recorder.take(), level > 0 ? (Reports{first, second, first}) : Reports{});
-        EXPECT_EQ(iterated({1.0, nan_value, 1.0}), Roots{});
+        EXPECT_EQ(iterated({1.0, NAN, 1.0}), Roots{});
         EXPECT_EQ(recorder.take(), Reports(4 * level, endless));
     }
 }

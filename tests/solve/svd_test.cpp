@@ -33,9 +33,8 @@ struct Factors {
 TEST(SvdDecompose, FactorsAreOrthogonalAndGiveTheMatrixBack) {
     Random random;
     ReportRecorder recorder;
-    const std::pair<int, int> shapes[] = {{1, 1},   {5, 1},   {3, 3},  {7, 3},
-                                          {10, 10}, {40, 17}, {60, 60}};
-    for (const auto& [m, n] : shapes) {
+    for (const auto& [m, n] :
+         {std::pair{1, 1}, {5, 1}, {3, 3}, {7, 3}, {10, 10}, {40, 17}, {60, 60}}) {
         const Matrix a = random_matrix(random, m, n);
         const Factors f(a);
         const double bound = 1e-14 * (m + n);
@@ -112,17 +111,14 @@ TEST(SvdSolver, KeepsSingularValuesStrictlyAboveTheThreshold) {
     EXPECT_EQ(x[0], 0.0);
 }
 
-TEST(SvdSolver, EmptySystemsAndSizesBeyondMemoryEnd) {
+TEST(SvdSolver, SizesBeyondMemoryEnd) {
     const auto solve = [](void* n) {
         SOLVE_svd_solver(nullptr, *static_cast<int*>(n), static_cast<int*>(n), nullptr, nullptr);
     };
-    ReportRecorder quiet;
-    for (const int size : {0, 2'000'000'000}) {
-        int n = size;
-        EXPECT_EQ(SYSS_call_guarded(solve, &n, nullptr),
-                  size > 0 ? SYSS_OUT_OF_MEMORY : SYSS_COMPLETED);
-        EXPECT_EQ(n, size);
-    }
+    const ReportRecorder quiet;
+    int n = 2'000'000'000;
+    EXPECT_EQ(SYSS_call_guarded(solve, &n, nullptr), SYSS_OUT_OF_MEMORY);
+    EXPECT_EQ(n, 2'000'000'000);
 }
 
 }  // namespace

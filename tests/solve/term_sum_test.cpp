@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 namespace {
 
@@ -36,8 +35,7 @@ TEST(TermSum, KnowsTheSizeOfItsTerms) {
     EXPECT_FALSE(is_insignificant({-6e-16, 1.0}, 5e-16));
     EXPECT_TRUE(is_insignificant(sum_by_magnitude({0.0, 0.0, 0.0}), 5e-16));
 
-    const double nan_value = std::numeric_limits<double>::quiet_NaN();
-    const TermSum nothing = sum_by_magnitude({1.0, nan_value, 2.0});
+    const TermSum nothing = sum_by_magnitude({1.0, NAN, 2.0});
     EXPECT_TRUE(std::isnan(nothing.value));
     EXPECT_FALSE(is_insignificant(nothing, 1.0));
     EXPECT_TRUE(std::isnan(sum_by_magnitude({HUGE_VAL, 1.0, -HUGE_VAL}).value));

@@ -1,0 +1,43 @@
+// Calls of the interface with arrays by value.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "support/rotation.h"
+
+namespace ztmath_test {
+
+/// What a call is passed for a value: of an array its address.
+template <class Value>
+auto passed(const Value& value) {
+    if constexpr (requires { value.data(); })
+        return value.data();
+    else
+        return value;
+}
+
+template <class Function, class... Values>
+auto called(Function function, const Values&... values) {
+    return function(passed(values)...);
+}
+
+/// The array that a call writes behind its arguments.
+template <class Out = Vector, class Function, class... Values>
+Out written(Function function, const Values&... values) {
+    Out out;
+    function(passed(values)..., out.data());
+    return out;
+}
+
+/// The same of a call that tells success; one that fails must leave the array.
+template <class Out, int success, class Function, class... Values>
+Out built(bool expected, Function function, const Values&... values) {
+    Out untouched;
+    untouched.fill(7);
+    Out out = untouched;
+    EXPECT_EQ(function(passed(values)..., out.data()), expected ? success : 1 - success);
+    EXPECT_EQ(out != untouched, expected);
+    return out;
+}
+
+}  // namespace ztmath_test

@@ -170,12 +170,13 @@ TEST(ArcSplinePredicates, Intervals) {
                                {10, 189, 360, 1}, {1, 2, 1e-10, 0}};
     for (const auto& [a, b, period, answer] : pairs)
         EXPECT_EQ(ARC_SPLINE_ask_is_pair_in_order(a, b, period), answer) << a << ' ' << b;
+    const double inf = HUGE_VAL;
     const double cases[][5] = {
         {1, 0, 2, 0, 1},  {5e-11, 0, 2, 0, 1},   {-5e-11, 0, 2, 0, 11}, {2, 0, 2, 0, 12},
         {3, 0, 2, 0, 0},  {1, 2, 0, 0, 0},       {1, 0, 2, 9, 1},       {7, 6, 2, 9, 1},
         {0, 6, 2, 9, 1},  {9, 6, 2, 9, 1},       {1, 6, 2, 9, 1},       {2, 6, 2, 9, 12},
         {6, 6, 2, 9, 11}, {3, 6, 2, 9, 0},       {-1, 6, 2, 9, 0},      {10, 6, 2, 9, 0},
-        {5, 2, 2, 9, 0},  {-1e-10, 0, 2, 0, 11}, {0, 6, 2, 1e-10, 0}};
+        {5, 2, 2, 9, 0},  {-1e-10, 0, 2, 0, 11}, {0, 6, 2, 1e-10, 0},   {inf, 6, 2, inf, 0}};
     for (const auto& [t, a, b, period, answer] : cases)
         EXPECT_EQ(ARC_SPLINE_ask_is_parm_in_interval(t, a, b, period), answer) << t << ' ' << a;
     EXPECT_EQ(ARC_SPLINE_ask_sign_of_var(-1e-10, 1e-10), 0);
@@ -188,23 +189,20 @@ struct Rays {
     Rays(const Pair& p1, const Pair& way_1, const Pair& p2, const Pair& way_2, double tol = 1e-9) {
         const double tols[] = {tol, 1e-7};
         int status = 9;
-        Pair d1, d2;  // made unit by every call, each of which is given them anew
-        const auto given = [](Pair& d, const Pair& way) { return (d = way).data(); };
-        ARC_SPLINE_ask_isosceles_to_pt_2d(p1.data(), given(d1, way_1), p2.data(), given(d2, way_2),
-                                          0, tols, apex.data(), parms.data(), iso_1.data(),
-                                          iso_2.data(), sides, &status);
-        alike = ARC_SPLINE_ask_are_two_rays_homodromic_2d(p1.data(), given(d1, way_1), p2.data(),
-                                                          given(d2, way_2), 0, 1, tols,
-                                                          again.data(), &status);
-        ARC_SPLINE_ask_bisector_of_angle_2d(p1.data(), given(d1, way_1), p2.data(),
-                                            given(d2, way_2), 0, tols, middle.data(), first.data(),
-                                            &status);
-        ARC_SPLINE_ask_bisector_of_angle_2d(p1.data(), given(d1, way_1), p2.data(),
-                                            given(d2, way_2), 0, tols, middle.data(),
+        // Made unit by every call, each of which is given them anew.
+        Pair d1, d2;
+        const auto a = [&] { return (d1 = way_1).data(); };
+        const auto b = [&] { return (d2 = way_2).data(); };
+        ARC_SPLINE_ask_isosceles_to_pt_2d(p1.data(), a(), p2.data(), b(), 0, tols, apex.data(),
+                                          parms.data(), iso_1.data(), iso_2.data(), sides, &status);
+        alike = ARC_SPLINE_ask_are_two_rays_homodromic_2d(p1.data(), a(), p2.data(), b(), 0, 1,
+                                                          tols, again.data(), &status);
+        ARC_SPLINE_ask_bisector_of_angle_2d(p1.data(), a(), p2.data(), b(), 0, tols, middle.data(),
+                                            first.data(), &status);
+        ARC_SPLINE_ask_bisector_of_angle_2d(p1.data(), a(), p2.data(), b(), 0, tols, middle.data(),
                                             bisector.data(), nullptr);
-        ARC_SPLINE_ask_convexities_of_tri_arc_2d(p1.data(), given(d1, way_1), p2.data(),
-                                                 given(d2, way_2), 0, tols, turns, &longer,
-                                                 &status);
+        ARC_SPLINE_ask_convexities_of_tri_arc_2d(p1.data(), a(), p2.data(), b(), 0, tols, turns,
+                                                 &longer, &status);
     }
     Pair apex{}, parms{}, again{}, iso_1{}, iso_2{}, middle{}, first{}, bisector{};
     int sides[2], alike, turns[2];

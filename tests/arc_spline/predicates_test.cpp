@@ -114,14 +114,15 @@ TEST(ArcSplinePredicates, Quadratics) {
         EXPECT_NEAR(static_cast<double>(roots[1] / (d < 0 ? way : k0 / (k2 * far))), 1, slack);
     }
     const double cases[][7] = {
-        {0, 0, 0, 0, -3, 9, 9},          {0, 0, 1, 0, 0, 9, 9},
-        {0.9e-12, 2, -4, 0, 1, 2, 2},    {-1, 0, -1, 0, -2, 0, -1},
-        {1, 0, 2e-25, 0, 2, 0, 0},       {1e-11, 0, -1e-11, 0, 2, -1, 1},
-        {4, -8, 4, 0, 2, 1, 1},          {1e-11, 0, -1e-11, 1, 2, -1, 1},
-        {1e-13, 0, -1e-13, 1, -3, 9, 9}, {4, 3e-12, 0, 0, 2, 0, -7.5e-13},
-        {2, 2e-12, 0, 0, 2, -1e-12, 0},  {1e-12, 0, 0, 1, 2, 0, 0},
-        {1e-12, 0, -1e-12, 0, 2, -1, 1}, {0, 1e-12, -1e-12, 0, 1, 1, 1},
-        {0, 0, 1e-12, 0, 0, 9, 9},       {0.25, 0, -1e-24, 0, 2, -2e-12, 2e-12}};
+        {0, 0, 0, 0, -3, 9, 9},           {0, 0, 1, 0, 0, 9, 9},
+        {0.9e-12, 2, -4, 0, 1, 2, 2},     {-1, 0, -1, 0, -2, 0, -1},
+        {1, 0, 2e-25, 0, 2, 0, 0},        {1e-11, 0, -1e-11, 0, 2, -1, 1},
+        {4, -8, 4, 0, 2, 1, 1},           {1e-11, 0, -1e-11, 1, 2, -1, 1},
+        {1e-13, 0, -1e-13, 1, -3, 9, 9},  {4, 3e-12, 0, 0, 2, 0, -7.5e-13},
+        {2, 2e-12, 0, 0, 2, -1e-12, 0},   {1e-12, 0, 0, 1, 2, 0, 0},
+        {1e-12, 0, -1e-12, 0, 2, -1, 1},  {0, 1e-12, -1e-12, 0, 1, 1, 1},
+        {0, 0, 1e-12, 0, 0, 9, 9},        {0.25, 0, -1e-24, 0, 2, -2e-12, 2e-12},
+        {1e-13, 0, -6.4e-12, 1, 2, -8, 8}};
     for (const auto& [k2, k1, k0, normalise, found, x1, x2] : cases) {
         EXPECT_EQ(solve(k2, k1, k0, static_cast<int>(normalise)), found);
         expect_near(roots, {x1, x2}, 1e-14);
@@ -169,12 +170,13 @@ TEST(ArcSplinePredicates, Intervals) {
                                {10, 189, 360, 1}, {1, 2, 1e-10, 0}};
     for (const auto& [a, b, period, answer] : pairs)
         EXPECT_EQ(ARC_SPLINE_ask_is_pair_in_order(a, b, period), answer) << a << ' ' << b;
+    const double inf = HUGE_VAL;
     const double cases[][5] = {
         {1, 0, 2, 0, 1},  {5e-11, 0, 2, 0, 1},   {-5e-11, 0, 2, 0, 11}, {2, 0, 2, 0, 12},
         {3, 0, 2, 0, 0},  {1, 2, 0, 0, 0},       {1, 0, 2, 9, 1},       {7, 6, 2, 9, 1},
         {0, 6, 2, 9, 1},  {9, 6, 2, 9, 1},       {1, 6, 2, 9, 1},       {2, 6, 2, 9, 12},
         {6, 6, 2, 9, 11}, {3, 6, 2, 9, 0},       {-1, 6, 2, 9, 0},      {10, 6, 2, 9, 0},
-        {5, 2, 2, 9, 0},  {-1e-10, 0, 2, 0, 11}, {0, 6, 2, 1e-10, 0}};
+        {5, 2, 2, 9, 0},  {-1e-10, 0, 2, 0, 11}, {0, 6, 2, 1e-10, 0},   {inf, 6, 2, inf, 0}};
     for (const auto& [t, a, b, period, answer] : cases)
         EXPECT_EQ(ARC_SPLINE_ask_is_parm_in_interval(t, a, b, period), answer) << t << ' ' << a;
     EXPECT_EQ(ARC_SPLINE_ask_sign_of_var(-1e-10, 1e-10), 0);
@@ -187,23 +189,20 @@ struct Rays {
     Rays(const Pair& p1, const Pair& way_1, const Pair& p2, const Pair& way_2, double tol = 1e-9) {
         const double tols[] = {tol, 1e-7};
         int status = 9;
-        Pair d1, d2;  // made unit by every call, each of which is given them anew
-        const auto given = [](Pair& d, const Pair& way) { return (d = way).data(); };
-        ARC_SPLINE_ask_isosceles_to_pt_2d(p1.data(), given(d1, way_1), p2.data(), given(d2, way_2),
-                                          0, tols, apex.data(), parms.data(), iso_1.data(),
-                                          iso_2.data(), sides, &status);
-        alike = ARC_SPLINE_ask_are_two_rays_homodromic_2d(p1.data(), given(d1, way_1), p2.data(),
-                                                          given(d2, way_2), 0, 1, tols,
-                                                          again.data(), &status);
-        ARC_SPLINE_ask_bisector_of_angle_2d(p1.data(), given(d1, way_1), p2.data(),
-                                            given(d2, way_2), 0, tols, middle.data(), first.data(),
-                                            &status);
-        ARC_SPLINE_ask_bisector_of_angle_2d(p1.data(), given(d1, way_1), p2.data(),
-                                            given(d2, way_2), 0, tols, middle.data(),
+        // Made unit by every call, each of which is given them anew.
+        Pair d1, d2;
+        const auto a = [&] { return (d1 = way_1).data(); };
+        const auto b = [&] { return (d2 = way_2).data(); };
+        ARC_SPLINE_ask_isosceles_to_pt_2d(p1.data(), a(), p2.data(), b(), 0, tols, apex.data(),
+                                          parms.data(), iso_1.data(), iso_2.data(), sides, &status);
+        alike = ARC_SPLINE_ask_are_two_rays_homodromic_2d(p1.data(), a(), p2.data(), b(), 0, 1,
+                                                          tols, again.data(), &status);
+        ARC_SPLINE_ask_bisector_of_angle_2d(p1.data(), a(), p2.data(), b(), 0, tols, middle.data(),
+                                            first.data(), &status);
+        ARC_SPLINE_ask_bisector_of_angle_2d(p1.data(), a(), p2.data(), b(), 0, tols, middle.data(),
                                             bisector.data(), nullptr);
-        ARC_SPLINE_ask_convexities_of_tri_arc_2d(p1.data(), given(d1, way_1), p2.data(),
-                                                 given(d2, way_2), 0, tols, turns, &longer,
-                                                 &status);
+        ARC_SPLINE_ask_convexities_of_tri_arc_2d(p1.data(), a(), p2.data(), b(), 0, tols, turns,
+                                                 &longer, &status);
     }
     Pair apex{}, parms{}, again{}, iso_1{}, iso_2{}, middle{}, first{}, bisector{};
     int sides[2], alike, turns[2];

@@ -105,6 +105,7 @@ TEST(ArcSplinePrimitives, PointsAndCirclesAgainstCircles) {
             ARC_SPLINE_ask_power_of_a_point_3d(Vector{0, 1, y}.data(), Vector{0, 1, 0}.data(), 4),
             y * y - 16, 1e-14);
     }
+    EXPECT_EQ(ARC_SPLINE_ask_where_is_pt_wrt_circle_2d(Pair{4, 0}.data(), &circle, NAN), 1);
     for (const double r : {3.0, 2.0})  // a power of twice the tolerance's square is none yet
         EXPECT_EQ(
             ARC_SPLINE_ask_where_is_pt_wrt_circle_2d(Pair{r, r}.data(), &circle, r == 3 ? 1 : 2),

@@ -98,8 +98,7 @@ TEST(ArcSplineSegments, TrimmingThatFailsLeavesTheSegment) {
     EXPECT_EQ(trim(&s, {0, 2}), 1);     // the centre
     EXPECT_EQ(trim(&s, {1e-7, 1}), 3);  // to the start
     expect_equal(s, before);
-    for (const int way :
-         {-1, 0, 1}) {  // behind and ahead, too little to have a direction of its own
+    for (const int way : {-1, 0, 1}) {  // too little ahead to have a direction of its own
         s = made_straight({0, 0}, {1, 0});
         EXPECT_EQ(trim(&s, {way * 1e-11, 3}), 0);
         const double angle = way < 0 ? 180 : 0;

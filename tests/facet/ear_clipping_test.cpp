@@ -118,7 +118,9 @@ TEST(EarClipping, AssertsTheCountOfTriangles) {
 TEST(EarClipping, EndsSoonOnLargePolygons) {
     const int n = rounds(50'000);
     const Frame flat({0, 0, 0}, identity);
-    for (const Polygon& p : {monotone_polygon(n, 2), densified(star_polygon(300, 2), n)}) {
+    const int full = 64 * 128;  // bits and words that fill the index of corners to its end
+    for (const Polygon& p :
+         {monotone_polygon(n, 2), densified(star_polygon(300, 2), n), star_polygon(full, 2)}) {
         const std::vector<int> triangles = clipping(lifted(p, flat), {0, 0, 1});
         long double area = 0;
         for (std::size_t t = 0; t < triangles.size(); t += 3)

@@ -145,6 +145,8 @@ TEST(AllRollPitchYaw, TestSixElementsWithinTheTolerance) {
             EXPECT_EQ(all_angles_of(m).size(), std::fabs(off) < 1.0e-10 ? 2U : 0U) << i;
         }
     EXPECT_EQ(all_angles_of({1, 1e-10, 0, 0, 1, 0, 0, 0, 1}).size(), 2U);
+    const double upmost = 1 - 1e-14, rest = std::cos(std::asin(upmost));  // itself no right angle
+    EXPECT_EQ(all_angles_of({0, upmost, rest, 0, rest, -upmost, -1, 0, 0}).size(), 2U);
     // Pitch is taken as a right angle beyond a sine of 0.9999999999, itself not included.
     const double edge = 0.9999999999, cosine = std::sqrt(1 - edge * edge);
     Matrix m = {cosine, 0, edge, 0, 1, 0, -edge, 0, cosine};

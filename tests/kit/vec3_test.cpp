@@ -70,17 +70,12 @@ TEST(Vec3Direction, ToleranceIsASineOrCosineAndNullVectorsPass) {
 }
 
 TEST(Vec3AskPerpendicular, ZeroesTheLeastComponentWithItsTies) {
+    const double below = std::nextafter(1e-10, 0);  // the squared length of the last is 1e-20
     const Vector rows[][2] = {
-        {{1, 2, 3}, {0, 3, -2}},
-        {{2, 1, 3}, {3, 0, -2}},
-        {{1, 1, 1}, {1, -1, 0}},
-        {{3, 1, 1}, {-1, 3, 0}},
-        {{1, 3, 1}, {3, -1, 0}},
-        {{1, 1, 3}, {3, 0, -1}},
-        {{0, 2, 2}, {0, -2, 2}},
-        {{2, 0, -2}, {2, 0, 2}},
-        {{-2, 3, -1}, {3, 2, 0}},
-        {{std::nextafter(1e-10, 0), 8.68e-19, 0}, {0, 0, 0}},  // whose squared length is 1e-20
+        {{1, 2, 3}, {0, 3, -2}},           {{2, 1, 3}, {3, 0, -2}}, {{1, 1, 1}, {1, -1, 0}},
+        {{3, 1, 1}, {-1, 3, 0}},           {{1, 3, 1}, {3, -1, 0}}, {{1, 1, 3}, {3, 0, -1}},
+        {{0, 2, 2}, {0, -2, 2}},           {{2, 0, -2}, {2, 0, 2}}, {{-2, 3, -1}, {3, 2, 0}},
+        {{below, 8.68e-19, 0}, {0, 0, 0}},
     };
     for (const auto& [u, expected] : rows) {
         Vector out;

@@ -62,6 +62,8 @@ TEST(SvdDecompose, NotesMissingRowsAndWhatCannotConverge) {
     for (int i = 0; i < 3; ++i)
         EXPECT_NEAR(f.sorted()[i], padded[i], 1e-12);
     EXPECT_EQ(f.u(2, 2), 1.0);  // the diagonal of the missing row is counted up like any other
+    EXPECT_EQ(Factors({3, 3, {1, 2, 3, 4, 5, 6, 0, 0, 5}}, 2).u(2, 2), 6.0);
+    recorder.take();
 
     Factors({3, 3, {1, 2, 3, 4, std::nan(""), 6, 7, 8, 10}});
     const Reports reports = recorder.take();

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 
 #include "support/by_value.h"
@@ -47,19 +46,10 @@ TEST(Mtx3Frames, KeepTheDirectionsTheyAreBuiltFrom) {
         ASSERT_EQ(row(of_x, 0), row(of_x_y, 0));
         ASSERT_EQ(row(of_z, 2), row(of_y_z, 2));
 
-        const Vector unit_x = row(of_x, 0);
-        const Vector across = written(VEC3_ask_perpendicular, unit_x);
+        const Vector across = written(VEC3_ask_perpendicular, row(of_x, 0));
         ASSERT_LT(distance(row(of_x, 1), unit_of(across)), 1.0e-15);
     }
     EXPECT_EQ(recorder.reports(), Reports{});
-}
-
-/// A frame of the plane in the first four elements.
-int init_plane(const double* x, const double* y, double* m) {
-    std::array<double, 4> frame;
-    const int done = MTX2_init(x, y, frame.data());
-    if (done) std::copy(frame.begin(), frame.end(), m);
-    return done;
 }
 
 TEST(Mtx3Frames, AcceptDirectionsThatArePerpendicularWithinTheTolerance) {
@@ -72,7 +62,7 @@ TEST(Mtx3Frames, AcceptDirectionsThatArePerpendicularWithinTheTolerance) {
                                            {{0, up(1.0e-10), 0}, 1},
                                            {null, 0}};
     for (const auto& [y, accepted] : rows) {
-        for (const auto build : {MTX3_init, MTX3_init_y_z, init_plane}) {
+        for (const auto build : {MTX3_init, MTX3_init_y_z, MTX2_init}) {
             built<Matrix, 1>(accepted, build, x, y);
             built<Matrix, 1>(accepted, build, y, x);
         }

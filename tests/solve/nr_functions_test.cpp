@@ -107,25 +107,23 @@ TEST(Amoeba, FindsTheMinimumInAnyDimension) {
 
 /// From (0, 0), (1, 0) and (0, 1) with the values 0, 1 and 2, by the value across from the worst.
 TEST(Amoeba, ReflectsExpandsContractsAndShrinks) {
-    const struct {
-        double across;
+    const std::pair<double, std::vector<Vector>> rows[] = {
+        {9, {{1, -1}, {0.25, 0.5}, {0.5, 0}, {0, 0.5}}},
+        {1.5, {{1, -1}, {0.75, -0.5}}},
+        {0.5, {{1, -1}}},
+        {-1, {{1, -1}, {1.5, -2}}}};
+    for (const auto& [across, expected] : rows) {
         std::vector<Vector> tried;
-    } cases[] = {{9, {{1, -1}, {0.25, 0.5}, {0.5, 0}, {0, 0.5}}},
-                 {1.5, {{1, -1}, {0.75, -0.5}}},
-                 {0.5, {{1, -1}}},
-                 {-1, {{1, -1}, {1.5, -2}}}};
-    for (const auto& c : cases) {
-        std::vector<Vector> tried;
-        const auto f = [&](const Vector& x) {
+        const auto f = [&, value = across](const Vector& x) {
             tried.push_back(x);
-            if (x == Vector{1, -1}) return c.across;
+            if (x == Vector{1, -1}) return value;
             return x[0] + x[1] == x[0] * x[0] + x[1] * x[1] ? x[0] + 2 * x[1] : 9;  // a corner
         };
         Simplex s(f, {0, 0}, 1);
         tried.clear();
-        EXPECT_EQ(s.minimise(0, static_cast<int>(c.tried.size())), 1);
-        tried.resize(c.tried.size());  // the others are looked at by the check of what is left
-        EXPECT_EQ(tried, c.tried);
+        EXPECT_EQ(s.minimise(0, static_cast<int>(expected.size())), 1);
+        tried.resize(expected.size());  // the others are looked at by the check of what is left
+        EXPECT_EQ(tried, expected);
     }
 }
 

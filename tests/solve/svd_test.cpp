@@ -76,9 +76,7 @@ TEST(SvdSolver, FindsTheLeastSquaresSolutionOfLeastNorm) {
     Random random;
     for (const int rank : {2, 4}) {
         const Matrix a = random_matrix(random, 9, rank) * random_matrix(random, rank, 4);
-        Matrix b = random_matrix(random, 9, 1);
-        Matrix x(4, 1);
-        Matrix work = a;
+        Matrix b = random_matrix(random, 9, 1), x(4, 1), work = a;
         int n = 4;
         EXPECT_EQ(SOLVE_svd_solver(work.pointers(), 9, &n, b.flat(), x.flat()), 0);
         EXPECT_EQ(n, rank);

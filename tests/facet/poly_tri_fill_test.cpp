@@ -189,12 +189,25 @@ TEST(PolyTriFill, FillsASquare) {
     const Fill fill(square, true);
     ASSERT_EQ(fill.status, 0);
     EXPECT_EQ(fill.list(), (Triangles{{3, 0, 1, -1, 1, -1}, {3, 1, 2, -1, -1, 0}}));
-    EXPECT_EQ(fill.lists[1].num_neighbors, 1);
-    EXPECT_EQ(fill.lists[1].neighbors[0], 3);
-    EXPECT_EQ(fill.lists[1].neighbors[3], -1);
-    EXPECT_EQ(fill.lists[3].neighbors[0], 1);
-    EXPECT_EQ(fill.lists[0].num_neighbors + fill.lists[2].num_neighbors, 0);
     EXPECT_EQ(PTF_validate_boundary(4, square.data()), 1);
+}
+
+TEST(PolyTriFill, ListsTheEndsOfDiagonalsInTheOrderFound) {
+    const int n = 40;
+    const Fill fill(star_polygon(n, 3), true);
+    std::vector<std::vector<int>> plain(n);
+    for (const auto& t : fill.list())
+        for (const auto& [i, j] : {std::pair{t[0], t[1]}, {t[1], t[2]}, {t[0], t[2]}}) {
+            const int apart = std::abs(i - j);
+            if (apart == 1 || apart == n - 1 || std::ranges::count(plain[i], j) > 0) continue;
+            plain[i].push_back(j);
+            plain[j].push_back(i);
+        }
+    for (int i = 0; i < n; ++i) {
+        const PTF_neighbor_list_t& list = fill.lists[i];
+        EXPECT_EQ(std::vector(list.neighbors, list.neighbors + list.num_neighbors), plain[i]);
+        EXPECT_EQ(list.neighbors[n - 1], -1);
+    }
 }
 
 TEST(PolyTriFill, AnswersWithAStatusAndClearedOutputs) {

@@ -190,11 +190,15 @@ TEST(CurveEditing, NeededAndUpdatedSlopes) {
         BCDF_update_slopes(record.get());
         EXPECT_NEAR(vector_in(record->slopes, 0)[0], expected[type], 1e-14) << type;
     }
+    for (const int end : {4, 0}) {
+        const Record last = row_of(5);
+        BCDF_replace_slope(last.get(), along, end, 0);
+        BCDF_replace_slope(last.get(), Vector{4, 0, 0}.data(), end == 0 ? 1 : 3, 1);
+        BCDF_update_end_slopes(last.get());
+        EXPECT_NEAR(vector_in(last->slopes, end == 0 ? 0 : 1)[0], -2.0, 1e-14);
+    }
     const Record record = row_of(5);
     BCDF_replace_slope(record.get(), along, 0, 0);
-    BCDF_replace_slope(record.get(), Vector{4, 0, 0}.data(), 1, 1);
-    BCDF_update_end_slopes(record.get());
-    EXPECT_NEAR(vector_in(record->slopes, 0)[0], -2.0, 1e-14);
     BCDF_replace_slope(record.get(), Vector{4, 0, 0}.data(), 1, 0);
     BCDF_update_slopes(record.get());
     EXPECT_NEAR(vector_in(record->slopes, 0)[0], 1.0, 1e-14);

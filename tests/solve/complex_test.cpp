@@ -23,7 +23,7 @@ TEST(Complex, AgreesWithExtendedPrecision) {
         const auto any = [&] { return random.normal() * std::pow(10, random.uniform(-140, 140)); };
         const double scale = any();
         const Complex a{any(), any()}, b{random.normal() * scale, random.normal() * scale};
-        for (const Complex x : {a, b, Complex{0, b.im}, Complex{b.re, 0}}) {
+        for (const Complex x : {a, b, Complex{0, b.im}, Complex{b.re, 0}, Complex{b.re, 1}}) {
             const auto size = static_cast<double>(std::abs(wide(x)));
             EXPECT_NEAR(modulus(x) / size, 1, 1e-15);
             const auto root = std::sqrt(wide(x)), own = wide(square_root(x));

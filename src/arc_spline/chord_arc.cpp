@@ -38,7 +38,7 @@ Constructed arc_between(const Isosceles& on, const Line& ray_1, const Line& ray_
 
 Constructed chord_arc(Vec2 start, Vec2 tangent, Vec2 end, double radius, double tol) {
     const Vec2 chord = end - start;
-    if (length(chord) <= tol) return {1, blank_segment()};
+    if (!(length(chord) > tol)) return {1, blank_segment()};  // nor is a chord without numbers one
     const Vec2 along = unitize(tangent).unit;
     const double aside = cross(along, chord);
     const double signed_radius = radius_through(chord, aside);
@@ -57,7 +57,7 @@ Constructed chord_arc(Vec2 start, Vec2 tangent, Vec2 end, double radius, double 
 
 Constructed circle_touching_at(Vec2 point, const Line& line, double tol) {
     const Vec2 way = point - line.point;
-    if (length(way) <= tol) return {1, blank_segment()};
+    if (!(length(way) > tol)) return {1, blank_segment()};
     const auto along = unitize(line.direction, zero_length);
     if (!along.done) return {2, blank_segment()};
     const double aside = cross(along.unit, way);

@@ -99,9 +99,12 @@ TEST(ArcSplineConstructions, ThroughThreePoints) {
     }
     EXPECT_EQ(through_3({0, 0}, {1, 1}, {3, 3}).status, 1);
     EXPECT_EQ(through_3({0, 0}, {3, 1}, {0, 1e-7}).status, 2);
-    const Made none = through_3({0, 0}, {1, 0}, {std::nan(""), 0});
-    EXPECT_EQ(none.status, 1);
-    expect_equal(none.s[0], {}, 0);
+    const Pair nowhere{std::nan(""), 0};
+    for (const Made& none : {through_3({0, 0}, {1, 0}, nowhere), touching_at(nowhere, {}, {1, 0}),
+                             chord({0, 0}, {1, 0}, nowhere)}) {
+        EXPECT_EQ(none.status, 1);
+        expect_equal(none.s[0], {}, 0);
+    }
 }
 
 // The centres stand the radius away from the middle of the chord.

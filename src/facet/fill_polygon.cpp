@@ -71,6 +71,7 @@ class ApexSearch {
     static constexpr int few = 4;      // runs, edges or vertices
     static constexpr int beside = 3;   // edges on either side
     static constexpr int nearby = 32;  // vertices
+    static constexpr int small = 100;  // vertices of a part that needs no shadows
 
     /// A vertex and its circle.
     struct Candidate {
@@ -192,10 +193,12 @@ class ApexSearch {
     }
 
     /// A lower bound of the cross product of the base edge with the points of a box that are to its
-    /// left and can be joined to it. It is looked for only where many runs are on both sides.
+    /// left and can be joined to it. It is looked for only in large parts with many runs on both
+    /// sides.
     double least_cross_seen(const Box2& box) {
         const double nearest = base_.cross_with(rightmost(box, base_.way()));
-        if (nearest > fill_eps || ++straddling_runs_ < few) return nearest;
+        if (nearest > fill_eps || last_ - first_ < small || ++straddling_runs_ < few)
+            return nearest;
         double height = 0.0;
         if (base_.is_behind_start(box)) {
             if (!behind_last_.is_known)

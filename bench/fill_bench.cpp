@@ -9,6 +9,7 @@
 #include <pybind11/embed.h>
 #include <pybind11/numpy.h>
 
+#include <cstdint>
 #include <fstream>
 #include <string>
 #include <utility>
@@ -127,6 +128,7 @@ void triangulate_tess2(benchmark::State& state, const Polygon& p) {
         tessDeleteTess(tess);
     }
 }
+
 void add(const std::string& problem, const char* who, Runner runner, Maker maker,
          const std::vector<int>& sizes) {
     auto* const rows = benchmark::RegisterBenchmark(

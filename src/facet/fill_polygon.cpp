@@ -131,12 +131,9 @@ class ApexSearch {
     /// Lets the candidate give way to one of the last vertices if that is surely reached; whether
     /// it is.
     bool leap_to_end(Candidate& candidate) {
-        Candidate goal = candidate;
-        for (int j = std::max(candidate.vertex + 1, last_ - few); j < last_; ++j)
-            if (is_inside(goal.circle, point(j)) && !base_.rejects(point(j)))
-                goal = candidate_at(j);
-        if (goal.vertex == candidate.vertex || !can_be_joined(goal.vertex) ||
-            first_that_stays(candidate.vertex, goal.vertex) >= 0)
+        const int from = std::max(candidate.vertex + 1, last_ - few);
+        const Candidate goal = best_of(candidate, from, last_ - 1);
+        if (goal.vertex == candidate.vertex || first_that_stays(candidate.vertex, goal.vertex) >= 0)
             return false;
         candidate = goal;
         return true;
@@ -171,7 +168,8 @@ class ApexSearch {
     int reached_from(int from, int target) {
         for (;;) {
             const int w = first_that_stays(from, target);
-            if (w < 0 || w == from) return w < 0 ? target : from;
+            if (w < 0) return target;
+            if (w == from) return from;
             target = w;
         }
     }

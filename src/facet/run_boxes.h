@@ -119,7 +119,7 @@ class RunBoxes {
     /// are left out.
     template <class Skip, class Stop>
     int first_of(int first, int last, Skip skip, Stop stop) {
-        int level = first == 0 ? levels_ - 1 : 0;
+        int level = first == 0 ? levels_ - 1 : 0;  // where everything begins
         for (std::ptrdiff_t i = first; i <= last;) {
             const std::ptrdiff_t run = i >> shift(level);
             const bool skipped = skip(start_[level] + run);

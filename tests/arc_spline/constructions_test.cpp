@@ -1,6 +1,7 @@
 // Circles and arcs from points, radii and tangents.
 #include "ztmath/arc_spline_constructions.h"
 
+#include "support/by_value.h"
 #include "support/reports.h"
 #include "support/segments.h"
 
@@ -21,13 +22,6 @@ struct Made {
     int count = 9, status = 9;
     Segment s[2] = {full_of_sevens, full_of_sevens};
 };
-
-const double* passed(const Pair& p) {
-    return p.data();
-}
-double passed(double x) {
-    return x;
-}
 
 template <class Function, class... Inputs>
 Made made_one(Function function, const Inputs&... inputs) {

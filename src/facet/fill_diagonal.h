@@ -23,7 +23,10 @@ class Diagonal {
     }
 
     /// How far to the left of the diagonal's line a point is.
-    double across(Vec2 p) const { return cross(way_, p - origin_); }
+    template <class Point>
+    [[gnu::always_inline]] auto across(const Point& p) const {
+        return cross(way_, p - origin_);
+    }
 
     /// Whether an edge whose ends are so far across stays on one side, which settles most edges.
     static bool is_beside(double t0, double t1) {

@@ -9,6 +9,8 @@
 #include "facet/fill_outline.h"
 #include "facet/fill_shadow.h"
 #include "facet/poly_tri_fill.h"
+#include "facet/reached_from.h"
+#include "facet/small_part.h"
 
 namespace ztmath {
 
@@ -71,17 +73,16 @@ class ApexSearch {
     static constexpr int few = 4;      // runs, edges or vertices
     static constexpr int beside = 3;   // edges on either side
     static constexpr int nearby = 32;  // vertices
-    static constexpr int small = 100;  // vertices of a part that needs no shadows
 
     /// A vertex and its circle.
     struct Candidate {
         int vertex;
-        Circle circle;
+        Circumcircle circle;
         double squared_bound;  // slanted boxes farther from its centre are outside
     };
 
     Candidate candidate_at(int k) const {
-        const Circle circle = base_.circle_through(point(k));
+        const Circumcircle circle = base_.circle_through(point(k));
         return {k, circle, SlantedBox::squared_bound(circle, outline_.reach())};
     }
 
@@ -125,7 +126,9 @@ class ApexSearch {
     /// vertices: parts are cut off piece by piece, from one end and the other.
     void leap(Candidate& candidate) {
         if (!leap_to_end(candidate))
-            candidate = candidate_at(reached_from(candidate.vertex, best(candidate)));
+            candidate = candidate_at(reached_from(
+                candidate.vertex, best(candidate),
+                [this](int from, int target) { return first_that_stays(from, target); }));
     }
 
     /// Lets the candidate give way to one of the last vertices if that is surely reached; whether
@@ -163,17 +166,6 @@ class ApexSearch {
         }
     }
 
-    /// Starting from a candidate, a vertex that is surely reached: the target, if every vertex
-    /// before it would give way to it. If one would not, that one is the target.
-    int reached_from(int from, int target) {
-        for (;;) {
-            const int w = first_that_stays(from, target);
-            if (w < 0) return target;
-            if (w == from) return from;
-            target = w;
-        }
-    }
-
     /// The first vertex from a candidate on, itself included, that would not give way to the
     /// target, or -1.
     int first_that_stays(int from, int target) {
@@ -191,12 +183,10 @@ class ApexSearch {
     }
 
     /// A lower bound of the cross product of the base edge with the points of a box that are to its
-    /// left and can be joined to it. It is looked for only in large parts with many runs on both
-    /// sides.
+    /// left and can be joined to it. It is looked for only where many runs are on both sides.
     double least_cross_seen(const Box2& box) {
         const double nearest = base_.cross_with(rightmost(box, base_.way()));
-        if (nearest > fill_eps || last_ - first_ < small || ++straddling_runs_ < few)
-            return nearest;
+        if (nearest > fill_eps || ++straddling_runs_ < few) return nearest;
         double height = 0.0;
         if (base_.is_behind_start(box)) {
             if (!behind_last_.is_known)
@@ -342,6 +332,7 @@ bool three_make_triangle(const Outline& outline, int first) {
 
 bool fill_polygon(int n, const double* points, PTF_triangle_t* triangles) {
     Outline outline(n, points);
+    const bool wide_lanes = has_wide_lanes();
     WaitingParts waiting;
     waiting.push({0, n - 1, 0, -1});
     while (!waiting.empty()) {
@@ -352,7 +343,9 @@ bool fill_polygon(int n, const double* points, PTF_triangle_t* triangles) {
         if (part.size() == 3) {
             if (!three_make_triangle(outline, first)) return false;
         } else {
-            k = ApexSearch(outline, first, last).apex();
+            k = part.size() <= most_of_small_part
+                    ? apex_of_small_part(outline, first, last, wide_lanes)
+                    : ApexSearch(outline, first, last).apex();
             if (k < 0) return false;
         }
         const Part left{first, k, t + 1, t};

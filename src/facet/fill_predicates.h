@@ -12,10 +12,14 @@ namespace ztmath {
 /// Twice an area, a squared length, or a length: whichever is compared, this counts as 0.
 inline constexpr double fill_eps = 1.0e-10;
 
-struct Circle {
-    Vec2 centre;
-    double squared_radius;
+/// The circle through the corners of a triangle; where `Point` is points in lanes, those of several
+/// triangles.
+template <class Point>
+struct CircumcircleOf {
+    Point centre;
+    decltype(Point::x) squared_radius;
 };
+using Circumcircle = CircumcircleOf<Vec2>;
 
 /// A directed edge and what lies to its left.
 class BaseEdge {
@@ -27,10 +31,16 @@ class BaseEdge {
     Vec2 left() const { return {-way_.y, way_.x}; }
 
     /// Twice the signed area of the triangle with p.
-    double cross_with(Vec2 p) const { return cross(way_, p - a_); }
+    template <class Point>
+    [[gnu::always_inline]] auto cross_with(const Point& p) const {
+        return cross(way_, p - a_);
+    }
 
-    /// Whether the triangle with p is degenerate or clockwise.
-    bool rejects(Vec2 p) const { return rejected(cross_with(p)); }
+    /// Whether the triangle with p is degenerate or clockwise. One that is not a number passes.
+    template <class Point>
+    [[gnu::always_inline]] auto rejects(const Point& p) const {
+        return cross_with(p) <= fill_eps;
+    }
 
     /// Whether every point of the box is rejected.
     bool rejects_all(const Box2& box) const { return rejects(leftmost(box, way_)); }
@@ -44,18 +54,19 @@ class BaseEdge {
     }
 
     /// Whether the circle is a hundred times as wide as the edge.
-    bool is_dwarfed_by(const Circle& circle) const {
+    bool is_dwarfed_by(const Circumcircle& circle) const {
         return circle.squared_radius > 1.0e4 * length_squared(way_);
     }
 
     /// Through both ends and p.
-    Circle circle_through(Vec2 p) const {
-        const Vec2 to_p = p - a_;
-        const double c = cross(way_, to_p);
+    template <class Point>
+    [[gnu::always_inline]] CircumcircleOf<Point> circle_through(const Point& p) const {
+        const Point to_p = p - a_;
+        const auto c = cross(way_, to_p);
         const double to_b_squared = length_squared(way_);
-        const double to_p_squared = length_squared(to_p);
-        const Vec2 centre{(to_b_squared * to_p.y - to_p_squared * way_.y) / (2.0 * c),
-                          (to_p_squared * way_.x - to_b_squared * to_p.x) / (2.0 * c)};
+        const auto to_p_squared = length_squared(to_p);
+        const Point centre{(to_b_squared * to_p.y - to_p_squared * way_.y) / (2.0 * c),
+                           (to_p_squared * way_.x - to_b_squared * to_p.x) / (2.0 * c)};
         return {a_ + centre, length_squared(centre)};
     }
 
@@ -70,17 +81,15 @@ class BaseEdge {
     }
 
   private:
-    // A triangle that is not a number passes.
-    static bool rejected(double c) { return std::fabs(c) <= fill_eps || c < fill_eps; }
-
     Vec2 a_, way_;
 };
 
-inline bool is_inside(const Circle& circle, Vec2 p) {
+template <class Circles, class Point>
+[[gnu::always_inline]] inline auto is_inside(const Circles& circle, const Point& p) {
     return length_squared(p - circle.centre) < circle.squared_radius - fill_eps;
 }
 
-inline bool is_outside(const Circle& circle, const Box2& box) {
+inline bool is_outside(const Circumcircle& circle, const Box2& box) {
     return !(length_squared(gap(box, circle.centre)) < circle.squared_radius - fill_eps);
 }
 
@@ -121,13 +130,13 @@ class Goal {
 
     BaseEdge base_;
     Vec2 p_;
-    Circle circle_;
+    Circumcircle circle_;
     double cross_, edge_, distance_, reach_;
 };
 
 /// A box outside of which no point is inside the circle, where none is farther from the origin than
 /// `reach`.
-inline Box2 around(const Circle& circle, double reach) {
+inline Box2 around(const Circumcircle& circle, double reach) {
     const Vec2 c = circle.centre;
     const double rounding = 2.0e-15 * (std::fabs(c.x) + std::fabs(c.y) + reach);
     const double radius = std::sqrt(circle.squared_radius) * (1.0 + 1.0e-14) + rounding;
@@ -162,7 +171,7 @@ class SlantedBox {
 
     /// The squared distance from a circle's centre beyond which no point of a box is inside it,
     /// where none is farther from the origin than `reach`.
-    static double squared_bound(const Circle& circle, double reach) {
+    static double squared_bound(const Circumcircle& circle, double reach) {
         const Vec2 c = circle.centre;
         const double rounding = 2.0e-15 * (std::fabs(c.x) + std::fabs(c.y) + 2.0 * reach);
         const double radius = std::sqrt(circle.squared_radius) + rounding;

@@ -65,6 +65,7 @@ class WorkArray {
     WorkArray& operator=(const WorkArray&) = delete;
 
     T* data() { return block_ != nullptr ? block_ : in_place_; }
+    const T* data() const { return block_ != nullptr ? block_ : in_place_; }
     T& operator[](std::ptrdiff_t i) { return data()[i]; }
 
   private:

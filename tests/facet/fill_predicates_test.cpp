@@ -61,7 +61,7 @@ TEST(FillPredicates, WhatIsSaidOfABoxHoldsForEveryPointInIt) {
             expand(box, q);
         const BaseEdge base(a, b);
         const Diagonal diagonal(a, b);
-        const Circle circle = base.circle_through(p);
+        const Circumcircle circle = base.circle_through(p);
         const Goal goal(base, p, 2e6);
         const double nearest = base.cross_with(rightmost(box, base.way()));
         const bool beaten =

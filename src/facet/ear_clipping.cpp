@@ -23,83 +23,102 @@ constexpr double pi = 3.14159265358979323846;
 class PlanePolygon {
   public:
     PlanePolygon(int n, const double* points, Vec3 normal)
-        : points_(n), normal_(normal), is_upright_(normal.x == 0.0 && normal.y == 0.0) {
-        // Copies, since results may be written over what was passed.
-        for (std::ptrdiff_t i = 0; i < n; ++i)
-            points_[i] = load3(points + 3 * i);
-        if (is_upright_ || !is_finite(normal)) {
-            u_ = {normal.z < 0.0 ? -1.0 : 1.0, 0.0, 0.0};
-            v_ = {0.0, 1.0, 0.0};
-        } else {
+        : points_(n), places_(n), normal_(normal), is_upright_(normal.x == 0.0 && normal.y == 0.0) {
+        Vec3 u{normal.z < 0.0 ? -1.0 : 1.0, 0.0, 0.0};
+        Vec3 v{0.0, 1.0, 0.0};
+        if (!is_upright_ && is_finite(normal)) {
             const Vec3 unit = unitize_unchecked(normal, 0.0).unit;
-            u_ = unitize(perpendicular(unit)).unit;
-            v_ = cross(unit, u_);
+            u = unitize(perpendicular(unit)).unit;
+            v = cross(unit, u);
         }
+        Box2 whole = empty_box;
+        // Copies, since results may be written over what was passed.
+        for (std::ptrdiff_t i = 0; i < n; ++i) {
+            points_[i] = load3(points + 3 * i);
+            places_[i] = {dot(u, points_[i]), dot(v, points_[i])};
+            expand(whole, places_[i]);
+        }
+        const Vec2 farthest = span(whole, {0.0, 0.0});
+        const Vec2 extent = whole.high - whole.low;
+        reach_ = farthest.x + farthest.y;
+        rounding_ = is_upright_ ? 0.0 : 2.0e-14 * reach_ * (extent.x + extent.y);
     }
 
     Vec3 normal() const { return normal_; }
     Vec3 point(int i) const { return points_[i]; }
-    Vec2 place(int i) const { return {dot(u_, points_[i]), dot(v_, points_[i])}; }
+    Vec2 place(int i) const { return places_[i]; }
 
     /// Whether places are exact, so that areas are monotone in them.
     bool is_upright() const { return is_upright_; }
 
+    /// No place is farther from the origin.
+    double reach() const { return reach_; }
+
+    /// By how much twice the area of a triangle may differ from that of its places.
+    double rounding() const { return rounding_; }
+
   private:
     SmArray<Vec3> points_;
-    Vec3 normal_, u_, v_;
+    SmArray<Vec2> places_;
+    Vec3 normal_;
     bool is_upright_;
+    double reach_, rounding_;
 };
 
 /// The triangle of a corner.
 class CornerTriangle {
   public:
-    CornerTriangle(const PlanePolygon& polygon, int a, int b, int c, double reach)
+    CornerTriangle(const PlanePolygon& polygon, int a, int b, int c)
         : corners_{polygon.point(a), polygon.point(b), polygon.point(c)},
-          places_{polygon.place(a), polygon.place(b), polygon.place(c)},
           normal_(polygon.normal()),
-          around_(empty_box) {
-        for (const Vec2 place : places_)
+          around_(empty_box),
+          rounding_(polygon.rounding()) {
+        const Vec2 places[] = {polygon.place(a), polygon.place(b), polygon.place(c)};
+        for (const Vec2 place : places)
             expand(around_, place);
         const Vec2 extent = around_.high - around_.low;
         const double size = extent.x + extent.y;
-        const double scale = polygon.is_upright() ? size : reach;
-        rounding_ = polygon.is_upright() ? 0.0 : 1.0e-14 * reach;
+        const double scale = polygon.is_upright() ? size : polygon.reach();
+        for (int i = 0; i < 3; ++i) {
+            const Vec2 way = places[(i + 1) % 3] - places[i];
+            edges_[i] = {places[i], way, leftmost_corner(way)};
+        }
         // Of a sliver, rounding may put points inside that lie anywhere along it.
-        const double area = cross(places_[1] - places_[0], places_[2] - places_[0]);
+        const double area = cross(edges_[0].way, places[2] - places[0]);
         const double margin = area > 1.0e-10 * scale * size ? 1.0e-3 * size : HUGE_VAL;
         around_.low = around_.low - Vec2{margin, margin};
         around_.high = around_.high + Vec2{margin, margin};
     }
 
     /// Whether the triangles that a point makes with the edges all have positive areas.
-    bool holds(Vec3 p) const {
-        return is_left(corners_[0], corners_[1], p) && is_left(corners_[1], corners_[2], p) &&
-               is_left(corners_[2], corners_[0], p);
+    bool holds(Vec3 p, Vec2 place) const {
+        return meet({place, place}, around_) && is_left(corners_[0], corners_[1], p) &&
+               is_left(corners_[1], corners_[2], p) && is_left(corners_[2], corners_[0], p);
     }
 
     /// Whether it holds no point whose place is in the box.
     bool excludes(const Box2& box) const {
         return !(box.low.x <= around_.high.x && box.high.x >= around_.low.x &&
                  box.low.y <= around_.high.y && box.high.y >= around_.low.y) ||
-               is_right(places_[0], places_[1], box) || is_right(places_[1], places_[2], box) ||
-               is_right(places_[2], places_[0], box);
+               (is_right(edges_[0], box) | is_right(edges_[1], box) | is_right(edges_[2], box));
     }
 
   private:
-    bool is_left(Vec3 a, Vec3 b, Vec3 p) const { return dot(cross(b - a, p - a), normal_) > 0.0; }
+    /// An edge between places.
+    struct Edge {
+        Vec2 from, way;
+        Corner2 leftmost;  // of boxes, seen along it
+    };
 
-    bool is_right(Vec2 a, Vec2 b, const Box2& box) const {
-        const Vec2 way = b - a;
-        const double most = cross(way, leftmost(box, way) - a);
-        if (most > 0.0) return false;
-        const Vec2 farthest = span(box, a);
-        return !(most +
-                     rounding_ * (std::fabs(way.x) + std::fabs(way.y) + farthest.x + farthest.y) >
-                 0.0);
+    /// Whether all of the box is surely not to the left of the edge.
+    bool is_right(const Edge& edge, const Box2& box) const {
+        return !(cross(edge.way, edge.leftmost.of(box) - edge.from) > -rounding_);
     }
 
+    bool is_left(Vec3 a, Vec3 b, Vec3 p) const { return dot(cross(b - a, p - a), normal_) > 0.0; }
+
     Vec3 corners_[3];
-    Vec2 places_[3];
+    Edge edges_[3];
     Vec3 normal_;
     Box2 around_;
     double rounding_;
@@ -116,8 +135,6 @@ class EarClipping {
               n, [this](int i) { return polygon_.place(i); }, false),
           open_(n),
           corners_(n) {
-        const Vec2 farthest = span(boxes_.whole(), {0.0, 0.0});
-        reach_ = farthest.x + farthest.y;
         for (int i = 0; i < n; ++i)
             corners_[i] = {i > 0 ? i - 1 : n - 1, i + 1 < n ? i + 1 : 0, none, none, none, none, 0};
         for (int i = 0; i < n; ++i)
@@ -260,12 +277,12 @@ class EarClipping {
     int corner_inside(int at) {
         const int before = corners_[at].previous;
         const int behind = corners_[at].next;
-        const CornerTriangle triangle(polygon_, before, at, behind, reach_);
+        const CornerTriangle triangle(polygon_, before, at, behind);
         return boxes_.first_of(
             0, n_ - 1, [&](std::ptrdiff_t run) { return triangle.excludes(boxes_[run]); },
             [&](int i) {
                 return corners_[i].next != none && i != at && i != before && i != behind &&
-                       triangle.holds(point(i));
+                       triangle.holds(point(i), polygon_.place(i));
             });
     }
 
@@ -277,7 +294,6 @@ class EarClipping {
     int reflex_ = 0;
     bool all_convex_ = false;  // once entered, this state is kept
     RunBoxes boxes_;
-    double reach_;   // no place is farther from the origin
     IndexSet open_;  // the convex corners without a known witness
     SmArray<Corner> corners_;
 };

@@ -67,9 +67,21 @@ inline Vec2 hindmost(const Box2& box, Vec2 way) {
     return {way.x >= 0.0 ? box.low.x : box.high.x, way.y >= 0.0 ? box.low.y : box.high.y};
 }
 
+/// Which corner of boxes is meant: the one with x of one and y of another end of their diagonal.
+struct Corner2 {
+    Vec2 Box2::*with_x;
+    Vec2 Box2::*with_y;
+
+    Vec2 of(const Box2& box) const { return {(box.*with_x).x, (box.*with_y).y}; }
+};
+
+inline Corner2 leftmost_corner(Vec2 way) {
+    return {way.y >= 0.0 ? &Box2::low : &Box2::high, way.x >= 0.0 ? &Box2::high : &Box2::low};
+}
+
 /// The corners of a box that are farthest to the left and to the right of a direction.
 inline Vec2 leftmost(const Box2& box, Vec2 way) {
-    return {way.y >= 0.0 ? box.low.x : box.high.x, way.x >= 0.0 ? box.high.y : box.low.y};
+    return leftmost_corner(way).of(box);
 }
 inline Vec2 rightmost(const Box2& box, Vec2 way) {
     return {way.y >= 0.0 ? box.high.x : box.low.x, way.x >= 0.0 ? box.low.y : box.high.y};

@@ -59,18 +59,20 @@ class WorkArray {
   public:
     // cppcheck-suppress uninitMemberVar ; what is in place is work memory too
     explicit WorkArray(std::ptrdiff_t count)
-        : block_(count > InPlace ? static_cast<T*>(SM_alloc(bytes_of<T>(count))) : nullptr) {}
-    ~WorkArray() { SM_free(block_); }
+        : data_(count > InPlace ? static_cast<T*>(SM_alloc(bytes_of<T>(count))) : in_place_) {}
+    ~WorkArray() {
+        if (data_ != in_place_) SM_free(data_);
+    }
     WorkArray(const WorkArray&) = delete;
     WorkArray& operator=(const WorkArray&) = delete;
 
-    T* data() { return block_ != nullptr ? block_ : in_place_; }
-    const T* data() const { return block_ != nullptr ? block_ : in_place_; }
-    T& operator[](std::ptrdiff_t i) { return data()[i]; }
+    T* data() { return data_; }
+    const T* data() const { return data_; }
+    T& operator[](std::ptrdiff_t i) { return data_[i]; }
 
   private:
     T in_place_[InPlace];
-    T* block_;
+    T* data_;
 };
 
 }  // namespace ztmath

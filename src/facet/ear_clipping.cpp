@@ -98,8 +98,7 @@ class CornerTriangle {
 
     /// Whether it holds no point whose place is in the box.
     bool excludes(const Box2& box) const {
-        return !(box.low.x <= around_.high.x && box.high.x >= around_.low.x &&
-                 box.low.y <= around_.high.y && box.high.y >= around_.low.y) ||
+        return !meet(box, around_) ||
                (is_right(edges_[0], box) | is_right(edges_[1], box) | is_right(edges_[2], box));
     }
 

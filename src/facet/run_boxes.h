@@ -34,14 +34,27 @@ inline void expand(Box2& box, Vec2 with) {
     expand(box, {with, with});
 }
 
+/// Whether something holds in neither lane.
+template <class Mask>
+bool holds_nowhere(const Mask& mask) {
+    const Mask bits = mask & Mask{1, 1};
+    return (bits[0] | bits[1]) == 0;
+}
+
+// Boxes are compared in lanes, both coordinates at once: nobody could guess the way that branches
+// take here.
+
 /// Whether they have a point in common, or coordinates that are not numbers.
 inline bool meet(const Box2& a, const Box2& b) {
-    return !(a.low.x > b.high.x || b.low.x > a.high.x || a.low.y > b.high.y || b.low.y > a.high.y);
+    return holds_nowhere((Pair{a.low.x, a.low.y} > Pair{b.high.x, b.high.y}) |
+                         (Pair{b.low.x, b.low.y} > Pair{a.high.x, a.high.y}));
 }
 
 /// Whether a point is inside a box, not on its edge.
 inline bool is_within(const Box2& box, Vec2 p) {
-    return p.x > box.low.x && p.x < box.high.x && p.y > box.low.y && p.y < box.high.y;
+    const Pair at{p.x, p.y};
+    return holds_nowhere(
+        ~((at > Pair{box.low.x, box.low.y}) & (at < Pair{box.high.x, box.high.y})));
 }
 
 /// From a point to the nearest point of a box.

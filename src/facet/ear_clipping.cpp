@@ -4,6 +4,8 @@
 // another one lies waits until that one, its witness, is clipped; a corner that is not convex waits
 // until a neighbour is. Only the others are looked at, so that the walk finds the next ear without
 // passing all the corners between.
+#include <algorithm>
+
 #include "facet/facet_util.h"
 #include "facet/index_set.h"
 #include "facet/run_boxes.h"
@@ -99,7 +101,8 @@ class CornerTriangle {
     /// Whether it holds no point whose place is in the box.
     bool excludes(const Box2& box) const {
         return !meet(box, around_) ||
-               (is_right(edges_[0], box) | is_right(edges_[1], box) | is_right(edges_[2], box));
+               !(std::min({most_left(edges_[0], box), most_left(edges_[1], box),
+                           most_left(edges_[2], box)}) > -rounding_);
     }
 
   private:
@@ -109,9 +112,9 @@ class CornerTriangle {
         Corner2 leftmost;  // of boxes, seen along it
     };
 
-    /// Whether all of the box is surely not to the left of the edge.
-    bool is_right(const Edge& edge, const Box2& box) const {
-        return !(cross(edge.way, edge.leftmost.of(box) - edge.from) > -rounding_);
+    /// Twice the largest area of a triangle to the left of the edge that ends in the box.
+    static double most_left(const Edge& edge, const Box2& box) {
+        return cross(edge.way, edge.leftmost.of(box) - edge.from);
     }
 
     bool is_left(Vec3 a, Vec3 b, Vec3 p) const { return dot(cross(b - a, p - a), normal_) > 0.0; }

@@ -55,12 +55,11 @@ class SmallPart {
           y_(outline.y_from(first)),
           last_(last - first),
           base_(point(last_), point(0)) {
-        for (int start = 0; start <= last_; start += block)
-            open_[start / block] = bits_where(
-                start, last_, [this](const auto& p) __attribute__((always_inline)) {
+        for (int from = 1; from < last_; from = block_of(from) + block)
+            open_[from / block] = bits_where(
+                from, last_, [this](const auto& p) __attribute__((always_inline)) {
                     return !base_.rejects(p);
                 });
-        open_[0] &= bits_from(1, 0);
     }
 
     /// The apex, or -1, by the rule of larger parts and in the same way: it looks for the last of
@@ -198,7 +197,7 @@ class SmallPart {
     const double *x_, *y_;
     int last_;
     BaseEdge base_;
-    Bits open_[most_of_small_part / block];  // vertices that may be the apex
+    Bits open_[most_of_small_part / block] = {};  // vertices that may be the apex
 };
 
 ZTMATH_WIDE_LANES int apex_in_wide_lanes(const Outline& outline, int first, int last) {

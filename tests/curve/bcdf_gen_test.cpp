@@ -88,7 +88,7 @@ TEST(CurveSearches, StopAtTheirLimits) {
     const struct {
         double t;
         int found, at;
-    } searches[] = {{1 + 0.9e-10, 1, 1}, {1.5, 0, 2}, {9, 0, 6}};
+    } searches[] = {{1e-10, 1, 0}, {1 + 0.9e-10, 1, 1}, {1.5, 0, 2}, {9, 0, 6}};
     for (const auto& s : searches) {
         EXPECT_EQ(BCDF_parameter_in_list(record.get(), s.t, &at), s.found);
         EXPECT_EQ(at, s.at);
@@ -196,6 +196,9 @@ TEST(CurveEditing, NeededAndUpdatedSlopes) {
         BCDF_replace_slope(last.get(), Vector{4, 0, 0}.data(), end == 0 ? 1 : 3, 1);
         BCDF_update_end_slopes(last.get());
         EXPECT_NEAR(vector_in(last->slopes, end == 0 ? 0 : 1)[0], -2.0, 1e-14);
+        BCDF_replace_slope(last.get(), along, end, 4);
+        BCDF_update_slopes(last.get());
+        EXPECT_LT(vector_in(last->slopes, end == 0 ? 0 : 1)[0], 0.0) << "in the automatic sense";
     }
     const Record record = row_of(5);
     BCDF_replace_slope(record.get(), along, 0, 0);

@@ -156,7 +156,7 @@ TEST(ArcSplinePredicates, SinesAndCosines) {
                                {1, 0, 0.5, 7, 0, 2, -150, -30}, {1, 0, 0.5, -11, 59, 1, -30, 0},
                                {1, 0, 0.5, -11, 61, 0, 0, 0},   {1, 0, 0.5, 10, 0, 0, 0, 0},
                                {1e-12, 0, 0, 0, 0, -3, 0, 0},   {1, 0, 0, 1, 0, 1, 0, 0},
-                               {1, 0, 0, 0, 0, 1, 0, 0}};
+                               {1, 0, 0, 0, 0, 1, 0, 0},        {1, 0, -1, -11, -1, 0, 0, 0}};
     for (const auto& [p, q, r, mode, margin, count, x1, x2] : cases) {
         x = {9, 9};
         EXPECT_EQ(solve(p, q, r, 'd', static_cast<int>(mode), margin), count) << mode;

@@ -39,6 +39,7 @@ TEST(CurveValidation, FindsTheFirstFault) {
         {1005317, 4, 0, 0, [](BCDF* r) { r->points->num_points = 2147483600; }},
         {1005322, 4, 0, 0, [](BCDF* r) { r->parameters->points[2] = 1; }},
         {1005320, 4, 0, 0, [](BCDF* r) { BCDF_add_needed_slopes(r), r->order = 2; }},
+        {0, 4, 0, 0, [](BCDF* r) { BCDF_add_needed_slopes(r), r->order = 3; }},
         {1005320, 4, 0, 0, [](BCDF* r) { BCDF_replace_curvature(r, up, 0, 0), r->order = 3; }},
         {1005318, 4, 0, 0, [](BCDF* r) { BCDF_replace_curvature(r, up, 0, 0); }},
         {0, 10, 0, 1, [](BCDF* r) { r->ls_num_segments = 7; }},

@@ -79,7 +79,7 @@ TEST(FacetLinesAndPlanes, ParallelOrWithoutDirection) {
     FACET_point_line_proj(b.data(), a.data(), none.data(), 0, p.data(), &t);
     EXPECT_EQ(t, 0);
     for (const auto& [unitize, length, expected] :
-         {std::array{1.0, 5.0, 1.0}, {2, 5, 5}, {1, 1e-6, 1e-6}}) {
+         {std::array{1.0, 5.0, 1.0}, {2, 5, 5}, {1, 1e-6, 1e-6}, {1, 1.1e-5, 1}}) {
         double line[6];
         FACET_points_to_param_line(a.data(), Vector{1, length, 0}.data(), static_cast<int>(unitize),
                                    line);

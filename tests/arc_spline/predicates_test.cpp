@@ -305,6 +305,9 @@ TEST(ArcSplinePredicates, InscribedAngles) {
         ARC_SPLINE_ask_bisector_of_inscribed_angle(v1.data(), v2.data(), normal.data(), 1 + i % 2,
                                                    1, projected.data(), &again, &type, &status);
         EXPECT_LT(distance(projected, bisector), 1e-12);
+        ARC_SPLINE_ask_bisector_of_inscribed_angle(v1.data(), v2.data(), normal.data(), 0, 1,
+                                                   projected.data(), &again, &type, &status);
+        EXPECT_NEAR(dot(projected, normal), dot(unit_of(v2), normal), 1e-12) << "turned about it";
     }
     // No more of the tolerance than 0.001 degrees counts.
     const double cases[][3] = {

@@ -47,6 +47,7 @@ TEST(CurveCalculations, ParametersAndWeights) {
     Values t = {0, 1, 3, 7}, w(3);
     BCDF_CALC_weights(3, t.data(), w.data());
     EXPECT_EQ(w, (Values{0.5, 1.5, 1}));
+    EXPECT_EQ(BCDF_CALC_single_weight(3, t.data(), 0), 0.5);
     EXPECT_EQ(BCDF_CALC_single_weight(3, t.data(), 2), 1.0);
     EXPECT_EQ(BCDF_CALC_single_weight(2, t.data(), 1), 0.5);
     EXPECT_EQ(BCDF_CALC_single_weight(2, t.data(), 2), 0.0);

@@ -42,6 +42,7 @@ TEST(CurveValidation, FindsTheFirstFault) {
         {0, 4, 0, 0, [](BCDF* r) { BCDF_add_needed_slopes(r), r->order = 3; }},
         {1005320, 4, 0, 0, [](BCDF* r) { BCDF_replace_curvature(r, up, 0, 0), r->order = 3; }},
         {1005318, 4, 0, 0, [](BCDF* r) { BCDF_replace_curvature(r, up, 0, 0); }},
+        {0, 10, 0, 1, [](BCDF*) {}},
         {0, 10, 0, 1, [](BCDF* r) { r->ls_num_segments = 7; }},
         {1005005, 10, 0, 1, [](BCDF* r) { r->ls_num_segments = 8; }},
         {1005005, 10, 0, 1, [](BCDF* r) { r->ls_num_segments = -1; }},
@@ -134,6 +135,11 @@ TEST(CurveEditing, PointsTakeTheirSlopesWithThemAndNoOther) {
     BCDF_remove_defining_points(record.get(), 1, 3);
     ASSERT_EQ(BCDF_return_num_of_slopes(record.get()), 1);
     EXPECT_EQ(record->slopes->points[0], 2.0);
+    const Record ring = row_of(3, 1);
+    BCDF_remove_defining_points(ring.get(), 0, 1);
+    EXPECT_EQ(vector_in(ring->points, 1), (Vector{1, 0, 0})) << "two that are one";
+    BCDF_replace_defining_point(ring.get(), up, 0, 3);
+    EXPECT_EQ(vector_in(ring->points, 1), (Vector{0, 1, 0}));
 }
 
 TEST(CurveEditing, ReportsAndGoesOn) {

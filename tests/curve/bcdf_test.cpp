@@ -154,6 +154,10 @@ TEST(CurveRecord, CreatorsThatFailTakeNothing) {
     EXPECT_EQ(recorder.take(),
               (Reports{raised("bcdf_gen", 1005304, "The Point List Is NULL"),
                        raised("bcdf_gen", 1005306, "Slope Position Array Is NULL")}));
+    const Record weighted(
+        create(1, new_list(corner).release(), new_list({1, 1, 1, 1}, 1).release(), nullptr));
+    EXPECT_EQ(BCDF_is_least_squares(weighted.get()), 1) << "with weights of its own";
+    EXPECT_EQ(recorder.take(), Reports{});
     // Where the host goes on, a fit that cannot be periodic interpolates.
     for (const int periodicity : {0, 1, 2})
         EXPECT_EQ(BCDF_is_least_squares(new_record(corner, 3, periodicity, 1).get()),

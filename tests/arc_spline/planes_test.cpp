@@ -332,6 +332,7 @@ TEST(MapsOfVectors, OfNullOrParallelVectorsAreTheIdentity) {
         expect_none(map_of(x, bad, x, y));
         expect_none(map_of(x, y, x, bad));
     }
+    expect_none(map_of(null, y, x, y));
     expect_none(map_of({x, y, x}, {x, y, null}));
     int status = 9;
     double m[16];

@@ -155,11 +155,12 @@ TEST(ArcSplinePredicates, SinesAndCosines) {
                                {1, 0, -0.5, 10, 61, 0, 0, 0},   {1, 0, 0.5, 0, 0, 2, 210, 330},
                                {1, 0, 0.5, 7, 0, 2, -150, -30}, {1, 0, 0.5, -11, 59, 1, -30, 0},
                                {1, 0, 0.5, -11, 61, 0, 0, 0},   {1, 0, 0.5, 10, 0, 0, 0, 0},
-                               {1e-12, 0, 0, 0, 0, -3, 0, 0},   {1, 0, 0, 1, 0, 1, 0, 0}};
+                               {1e-12, 0, 0, 0, 0, -3, 0, 0},   {1, 0, 0, 1, 0, 1, 0, 0},
+                               {1, 0, 0, 0, 0, 1, 0, 0},        {1, 0, -1, -11, -1, 0, 0, 0}};
     for (const auto& [p, q, r, mode, margin, count, x1, x2] : cases) {
-        x = {};
+        x = {9, 9};
         EXPECT_EQ(solve(p, q, r, 'd', static_cast<int>(mode), margin), count) << mode;
-        expect_near(x, {x1, x2}, 1e-12);
+        expect_near(x, {count > 0 ? x1 : 9, count > 1 ? x2 : 9}, 1e-12);
     }
     EXPECT_EQ(solve(1, 0, -0.5, 'r', 10, 1.1), 0);  // a margin in radians
 }
@@ -304,6 +305,9 @@ TEST(ArcSplinePredicates, InscribedAngles) {
         ARC_SPLINE_ask_bisector_of_inscribed_angle(v1.data(), v2.data(), normal.data(), 1 + i % 2,
                                                    1, projected.data(), &again, &type, &status);
         EXPECT_LT(distance(projected, bisector), 1e-12);
+        ARC_SPLINE_ask_bisector_of_inscribed_angle(v1.data(), v2.data(), normal.data(), 0, 1,
+                                                   projected.data(), &again, &type, &status);
+        EXPECT_NEAR(dot(projected, normal), dot(unit_of(v2), normal), 1e-12) << "turned about it";
     }
     // No more of the tolerance than 0.001 degrees counts.
     const double cases[][3] = {

@@ -182,6 +182,8 @@ TEST(ArcSplineSegments, DomainsAreClosedAndEndsAttract) {
             EXPECT_EQ(ARC_SPLINE_ask_is_parm_in_arc_domain(&arc, 0.5, &parm), flag) << given;
             EXPECT_EQ(parm, moved_to);
         }
+    for (parm = 10; parm <= 90; parm += 80)  // the ends themselves
+        EXPECT_EQ(ARC_SPLINE_ask_is_parm_in_arc_domain(&left, -1, &parm), 1);
 }
 
 TEST(ArcSplineSegments, CentralAngles) {
@@ -272,6 +274,8 @@ TEST(ArcSplineSegments, Offsets) {
     const Segment straight = made_straight({0, 0}, {2, 0});
     ARC_SPLINE_cre_offset_straight_2d(&straight, 3, &out);
     expect_equal(out, made_straight({0, 3}, {2, 3}));
+    ARC_SPLINE_cre_offset_circle_2d(&straight, 3, 1e-6, &out);
+    expect_equal(out, {});
 }
 
 TEST(ArcSplineSegments, Reports) {

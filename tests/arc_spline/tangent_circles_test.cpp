@@ -212,6 +212,8 @@ TEST(TangentCircles, AreAsManyAsTheyMustBe) {
         {{{0, 0}, 1}, {{2, 0}, 1}, {{1, height}, 1}, 2},  // touching one another
         {{{1e6, 1e6}, 1}, {{1e6 + 5, 1e6}, 2}, {{1e6, 1e6 + 7}, 1.5}, 8},  // far away
         {{{0, 0}, 1e-4}, {{1500, 0}, 1e3}, {{-2000, 6}, 2}, 8},            // of all sizes
+        {{{0, 0}, 2}, {{0, 1.5}, 0.5}, {{0, 3.5}, 6}, 2},                  // two touch in the third
+        {{{0, 0}, 2}, {{0, 1}, 3}, {{-1e-6, 0}, 2}, 1},                    // two nearly equal
     };
     for (const auto& row : rows) {
         const Answer x = touching_three(row.a, row.b, row.c);
@@ -221,17 +223,22 @@ TEST(TangentCircles, AreAsManyAsTheyMustBe) {
     const Circle a{{0, 0}, 1}, b{{4, 0}, 1};
     EXPECT_EQ(of_radius(a, b, 1.0).count, 1) << "between the two";
     EXPECT_EQ(of_radius(a, b, 3.0).count, 7);
-    EXPECT_GT(of_radius(a, b, 3.0).circles[0].center[1], 0) << "from left to right";
+    for (const double y : {-9.0, 9.0})
+        EXPECT_GT(of_radius({{0, y}, 1}, {{4, y}, 1}, 3.0).circles[0].center[1], y)
+            << "from left to right";
     EXPECT_GT(through_two({-2, 4}, {2, 5}, a).circles[0].center[1],
               through_two({-2, 4}, {2, 5}, a).circles[1].center[1]);
     EXPECT_EQ(of_radius(a, b, 0.5).count, 0);
     EXPECT_EQ(through_point(a, b, {-1, 0}).count, 2) << "touched at the point";
     EXPECT_EQ(through_point({{0, 0}, 2}, {{4, 0}, 2}, {2, 0}).count, 0) << "on both";
     EXPECT_EQ(through_point({{0, 0}, 2}, {{0, 0}, 4}, {0, 3}).count, 4) << "in a ring";
+    EXPECT_EQ(through_point({{1, 0}, 1}, {{-1, 0}, 1}, {-3, 0}).count, 3) << "touching outside";
+    EXPECT_EQ(through_point({{0, 0}, 2}, {{2, 0}, 4}, {5, 0}).count, 3) << "touching inside";
     EXPECT_EQ(through_two({-2, 1}, {2, 1}, a).count, 1) << "the line through them touches";
     for (const double off : {0.9e-9, 1.1e-9})
         EXPECT_EQ(through_two({-2, 1 + off}, {2, 1 + off}, a).count, off < 1e-9 ? 1 : 2);
     EXPECT_EQ(through_two({0, 1}, {3, 3}, a).count, 1);
+    EXPECT_EQ(through_two({0, 0}, {-12.5, 0}, {{9.5, 0}, 5.5}).count, 2);
     EXPECT_EQ(through_two({0, 1}, {3, 1}, a).count, 0);
     EXPECT_EQ(through_two({0, 1}, {1, 0}, a).count, 0);
 }
@@ -251,7 +258,8 @@ TEST(TangentCircles, TakeTheToleranceItselfForNothing) {
     EXPECT_EQ(through_point(a, b, {-1.25, 0}).count, 2);
     EXPECT_EQ(through_point(b, a, {-1.25, 0}).count, 2);
     EXPECT_EQ(through_two({2, 1}, {2, 1.25}, a).status, 1);
-    EXPECT_EQ(through_two({-2, 1.25}, {2, 1.25}, a).count, 1);
+    EXPECT_DOUBLE_EQ(through_two({-2, 1.25}, {2, 1.25}, a).circles.at(0).radius, 145.0 / 72)
+        << "the smaller one alone";
     EXPECT_EQ(through_two({0, 1.25}, {3, 3}, a).count, 1);
     EXPECT_EQ(through_two({3, 3}, {0, 1.25}, a).count, 1);
     EXPECT_EQ(through_two({0, 1}, {3, 1.25}, a).count, 0);
@@ -261,7 +269,11 @@ TEST(TangentCircles, TakeTheToleranceItselfForNothing) {
     EXPECT_EQ(at_point(circle, line({3, 1.25}, {1, 0}), {3, 1.25}).count, 1);
     EXPECT_EQ(at_point(line({0, 0.25}, {1, 0}), x_axis, {3, 0}).count, 0);
     EXPECT_EQ(at_point(line({0, -2}, {1, 0}), line({0, 0.25}, {1, 0}), {3, 0}).count, 1);
-    const double exact[] = {0, 1e-7}, right_angle[] = {1e-9, 90}, negative[] = {-1, 1e-7};
+    const double exact[] = {0, 1e-7}, right_angle[] = {1e-9, 90}, negative[] = {-1, 1e-7},
+                 wide[] = {1, 1e-7};
+    tols = wide;  // those that are alike stay in the order in which they are found
+    EXPECT_LT(through_two({0, 8}, {0, 2.5}, a).circles[0].center[0], 0);
+    EXPECT_GT(through_point({{0, 3}, 2}, {{-2, 3}, 6}, {-0.5, -1.5}).circles[0].radius, 2);
     tols = exact;
     EXPECT_EQ(at_point(circle, x_axis, {1, 0}).count, 0);
     tols = negative;
@@ -341,6 +353,7 @@ TEST(CirclesAtAPoint, TouchTheLineThereAndTheRest) {
         << "one is too small, the other is the given circle";
     EXPECT_EQ(at_point(circle, line({0, 3}, {1, 0}), {0, 3}, 90.0).count, 1);
     EXPECT_EQ(at_point(line({0, 2}, {-1, 0}), x_axis, {7, 0}).count, 1) << "parallel";
+    EXPECT_EQ(at_point(line({0, 0}, {0, 1}), x_axis, {3, 0}).count, 2) << "square";
     EXPECT_EQ(at_point(line({0, 0}, {1, 1}), x_axis, {0, 0}).count, 0);
 }
 

@@ -137,6 +137,8 @@ TEST(Tangents, CountAndFail) {
         {exterior, huge, near, 5, 0, 0},
         {exterior, near, huge, 4, 0, 0},
         {exterior, tiny, big, 1, 0, 0},
+        {exterior, arc(0, 0, 5e-8), big, 0, 0, 0},
+        {interior, big, arc(3, 0, 2e-9), 0, 2, std::sqrt(20.0 / 9.0)},
         {exterior, big, arc(5, 0, 1, 1, -90, 90), 0, 1, -std::sqrt(3.84)},
         {interior, big, arc(5, 0, 1, 1, 90, 270), 0, 1, -1.6},
         {interior, big, tiny, 2, 0, 0},
@@ -147,6 +149,7 @@ TEST(Tangents, CountAndFail) {
         const Tangents x = tangents(row.kind, &row.a, &row.b, 1);
         EXPECT_EQ(x.status, row.status);
         EXPECT_EQ(x.count, row.count);
+        EXPECT_TRUE(x.status == 0 || (x.flags[0] == -1 && x.flags[1] == -1));
         EXPECT_NEAR(x.lines[0].start_point[1], row.y, 1.0e-8);
         EXPECT_EQ(tangents(row.kind, nullptr, &row.b).status, 1);
     }
@@ -172,6 +175,10 @@ TEST(Tangents, TakeTheToleranceItselfForNothing) {
         EXPECT_TRUE(x.status == row.status && x.count == row.count) << &row - rows;
         EXPECT_TRUE(row.x < 5 || x.lines[0].start_point[1] == 2) << "as of equal circles";
     }
+    const double negative[] = {-1, 1e-7};  // which makes no circle of Thales
+    const Segment big = arc(0, 0, 2), far = arc(5, 0, 1);
+    tols = negative;
+    EXPECT_EQ(tangents(from_point, &big, &far).status, 3);
     tols = fine;
 }
 
@@ -180,15 +187,15 @@ TEST(TangentAtOtherEnd, MakesTheSameAngleWithTheChord) {
     ReportRecorder recorder;
     int status;
     const Pair origin = {};
-    const auto other_end = [&](const Pair& along, const Pair& end) {
+    const auto other_end = [&](const Pair& along, const Pair& end, const Pair& start = {}) {
         Pair t;
-        ARC_SPLINE_compute_tangent_at_other_end_of_chord_2d(origin.data(), along.data(), end.data(),
+        ARC_SPLINE_compute_tangent_at_other_end_of_chord_2d(start.data(), along.data(), end.data(),
                                                             tols, t.data(), &status);
         return t;
     };
     for (int round = 0; round < rounds(1000); ++round) {
         const Pair end = random.vector<2>(), along = random.vector<2>();
-        const Pair t = other_end(along, end);
+        const Pair start = random.vector<2>(), t = other_end(along, moved(start, 1, end), start);
         ASSERT_NEAR(dot(left_of(end), t), -dot(left_of(end), along), 1e-13);
         ASSERT_NEAR(dot(end, t), dot(end, along), 1e-13);
     }

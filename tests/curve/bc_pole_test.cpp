@@ -96,7 +96,9 @@ TEST(Poles, HaveAMeanAndABox) {
     double out[6] = {9, 9, 9, 9, 9, 9};
     bc_POLE_average_in_3d(poles, 2, out);
     EXPECT_EQ(std::vector<double>(out, out + 3), (std::vector<double>{1, 1, 0}));
-    const int three = 3;
+    const int three = 3, one = 1;
+    bc_xyz_box(poles, &one, out);
+    EXPECT_EQ(std::vector<double>(out, out + 6), (std::vector<double>{1, 1, 2, 2, 3, 3}));
     bc_xyz_box(poles, &three, out);
     EXPECT_EQ(std::vector<double>(out, out + 6), (std::vector<double>{1, 5, 0, 5, -3, 3}));
     const int none = 0;
@@ -119,6 +121,7 @@ TEST(Knots, GoOnFromPeriodToPeriodOrAreClamped) {
         {{2, 5}, 1, {-7, -4, -1, 2, 5, 8, 11, 14}},
         {{1}, 0, {}},
         {{0, 2, 1}, 0, {}},
+        {{0, 1, 1}, 0, {0, 0, 0, 0, 1, 1, 1, 1, 1}},
     };
     for (const Case& c : cases) {
         const int n = static_cast<int>(c.parameters.size());

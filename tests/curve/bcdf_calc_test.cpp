@@ -44,19 +44,25 @@ TEST(CurveCalculations, ParametersAndWeights) {
     EXPECT_EQ(parameters({0, 0, 0, 0, 0, 0, 0, 16}, 4, 0.5), (Values{0, 4}));
     // Points that are one get steps of n - 1.
     EXPECT_EQ(parameters({1, 1, 1, 1, 1, 1, 1, 1, 1}, 3, 1.0), (Values{0, 2, 4}));
-    Values t = {0, 1, 3}, w(3);
+    Values t = {0, 1, 3, 7}, w(3);
     BCDF_CALC_weights(3, t.data(), w.data());
     EXPECT_EQ(w, (Values{0.5, 1.5, 1}));
+    EXPECT_EQ(BCDF_CALC_single_weight(3, t.data(), 0), 0.5);
     EXPECT_EQ(BCDF_CALC_single_weight(3, t.data(), 2), 1.0);
     EXPECT_EQ(BCDF_CALC_single_weight(2, t.data(), 1), 0.5);
+    EXPECT_EQ(BCDF_CALC_single_weight(2, t.data(), 2), 0.0);
     EXPECT_EQ(BCDF_CALC_single_weight(1, t.data(), 0), 0.0);
     EXPECT_EQ(recorder.reports(), Reports{internal("bcdf_calc", "Not Enough Parameters")});
     const double same[3] = {1, 1, 2};
     EXPECT_EQ(BCDF_CALC_quadratic_apprx(same, same, same, same, 0, 0.0, 0, t.data()), 1);
-    EXPECT_EQ(t, (Values{0, 1, 3}));
+    EXPECT_EQ(t, (Values{0, 1, 3, 7}));
     const double start[3] = {}, middle[3] = {1, 1, 1}, end[3] = {9, 9, 9};
     EXPECT_EQ(BCDF_CALC_quadratic_apprx(start, middle, end, t.data(), 0, 2.0, 0, w.data()), 0);
     EXPECT_EQ(w, (Values{4, 4, 4}));
+    const Record one = new_record({0, 0, 0}, 3, 0, 1);
+    BCDF_replace_weight(one.get(), 0, 7);
+    BCDF_add_weights(one.get());
+    EXPECT_EQ(values_of(one->weights), Values{0});
 }
 
 /// Points of a parabola have its derivatives everywhere, whatever slopes of it are given beside.
@@ -216,6 +222,10 @@ TEST(CurveCalculations, EndsBendFromTheLeastThatHasADirection) {
         Values d(6);
         BCDF_CALC_auto_derivatives(record.get(), 0, 2, d.data());
         EXPECT_EQ(d[4], aside < 1e-10 ? 0 : 1);
+        const Record bent = new_record({0, aside / 2, 0, 1, 0, 0, 2, aside / 2, 0});
+        BCDF_add_params(bent.get(), Values{0, 1, 2}.data());
+        BCDF_change_curvature(bent.get(), 1, nullptr, 1, 0.5);
+        EXPECT_EQ(vector_in(bent->curvatures, 0)[1], aside < 1e-10 ? 0 : 2);
     }
 }
 
@@ -230,6 +240,10 @@ TEST(CurveCalculations, CorrectedSlopesOfQuinticsWhereTheRuleDividesByZero) {
     EXPECT_DOUBLE_EQ(on[0], (9 * 1.0 + 2 * 0.5) / 11);
     BCDF_CALC_normalized_slope(record.get(), 5, 0, square.data());
     EXPECT_DOUBLE_EQ(square[1], 1.6);
+    const Record shortest = new_record({0, 0, 0, 1e-10, 0, 0});  // chord that has a direction
+    BCDF_add_params(shortest.get(), Values{0, 0.5}.data());
+    BCDF_CALC_normalized_slope(shortest.get(), 5, 0, (square = {0, 7, 0}).data());
+    EXPECT_DOUBLE_EQ(square[1], 4e-10);
 }
 
 /// The closing point of a ring is its first one, whichever of the two has the slope.

@@ -39,8 +39,10 @@ TEST(CurveValidation, FindsTheFirstFault) {
         {1005317, 4, 0, 0, [](BCDF* r) { r->points->num_points = 2147483600; }},
         {1005322, 4, 0, 0, [](BCDF* r) { r->parameters->points[2] = 1; }},
         {1005320, 4, 0, 0, [](BCDF* r) { BCDF_add_needed_slopes(r), r->order = 2; }},
+        {0, 4, 0, 0, [](BCDF* r) { BCDF_add_needed_slopes(r), r->order = 3; }},
         {1005320, 4, 0, 0, [](BCDF* r) { BCDF_replace_curvature(r, up, 0, 0), r->order = 3; }},
         {1005318, 4, 0, 0, [](BCDF* r) { BCDF_replace_curvature(r, up, 0, 0); }},
+        {0, 10, 0, 1, [](BCDF*) {}},
         {0, 10, 0, 1, [](BCDF* r) { r->ls_num_segments = 7; }},
         {1005005, 10, 0, 1, [](BCDF* r) { r->ls_num_segments = 8; }},
         {1005005, 10, 0, 1, [](BCDF* r) { r->ls_num_segments = -1; }},
@@ -88,7 +90,7 @@ TEST(CurveSearches, StopAtTheirLimits) {
     const struct {
         double t;
         int found, at;
-    } searches[] = {{1 + 0.9e-10, 1, 1}, {1.5, 0, 2}, {9, 0, 6}};
+    } searches[] = {{1e-10, 1, 0}, {1 + 0.9e-10, 1, 1}, {1.5, 0, 2}, {9, 0, 6}};
     for (const auto& s : searches) {
         EXPECT_EQ(BCDF_parameter_in_list(record.get(), s.t, &at), s.found);
         EXPECT_EQ(at, s.at);
@@ -133,6 +135,11 @@ TEST(CurveEditing, PointsTakeTheirSlopesWithThemAndNoOther) {
     BCDF_remove_defining_points(record.get(), 1, 3);
     ASSERT_EQ(BCDF_return_num_of_slopes(record.get()), 1);
     EXPECT_EQ(record->slopes->points[0], 2.0);
+    const Record ring = row_of(3, 1);
+    BCDF_remove_defining_points(ring.get(), 0, 1);
+    EXPECT_EQ(vector_in(ring->points, 1), (Vector{1, 0, 0})) << "two that are one";
+    BCDF_replace_defining_point(ring.get(), up, 0, 3);
+    EXPECT_EQ(vector_in(ring->points, 1), (Vector{0, 1, 0}));
 }
 
 TEST(CurveEditing, ReportsAndGoesOn) {
@@ -196,6 +203,9 @@ TEST(CurveEditing, NeededAndUpdatedSlopes) {
         BCDF_replace_slope(last.get(), Vector{4, 0, 0}.data(), end == 0 ? 1 : 3, 1);
         BCDF_update_end_slopes(last.get());
         EXPECT_NEAR(vector_in(last->slopes, end == 0 ? 0 : 1)[0], -2.0, 1e-14);
+        BCDF_replace_slope(last.get(), along, end, 4);
+        BCDF_update_slopes(last.get());
+        EXPECT_LT(vector_in(last->slopes, end == 0 ? 0 : 1)[0], 0.0) << "in the automatic sense";
     }
     const Record record = row_of(5);
     BCDF_replace_slope(record.get(), along, 0, 0);

@@ -95,9 +95,11 @@ TEST(CurveRecord, HandsOutItsArrays) {
     const Record weighted = new_record({2, 4, 6, 2, 0, 0, 0, 1}, 4);
     BCDF_copy_single_3d_point(weighted.get(), 0, v);
     EXPECT_EQ(Values(v, v + 3), (Values{1, 2, 3}));
-    weighted->points->dimension = 0;
-    BCDF_copy_single_3d_point(weighted.get(), 0, v);
-    EXPECT_EQ(Values(v, v + 3), Values(3));
+    for (const int dimension : {2, 1, 0}) {
+        weighted->points->dimension = dimension;
+        BCDF_copy_single_3d_point(weighted.get(), 0, v);
+        EXPECT_EQ(Values(v, v + 3), (Values{dimension > 0 ? 2.0 : 0, dimension > 1 ? 4.0 : 0, 0}));
+    }
     EXPECT_EQ(BCDF_calc_df_polygon_length(r), 5.0 + 12.0 + 13.0);
     EXPECT_EQ(BCDF_return_num_of_constraints(r), 8);
     const Record closed = sloped({0, 2}, corner, 1);
@@ -152,8 +154,14 @@ TEST(CurveRecord, CreatorsThatFailTakeNothing) {
     EXPECT_EQ(recorder.take(),
               (Reports{raised("bcdf_gen", 1005304, "The Point List Is NULL"),
                        raised("bcdf_gen", 1005306, "Slope Position Array Is NULL")}));
+    const Record weighted(
+        create(1, new_list(corner).release(), new_list({1, 1, 1, 1}, 1).release(), nullptr));
+    EXPECT_EQ(BCDF_is_least_squares(weighted.get()), 1) << "with weights of its own";
+    EXPECT_EQ(recorder.take(), Reports{});
     // Where the host goes on, a fit that cannot be periodic interpolates.
-    EXPECT_EQ(BCDF_is_least_squares(new_record(corner, 3, 1, 1).get()), 0);
+    for (const int periodicity : {0, 1, 2})
+        EXPECT_EQ(BCDF_is_least_squares(new_record(corner, 3, periodicity, 1).get()),
+                  periodicity != 1);
 }
 
 TEST(CurveRecord, KnowsSplinesWithSlopesAtTheirEnds) {

@@ -59,11 +59,10 @@ TEST(FacetLinesAndPlanes, ParallelOrWithoutDirection) {
     const Vector a = {1, 0, 0}, b = {3, 1, 0}, none = {0, 0, 0}, z = {0, 0, 1};
     const struct {
         double u, v, s, t;
-    } parallels[] = {{1, 1, 0, -2},
-                     {1, 2, 0, -4.0 / 16},  // by the square of the squared length
-                     {2, 9e-4, 4.0 / 16, 0},
-                     {9e-4, 9e-4, 0, 0},
-                     {2, 1.1e-3, 0, -2.2e-3 / (1.21e-6 * 1.21e-6)}};
+    } parallels[] = {
+        {1, 1, 0, -2},          {1, 2, 0, -4.0 / 16},  // by the square of the squared length
+        {2, 9e-4, 4.0 / 16, 0}, {9e-4, 9e-4, 0, 0},
+        {2, 1e-3, 4.0 / 16, 0}, {2, 1.1e-3, 0, -2.2e-3 / (1.21e-6 * 1.21e-6)}};
     double s, t;
     Vector p, direction;
     for (const auto& c : parallels) {
@@ -77,11 +76,13 @@ TEST(FacetLinesAndPlanes, ParallelOrWithoutDirection) {
               std::sqrt(5.0));
     FACET_point_line_proj(b.data(), a.data(), Vector{2, 0, 0}.data(), 1, p.data(), &t);
     EXPECT_EQ(t, 4);
+    FACET_point_line_proj(b.data(), a.data(), none.data(), 0, p.data(), &t);
+    EXPECT_EQ(t, 0);
     for (const auto& [unitize, length, expected] :
-         {std::array{1.0, 5.0, 1.0}, {2, 5, 5}, {1, 1e-6, 1e-6}}) {
+         {std::array{1.0, 5.0, 1.0}, {2, 5, 5}, {1, 1e-6, 1e-6}, {1, 1.1e-5, 1}}) {
         double line[6];
-        FACET_points_to_param_line(none.data(), Vector{0, length, 0}.data(),
-                                   static_cast<int>(unitize), line);
+        FACET_points_to_param_line(a.data(), Vector{1, length, 0}.data(), static_cast<int>(unitize),
+                                   line);
         EXPECT_EQ(line[4], expected);
     }
     const struct {
@@ -186,6 +187,7 @@ TEST(VertexNormal, ReportsWhatItCannotWeigh) {
     } cases[] = {
         {{flat, good}, 0, 1e-3, 1, z, {flat_said}},
         {{flat}, 0, 1e-3, 1, none, {flat_said}},
+        {{flat, good}, 0, 0, 1, z, {}},
         {{good}, 0, 1.01, 1, z, {flat_said}},  // small: reported, and weighed
         {{elsewhere, good},
          1,

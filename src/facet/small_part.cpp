@@ -46,7 +46,7 @@ class OneSide {
     Bits last_ = 0;  // whether the last vertex of the block before is on that side
 };
 
-/// Numbers vertices within the part.
+/// A part whose vertices are numbered from 0, the first one.
 template <class Lanes>
 class SmallPart {
   public:

@@ -83,7 +83,7 @@ class CornerTriangle {
         const double scale = polygon.is_upright() ? size : polygon.reach();
         for (int i = 0; i < 3; ++i) {
             const Vec2 way = places[(i + 1) % 3] - places[i];
-            edges_[i] = {places[i], way, leftmost_corner(way)};
+            edges_[i] = {places[i], way, Extremes(way)};
         }
         // Of a sliver, rounding may put points inside that lie anywhere along it.
         const double area = cross(edges_[0].way, places[2] - places[0]);
@@ -109,12 +109,12 @@ class CornerTriangle {
     /// An edge between places.
     struct Edge {
         Vec2 from, way;
-        Corner2 leftmost;  // of boxes, seen along it
+        Extremes extremes;
     };
 
     /// Twice the largest area of a triangle to the left of the edge that ends in the box.
     static double most_left(const Edge& edge, const Box2& box) {
-        return cross(edge.way, edge.leftmost.of(box) - edge.from);
+        return cross(edge.way, edge.extremes.leftmost(box) - edge.from);
     }
 
     bool is_left(Vec3 a, Vec3 b, Vec3 p) const { return dot(cross(b - a, p - a), normal_) > 0.0; }

@@ -16,11 +16,7 @@ inline double touching_margin(double reach) {
 /// A frame along a diagonal, from which edges are seen: s along it, t to its left.
 class Diagonal {
   public:
-    Diagonal(Vec2 from, Vec2 to) : origin_(from), end_(to) {
-        const auto way = unitize_unchecked(to - from, null_length);
-        way_ = way.unit;
-        length_ = way.magnitude;
-    }
+    Diagonal(Vec2 from, Vec2 to) : Diagonal(from, to, unitize_unchecked(to - from, null_length)) {}
 
     /// How far to the left of the diagonal's line a point is.
     template <class Point>
@@ -54,9 +50,10 @@ class Diagonal {
 
     /// Whether no edge within the box crosses the diagonal.
     bool is_clear_of(const Box2& box) const {
-        return across(leftmost(box, way_)) < fill_eps || across(rightmost(box, way_)) > fill_eps ||
-               along(foremost(box, way_)) < fill_eps ||
-               along(hindmost(box, way_)) > length_ + fill_eps;
+        return across(extremes_.leftmost(box)) < fill_eps ||
+               across(extremes_.rightmost(box)) > fill_eps ||
+               along(extremes_.foremost(box)) < fill_eps ||
+               along(extremes_.hindmost(box)) > length_ + fill_eps;
     }
 
     /// A box outside of which no edge crosses the diagonal.
@@ -69,10 +66,14 @@ class Diagonal {
     }
 
   private:
+    Diagonal(Vec2 from, Vec2 to, const Unitized<Vec2>& way)
+        : origin_(from), end_(to), way_(way.unit), length_(way.magnitude), extremes_(way.unit) {}
+
     double along(Vec2 p) const { return dot(p - origin_, way_); }
 
     Vec2 origin_, end_, way_;
     double length_;
+    Extremes extremes_;
 };
 
 }  // namespace ztmath

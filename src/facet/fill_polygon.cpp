@@ -185,7 +185,7 @@ class ApexSearch {
     /// A lower bound of the cross product of the base edge with the points of a box that are to its
     /// left and can be joined to it. It is looked for only where many runs are on both sides.
     double least_cross_seen(const Box2& box) {
-        const double nearest = base_.cross_with(rightmost(box, base_.way()));
+        const double nearest = base_.nearest_cross(box);
         if (nearest > fill_eps || ++straddling_runs_ < few) return nearest;
         double height = 0.0;
         if (base_.is_behind_start(box)) {

@@ -24,7 +24,7 @@ using Circumcircle = CircumcircleOf<Vec2>;
 /// A directed edge and what lies to its left.
 class BaseEdge {
   public:
-    BaseEdge(Vec2 a, Vec2 b) : a_(a), way_(b - a) {}
+    BaseEdge(Vec2 a, Vec2 b) : a_(a), way_(b - a), extremes_(way_) {}
 
     Vec2 start() const { return a_; }
     Vec2 way() const { return way_; }
@@ -36,6 +36,10 @@ class BaseEdge {
         return cross(way_, p - a_);
     }
 
+    /// The largest and the least of it for points of a box.
+    double farthest_cross(const Box2& box) const { return cross_with(extremes_.leftmost(box)); }
+    double nearest_cross(const Box2& box) const { return cross_with(extremes_.rightmost(box)); }
+
     /// Whether the triangle with p is degenerate or clockwise. One that is not a number passes.
     template <class Point>
     [[gnu::always_inline]] auto rejects(const Point& p) const {
@@ -43,14 +47,14 @@ class BaseEdge {
     }
 
     /// Whether every point of the box is rejected.
-    bool rejects_all(const Box2& box) const { return rejects(leftmost(box, way_)); }
+    bool rejects_all(const Box2& box) const { return farthest_cross(box) <= fill_eps; }
 
     /// Whether all of the box is farther back than the edge's start, or farther on than its end.
     bool is_behind_start(const Box2& box) const {
-        return dot(way_, foremost(box, way_) - a_) < 0.0;
+        return dot(way_, extremes_.foremost(box) - a_) < 0.0;
     }
     bool is_beyond_end(const Box2& box) const {
-        return dot(way_, hindmost(box, way_) - a_) > length_squared(way_);
+        return dot(way_, extremes_.hindmost(box) - a_) > length_squared(way_);
     }
 
     /// Whether the circle is a hundred times as wide as the edge.
@@ -75,13 +79,14 @@ class BaseEdge {
     double least_height(const Box2& box) const {
         const double power =
             length_squared(gap(box, a_ + way_ * 0.5)) - 0.25 * length_squared(way_);
-        if (power > 0.0) return power / cross_with(leftmost(box, way_));
-        const double nearest = cross_with(rightmost(box, way_));
+        if (power > 0.0) return power / farthest_cross(box);
+        const double nearest = nearest_cross(box);
         return nearest > 0.0 ? power / nearest : -HUGE_VAL;
     }
 
   private:
     Vec2 a_, way_;
+    Extremes extremes_;
 };
 
 template <class Circles, class Point>
@@ -117,7 +122,7 @@ class Goal {
     /// the last place of (d / sine) (d / sine + reach), where d is the largest distance from the
     /// edge's start and the sine that of the angle between the edge and w.
     bool surely_beats(const Box2& box, double nearest) const {
-        const double farthest = base_.cross_with(leftmost(box, base_.way()));
+        const double farthest = base_.farthest_cross(box);
         const double w = length(span(box, base_.start()));
         const double d = std::max(w, std::max(edge_, distance_));
         const double power = length_squared(gap(box, circle_.centre)) - circle_.squared_radius -

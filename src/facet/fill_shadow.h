@@ -27,12 +27,12 @@ class Extension {
     double above(Vec2 p) const { return dot(up_, p - from_); }
 
     /// How far along it no point of the box comes behind.
-    double least_along(const Box2& box) const { return along(hindmost(box, way_)); }
+    double least_along(const Box2& box) const { return along(Extremes(way_).hindmost(box)); }
 
     /// Whether no edge within the box meets it.
     bool misses(const Box2& box) const {
-        return along(foremost(box, way_)) < 0.0 || above(foremost(box, up_)) < 0.0 ||
-               above(hindmost(box, up_)) > 0.0;
+        return along(Extremes(way_).foremost(box)) < 0.0 ||
+               above(Extremes(up_).foremost(box)) < 0.0 || above(Extremes(up_).hindmost(box)) > 0.0;
     }
 
     /// How far along it the edge meets it, or a number that is not above 0.
@@ -93,8 +93,8 @@ class Shadow {
     double least_height(const Box2& box) const {
         if (!hides()) return 0.0;
         const double along = extension_.least_along(box);
-        const bool is_behind =
-            along > margin_ && dot(behind_, hindmost(box, behind_) - corner_) > least_behind_;
+        const bool is_behind = along > margin_ && dot(behind_, Extremes(behind_).hindmost(box) -
+                                                                   corner_) > least_behind_;
         return is_behind ? slope_ * along : 0.0;
     }
 

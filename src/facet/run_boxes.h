@@ -72,33 +72,28 @@ inline Vec2 span(const Box2& box, Vec2 p) {
             std::max(std::fabs(box.low.y - p.y), std::fabs(box.high.y - p.y))};
 }
 
-/// The corners of a box that are farthest and least far in a direction.
-inline Vec2 foremost(const Box2& box, Vec2 way) {
-    return {way.x >= 0.0 ? box.high.x : box.low.x, way.y >= 0.0 ? box.high.y : box.low.y};
-}
-inline Vec2 hindmost(const Box2& box, Vec2 way) {
-    return {way.x >= 0.0 ? box.low.x : box.high.x, way.y >= 0.0 ? box.low.y : box.high.y};
-}
+/// Which corners of boxes are farthest in a direction, least far, and farthest to its left and
+/// right.
+class Extremes {
+  public:
+    explicit Extremes(Vec2 way)
+        : x_ahead_(way.x >= 0.0 ? &Box2::high : &Box2::low),
+          x_behind_(way.x >= 0.0 ? &Box2::low : &Box2::high),
+          y_ahead_(way.y >= 0.0 ? &Box2::high : &Box2::low),
+          y_behind_(way.y >= 0.0 ? &Box2::low : &Box2::high) {}
 
-/// Which corner of boxes is meant: the one with x of one and y of another end of their diagonal.
-struct Corner2 {
-    Vec2 Box2::*with_x;
-    Vec2 Box2::*with_y;
+    Vec2 foremost(const Box2& box) const { return {(box.*x_ahead_).x, (box.*y_ahead_).y}; }
+    Vec2 hindmost(const Box2& box) const { return {(box.*x_behind_).x, (box.*y_behind_).y}; }
+    Vec2 leftmost(const Box2& box) const { return {(box.*y_behind_).x, (box.*x_ahead_).y}; }
+    Vec2 rightmost(const Box2& box) const { return {(box.*y_ahead_).x, (box.*x_behind_).y}; }
 
-    Vec2 of(const Box2& box) const { return {(box.*with_x).x, (box.*with_y).y}; }
+  private:
+    // At which end of a box's diagonal a coordinate is farther on, or less far.
+    Vec2 Box2::*x_ahead_;
+    Vec2 Box2::*x_behind_;
+    Vec2 Box2::*y_ahead_;
+    Vec2 Box2::*y_behind_;
 };
-
-inline Corner2 leftmost_corner(Vec2 way) {
-    return {way.y >= 0.0 ? &Box2::low : &Box2::high, way.x >= 0.0 ? &Box2::high : &Box2::low};
-}
-
-/// The corners of a box that are farthest to the left and to the right of a direction.
-inline Vec2 leftmost(const Box2& box, Vec2 way) {
-    return leftmost_corner(way).of(box);
-}
-inline Vec2 rightmost(const Box2& box, Vec2 way) {
-    return {way.y >= 0.0 ? box.high.x : box.low.x, way.x >= 0.0 ? box.low.y : box.high.y};
-}
 
 class RunBoxes {
     static constexpr int leaf_shift = 3;

@@ -63,7 +63,7 @@ TEST(FillPredicates, WhatIsSaidOfABoxHoldsForEveryPointInIt) {
         const Diagonal diagonal(a, b);
         const Circumcircle circle = base.circle_through(p);
         const Goal goal(base, p, 2e6);
-        const double nearest = base.cross_with(rightmost(box, base.way()));
+        const double nearest = base.nearest_cross(box);
         const bool beaten =
             !base.rejects(p) && nearest > fill_eps && goal.surely_beats(box, nearest);
         const auto slanted = SlantedBox::around(0, 2, [&](int i) { return inside[i]; });

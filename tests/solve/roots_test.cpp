@@ -342,10 +342,16 @@ TEST(Polynomial, LeavesPointsWithoutDirectionAndDropsLeadingCoefficientsUpToTheT
     const CheckingLevel on(1);
     const ReportRecorder recorder;
     const std::pair<Roots, std::size_t> rows[] = {
-        {{-1, 0, 0, 1}, 1},   {{1, 0, 0, 0, 1}, 0},          {{-1, 0, 0, 0, 1}, 2},
-        {{-6, 2, coarse}, 1}, {{-6, 2, 2 * coarse}, 2},      {{5, coarse}, 0},
-        {{0, 0, 0}, 0},       {{1, -2e110, 0, -2, 3e260}, 2}};  // the sixth step leads there, and
-                                                                // may be a long one
+        {{-1, 0, 0, 1}, 1},
+        {{1, 0, 0, 0, 1}, 0},
+        {{-1, 0, 0, 0, 1}, 2},
+        {{-6, 2, coarse}, 1},
+        {{-6, 2, 2 * coarse}, 2},
+        {{5, coarse}, 0},
+        {{0, 0, 0}, 0},
+        // More than six steps, of which only the first six may grow.
+        {{-2, 0, 0, 0, 2e270}, 2},
+        {{1, -2e110, 0, -2, 3e260}, 2}};
     for (const auto& [coeffs, count] : rows)
         EXPECT_EQ(iterated(coeffs).size(), count) << testing::PrintToString(coeffs);
     EXPECT_EQ(SOLVE_polynomial(-3, nullptr, nullptr), 0);

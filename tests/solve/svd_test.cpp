@@ -73,6 +73,7 @@ TEST(SvdDecompose, NotesMissingRowsAndWhatCannotConverge) {
     ASSERT_FALSE(reports.empty());
     for (const Report& report : reports)
         EXPECT_EQ(report, endless);
+    Factors({2, 2, {5e-3, 5e-3, 0, 7e-3}});
     // Neighbours this far above what counts as zero need 29 steps, or one more.
     Factors({2, 2, {1e115, 7e100, 0, 1.0000000000006e115}});
     EXPECT_EQ(recorder.take(), Reports{});

@@ -303,14 +303,21 @@ TEST(ClosedForms, OrderInexactRootsByTheirFormulas) {
         {-2, 3, 1},            // of a cubic: the smallest, the largest, the middle one
         {0.5, 5.5, 1.5, 2.5},  // the cubic around the mean 2.5, then the mean
         {7, 1, -2, -5},        // by factors, that of the larger sum first
+        {17, 11, 8, 5},        // and by those for which the sums differ most
         {4, 3, -1, -2},        // in mirror image around their mean
     };
     for (const Roots& row : rows)
         for (const double leading : {1.0, -1.0}) {
-            const Roots x = closed(expanded({row, {}}, leading));
+            Roots coeffs = expanded({row, {}}, leading);
+            const Roots x = closed(coeffs);
             ASSERT_EQ(x.size(), row.size());
             for (std::size_t i = 0; i < row.size(); ++i)
+                coeffs[i] = std::ldexp(coeffs[i], 40 * static_cast<int>(row.size() - i));
+            const Roots far = closed(coeffs);
+            for (std::size_t i = 0; i < row.size(); ++i) {
                 EXPECT_NEAR(x[i], row[i], row.size() == 3 ? 1e-14 : 1e-13);
+                EXPECT_EQ(far[i], 0x1p40 * x[i]);
+            }
             if (row.back() == 2.5) {
                 EXPECT_EQ(x.back(), 2.5);
             }

@@ -33,11 +33,14 @@ struct Factors {
 TEST(SvdDecompose, FactorsAreOrthogonalAndGiveTheMatrixBack) {
     Random random;
     ReportRecorder recorder;
+    std::vector<Matrix> matrices = {{3, 3, {1, 2, 0, 0, 0, 3, 0, 0, 4}}};  // singular halfway
     for (const auto& [m, n] :
-         {std::pair{1, 1}, {5, 1}, {3, 3}, {7, 3}, {10, 10}, {40, 17}, {60, 60}}) {
-        Matrix a = random_matrix(random, m, n);
-        for (int i = 0; m == 10 && i < m; ++i)  // of two blocks, between which it comes apart
-            std::fill_n(&a(i, i < 6 ? 6 : 0), i < 6 ? 4 : 6, 0.0);
+         {std::pair{1, 1}, {5, 1}, {3, 3}, {7, 3}, {40, 17}, {60, 60}, {10, 10}})
+        matrices.push_back(random_matrix(random, m, n));
+    for (int i = 0; i < 10; ++i)  // the last comes apart into two blocks
+        std::fill_n(&matrices.back()(i, i < 6 ? 6 : 0), i < 6 ? 4 : 6, 0.0);
+    for (const Matrix& a : matrices) {
+        const int m = a.rows(), n = a.columns();
         const Factors f(a);
         const double bound = 1e-14 * (m + n);
         // What is split off at 1e-12 off the diagonal shows in the product.

@@ -256,6 +256,7 @@ TEST(ClosedForms, GiveExactRootsInTheirOrder) {
         // To the last digit, which the factors only have when they have been improved.
         {expanded({{0.25, 5.296875, 5.9375, 6.84375}, {}}, 1.0), {6.84375, 5.9375, 5.296875, 0.25}},
         {expanded({{-10, -4, -3, 10}, {}}, 1.0), {10, -3, -4, -10}},
+        {expanded({{-6, -5, -1, 6}, {}}, 1.0), {6, -1, -5, -6}},
         {expanded({{1.25, 4.75}, {{6, 3.5}}}, 1.0), {4.75, 1.25}},
         {expanded({{-11.25, -8.75}, {{-10 + 0x1p-17, 1.25}}}, 1.0), {-8.75, -11.25}},
         {expanded({{5, 15}, {{10 + 0x1p-36, 4}}}, 1.0), {15, 5}},

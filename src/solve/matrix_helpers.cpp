@@ -69,15 +69,11 @@ void NR_matrix_2d_as_1d_init_zero(double* matrix, int rows, int cols) {
 }
 
 void NR_matrix_2d_as_1d_init_zero_ut(double* matrix, int n) {
-    const FlatRows m{matrix, n};
-    for (int i = 0; i < n; ++i)
-        std::fill_n(m[i] + i + 1, n - i - 1, 0.0);
+    zero_upper(FlatRows{matrix, n}, n);
 }
 
 void NR_matrix_2d_as_1d_init_zero_lt(double* matrix, int n) {
-    const FlatRows m{matrix, n};
-    for (int i = 0; i < n; ++i)
-        std::fill_n(m[i], i, 0.0);
+    zero_lower(FlatRows{matrix, n}, n);
 }
 
 void NR_matrix_2d_as_1d_nxn_transp(double* matrix, int n) {

@@ -198,6 +198,10 @@ TEST(RoundFit, OfAPartIsTheSameInUnitsNearTheMillimetre) {
         EXPECT_EQ(c.stats == nothing, millimetres == 1000);
         EXPECT_EQ(s.stats == nothing, millimetres == 1000);
     }
+    // As well a line as a circle: the first of equal eigenvalues is that of a line.
+    std::vector<double> cross = {5, 0, -5, 0, 0, 5, 0, -5};
+    cross.resize(32);
+    EXPECT_EQ(fit<2>(cross).failed, 1);
     // Smaller yet the points are straight within 0.005; larger yet no eigenvalue reaches 1e-10.
     EXPECT_EQ(fit<2>(in_unit(1e4, part)).failed, 1);
     EXPECT_EQ(fit<2>(in_unit(1e-7, part)).stats, nothing);
@@ -255,7 +259,7 @@ TEST(CircleFit, InSpaceIsThatOfThePointsInThePlane) {
     }
     // A null normal, the part's own at some length, and another.
     for (const Vector& given :
-         {Vector{0, 0, 0.9e-10}, scaled(row(part.axes, 2), -3), Vector{0, 0, 1.1e-10}}) {
+         {Vector{0, 0.6e-10, 0.8e-10}, scaled(row(part.axes, 2), -3), Vector{0, 0, 1.1e-10}}) {
         const SpaceCircle r(points, given);
         std::vector<double> in_plane;
         for (std::size_t i = 0; i < points.size(); i += 3) {
@@ -271,7 +275,7 @@ TEST(CircleFit, InSpaceIsThatOfThePointsInThePlane) {
         EXPECT_NEAR(r.radius, within.radius, 1e-9);
         EXPECT_LE(distance(r.stats, within.stats), 1e-8);
         EXPECT_LE(distance(r.centre, r.frame.at(within.centre)), 1e-9);
-        if (given[2] == 0.9e-10)
+        if (given[2] == 0.8e-10)
             EXPECT_LE(distance(r.centre, part.at({2, 2, 0})), 0.05);
         else
             EXPECT_EQ(r.normal, given);
@@ -301,6 +305,17 @@ TEST(SphereFit, FallsBackOnFourPointsThatAreSpread) {
                             r / 2})  // the mean of the four beside them
                         .radius,
                     r * std::sqrt(7.25), 1e-3);
+    // The first of points as far as others, and what lies ahead of the middle itself.
+    const std::vector<Vector> equals = {{0, 0, r / 4}, {2 * r, 0, 0},     {-2 * r, 0, 0},
+                                        {0, -r, 0},    {r / 2, r / 2, 0}, {-r / 2, r / 2, 0},
+                                        {0, 0, -r / 4}};
+    std::vector<double> flat;
+    for (const Vector& p : equals)
+        flat.insert(flat.end(), p.begin(), p.end());
+    const Result through = fit<3>(flat);
+    for (std::size_t i = 0; i < equals.size(); ++i)
+        EXPECT_EQ(std::fabs(length(moved(equals[i], -1, through.centre)) - through.radius) < 1.0,
+                  i < 4);
     for (const double height : {0.0011, 1.0}) {
         const Result pyramid = fit<3>({0, 0, 0, 3, 0, 0, 0, 4, 0, 1, 1, height});
         EXPECT_EQ(pyramid.failed, height < 1);

@@ -171,6 +171,7 @@ TEST(Mtx4IsEqual, ComparesElementsAndOrthonormality) {
     EXPECT_EQ(MTX4_is_ortho_normal(m.data()), 1);
     EXPECT_EQ(MTX4_is_identity(m.data(), 4), 1);
     EXPECT_EQ(MTX4_is_identity(m.data(), 3.9), 0);
+    EXPECT_EQ(MTX4_is_equal_transform(m.data(), m.data(), 0, 0, 0), 1);
     EXPECT_EQ(MTX4_is_equal_transform(m.data(), still.data(), 0, 5, 0.5), 1);
     EXPECT_EQ(MTX4_is_equal_transform(m.data(), still.data(), 0, 4.9, 0.5), 0);
     EXPECT_EQ(MTX4_is_equal_transform(m.data(), still.data(), 0, 5, 0.4), 0);

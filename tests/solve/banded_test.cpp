@@ -32,6 +32,8 @@ Register taken() {
     return held;
 }
 
+const Register at_start = taken();
+
 /// A clear register, and a system that is disposed of.
 class System {
   public:
@@ -134,6 +136,7 @@ TEST(Banded, ComputesEveryElementAsThePlainLoopsDo) {
 }
 
 TEST(Banded, TakesPivotsDownToAFixedSize) {
+    EXPECT_EQ(at_start, clear);
     for (const double pivot : {-1.0e-15, 0.99e-15, -0.99e-15, double{NAN}}) {
         const Register expected = std::fabs(pivot) < 1.0e-15 ? null_pivot : clear;
         System s(2, 1);

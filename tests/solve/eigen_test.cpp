@@ -137,7 +137,8 @@ TEST(Jacobi, CountsSweepsAndReportsExhaustion) {
     Eigen(diagonal({3, 1, 2}), 2);
     EXPECT_EQ(recorder.take(), Reports{});
     Eigen(diagonal({3, 1, 2}), 1);
-    Eigen({2, 2, {1, std::nan(""), 0, 1}}, 1'000'000'000);
+    // What is no number goes on as long as others are left to turn.
+    EXPECT_EQ(Eigen({3, 3, {1, std::nan(""), 2, 0, 1, 3, 0, 0, 1}}, 1'000'000'000).rotations, 1);
     EXPECT_EQ(recorder.take(), (Reports{exhausted, exhausted}));
 }
 
@@ -206,8 +207,10 @@ TEST(PowerIteration, FindsTheDominantPair) {
     EXPECT_DOUBLE_EQ(vector[1], std::pow(3.0, -12));  // half of what it changed by
     EXPECT_EQ(not_converged(stretching, 1), 1);  // a first vector has nothing to be compared with
     EXPECT_EQ(vector[1], 1.0 / 3.0);
+    EXPECT_EQ(not_converged(stretching, 0), 1);
+    EXPECT_EQ(value, 0);
     EXPECT_EQ(not_converged({2, 2, {0, -2, 2, 0}}, 50), 1);
-    EXPECT_EQ(not_converged({2, 2, {-2, 0, 0, -2}}, 50), 0);
+    EXPECT_EQ(not_converged({2, 2, {-2, 0, 0, -2}}, 2), 0);
     EXPECT_EQ(value, -2);
 }
 

@@ -105,7 +105,8 @@ TEST(Amoeba, FindsTheMinimumInAnyDimension) {
     }
 }
 
-/// From (0, 0), (1, 0) and (0, 1) with the values 0, 1 and 2, by the value across from the worst.
+/// From (3, 5), a step beside it and one above with the values 0, 1 and 2, by the value across from
+/// the worst. The points are seen from (3, 5).
 TEST(Amoeba, ReflectsExpandsContractsAndShrinks) {
     const std::pair<double, std::vector<Vector>> rows[] = {
         {9, {{1, -1}, {0.25, 0.5}, {0.5, 0}, {0, 0.5}}},
@@ -114,17 +115,21 @@ TEST(Amoeba, ReflectsExpandsContractsAndShrinks) {
         {-1, {{1, -1}, {1.5, -2}}}};
     for (const auto& [across, expected] : rows) {
         std::vector<Vector> tried;
-        const auto f = [&, value = across](const Vector& x) {
+        const auto f = [&, value = across](const Vector& p) {
+            const Vector x = {p[0] - 3, p[1] - 5};
             tried.push_back(x);
             if (x == Vector{1, -1}) return value;
             return x[0] + x[1] == x[0] * x[0] + x[1] * x[1] ? x[0] + 2 * x[1] : 9;  // a corner
         };
-        Simplex s(f, {0, 0}, 1);
+        Simplex s(f, {3, 5}, 1);
         tried.clear();
         EXPECT_EQ(s.minimise(0, static_cast<int>(expected.size())), 1);
         tried.resize(expected.size());  // the others are looked at by the check of what is left
         EXPECT_EQ(tried, expected);
     }
+    Simplex equals([](const Vector& x) { return x[0] + x[1]; }, {0, 0}, 1);
+    EXPECT_EQ(equals.minimise(0, 2), 1);
+    EXPECT_EQ(equals.vertices[1], (Vector{-1, 1})) << "the first of equals is moved";
 }
 
 TEST(Amoeba, RefusesBadArgumentsAndNumbersThatAreNone) {
@@ -242,12 +247,15 @@ TEST(Odeint, IsExactForQuarticSlopesAndRunsBothWays) {
         dydx[0] = 5.0 * std::pow(x, 4);
     };
     for (const double first : {0.3, -0.3, 100.0, 0.0}) {
-        Course c{power, {1.0}};
+        Course c{power, {10.0}};
         EXPECT_EQ(c.integrate(-1.0, 2.0, {.h_first = first}), 0);
-        EXPECT_NEAR(c.y[0], 34.0, 1e-12);
-        c.y[0] = 34.0;
+        EXPECT_NEAR(c.y[0], 43.0, 1e-12);
+        if (first == 0.0) {
+            EXPECT_NEAR(c.accepted_x[0], -0.98, 1e-10);  // it moves 10 by a hundredth
+        }
+        c.y[0] = 43.0;
         EXPECT_EQ(c.integrate(2.0, -1.0, {.h_first = first}), 0);
-        EXPECT_NEAR(c.y[0], 1.0, 1e-12);
+        EXPECT_NEAR(c.y[0], 10.0, 1e-12);
         EXPECT_EQ(c.reached, -1.0);
     }
     Course nowhere{power, {1.0}};
@@ -417,6 +425,13 @@ TEST(Qsimp, GoesOverItAgainWhenTheFirstGuessOfTheSizeWasTooLarge) {
     const Integral result = integrate(spike, 0.0, 1.0, 1e-7, 50);
     EXPECT_EQ(result.status, 0);
     EXPECT_NEAR(result.value, value, 1e-7 * value);
+}
+
+TEST(Qsimp, DividesAsOftenAsTheTestsOfTheErrorSay) {
+    const auto witch = [](double x) { return 1.0 / (1.0 + 25.0 * x * x); };
+    for (const auto& [tolerance, evaluations] :
+         {std::pair{1.0, 33}, {1e-3, 37}, {4e-6, 97}, {1e-7, 249}, {0.0, 39649}})
+        EXPECT_EQ(integrate(witch, -1, 1, tolerance, 60).evaluations, evaluations) << tolerance;
 }
 
 TEST(Qsimp, SaysWhatIsWrong) {

@@ -253,6 +253,13 @@ TEST(ClosedForms, GiveExactRootsInTheirOrder) {
         // In mirror image around their mean, a root: the outer two, then the mean twice.
         {expanded({{2, 4, 3, 3}, {}}, 1.0), {2, 4, 3, 3}},
         {expanded({{3, 3}, {{3, 2}}}, 1.0), {3, 3}},
+        // To the last digit, which the factors only have when they have been improved.
+        {expanded({{0.25, 5.296875, 5.9375, 6.84375}, {}}, 1.0), {6.84375, 5.9375, 5.296875, 0.25}},
+        {expanded({{-10, -4, -3, 10}, {}}, 1.0), {10, -3, -4, -10}},
+        {expanded({{-6, -5, -1, 6}, {}}, 1.0), {6, -1, -5, -6}},
+        {expanded({{1.25, 4.75}, {{6, 3.5}}}, 1.0), {4.75, 1.25}},
+        {expanded({{-11.25, -8.75}, {{-10 + 0x1p-17, 1.25}}}, 1.0), {-8.75, -11.25}},
+        {expanded({{5, 15}, {{10 + 0x1p-36, 4}}}, 1.0), {15, 5}},
     };
     for (const auto& [coeffs, roots] : rows)
         EXPECT_EQ(closed(coeffs), roots) << ::testing::PrintToString(coeffs);
@@ -303,14 +310,21 @@ TEST(ClosedForms, OrderInexactRootsByTheirFormulas) {
         {-2, 3, 1},            // of a cubic: the smallest, the largest, the middle one
         {0.5, 5.5, 1.5, 2.5},  // the cubic around the mean 2.5, then the mean
         {7, 1, -2, -5},        // by factors, that of the larger sum first
+        {17, 11, 8, 5},        // and by those for which the sums differ most
         {4, 3, -1, -2},        // in mirror image around their mean
     };
     for (const Roots& row : rows)
         for (const double leading : {1.0, -1.0}) {
-            const Roots x = closed(expanded({row, {}}, leading));
+            Roots coeffs = expanded({row, {}}, leading);
+            const Roots x = closed(coeffs);
             ASSERT_EQ(x.size(), row.size());
             for (std::size_t i = 0; i < row.size(); ++i)
+                coeffs[i] = std::ldexp(coeffs[i], 40 * static_cast<int>(row.size() - i));
+            const Roots far = closed(coeffs);
+            for (std::size_t i = 0; i < row.size(); ++i) {
                 EXPECT_NEAR(x[i], row[i], row.size() == 3 ? 1e-14 : 1e-13);
+                EXPECT_EQ(far[i], 0x1p40 * x[i]);
+            }
             if (row.back() == 2.5) {
                 EXPECT_EQ(x.back(), 2.5);
             }
@@ -342,8 +356,16 @@ TEST(Polynomial, LeavesPointsWithoutDirectionAndDropsLeadingCoefficientsUpToTheT
     const CheckingLevel on(1);
     const ReportRecorder recorder;
     const std::pair<Roots, std::size_t> rows[] = {
-        {{-1, 0, 0, 1}, 1},       {{1, 0, 0, 0, 1}, 0}, {{-1, 0, 0, 0, 1}, 2}, {{-6, 2, coarse}, 1},
-        {{-6, 2, 2 * coarse}, 2}, {{5, coarse}, 0},     {{0, 0, 0}, 0}};
+        {{-1, 0, 0, 1}, 1},
+        {{1, 0, 0, 0, 1}, 0},
+        {{-1, 0, 0, 0, 1}, 2},
+        {{-6, 2, coarse}, 1},
+        {{-6, 2, 2 * coarse}, 2},
+        {{5, coarse}, 0},
+        {{0, 0, 0}, 0},
+        // More than six steps, of which only the first six may grow.
+        {{-2, 0, 0, 0, 2e270}, 2},
+        {{1, -2e110, 0, -2, 3e260}, 2}};
     for (const auto& [coeffs, count] : rows)
         EXPECT_EQ(iterated(coeffs).size(), count) << testing::PrintToString(coeffs);
     EXPECT_EQ(SOLVE_polynomial(-3, nullptr, nullptr), 0);

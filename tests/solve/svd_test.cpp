@@ -33,9 +33,14 @@ struct Factors {
 TEST(SvdDecompose, FactorsAreOrthogonalAndGiveTheMatrixBack) {
     Random random;
     ReportRecorder recorder;
+    std::vector<Matrix> matrices = {{3, 3, {1, 2, 0, 0, 0, 3, 0, 0, 4}}};  // singular halfway
     for (const auto& [m, n] :
-         {std::pair{1, 1}, {5, 1}, {3, 3}, {7, 3}, {10, 10}, {40, 17}, {60, 60}}) {
-        const Matrix a = random_matrix(random, m, n);
+         {std::pair{1, 1}, {5, 1}, {3, 3}, {7, 3}, {40, 17}, {60, 60}, {10, 10}})
+        matrices.push_back(random_matrix(random, m, n));
+    for (int i = 0; i < 10; ++i)  // the last comes apart into two blocks
+        std::fill_n(&matrices.back()(i, i < 6 ? 6 : 0), i < 6 ? 4 : 6, 0.0);
+    for (const Matrix& a : matrices) {
+        const int m = a.rows(), n = a.columns();
         const Factors f(a);
         const double bound = 1e-14 * (m + n);
         // What is split off at 1e-12 off the diagonal shows in the product.
@@ -54,22 +59,29 @@ TEST(SvdDecompose, FactorsAreOrthogonalAndGiveTheMatrixBack) {
 
 TEST(SvdDecompose, NotesMissingRowsAndWhatCannotConverge) {
     ReportRecorder recorder;
-    const Matrix a(3, 3, {1, 2, 3, 4, 5, 6, 0, 0, 0});
+    const Matrix a(4, 4, {1, 2, 3, 4, 4, 5, 6, 9});
     const std::vector<double> padded = Factors(a).sorted();
     const Factors f(a, 2);
     EXPECT_EQ(recorder.take(),
               Reports{note("svd", "SVDCMP: You must augment A with extra zero rows")});
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 4; ++i)
         EXPECT_NEAR(f.sorted()[i], padded[i], 1e-12);
     EXPECT_EQ(f.u(2, 2), 1.0);  // the diagonal of the missing row is counted up like any other
     EXPECT_EQ(Factors({3, 3, {1, 2, 3, 4, 5, 6, 0, 0, 5}}, 2).u(2, 2), 6.0);
     recorder.take();
 
+    const Report endless = note("svd", "No convergence in 30 SVDCMP iterations");
     Factors({3, 3, {1, 2, 3, 4, std::nan(""), 6, 7, 8, 10}});
     const Reports reports = recorder.take();
     ASSERT_FALSE(reports.empty());
     for (const Report& report : reports)
-        EXPECT_EQ(report, note("svd", "No convergence in 30 SVDCMP iterations"));
+        EXPECT_EQ(report, endless);
+    Factors({2, 2, {5e-3, 5e-3, 0, 7e-3}});
+    // Neighbours this far above what counts as zero need 29 steps, or one more.
+    Factors({2, 2, {1e115, 7e100, 0, 1.0000000000006e115}});
+    EXPECT_EQ(recorder.take(), Reports{});
+    Factors({2, 2, {1e110, 7e95, 0, 1.0000000000003e110}});
+    EXPECT_EQ(recorder.take(), Reports{endless});
 }
 
 TEST(SvdSolver, FindsTheLeastSquaresSolutionOfLeastNorm) {

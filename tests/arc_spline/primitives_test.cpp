@@ -120,6 +120,11 @@ TEST(ArcSplinePrimitives, PointsAndCirclesAgainstCircles) {
         EXPECT_EQ(ARC_SPLINE_ask_where_is_circle_wrt_circle_2d(&c2, &c1, 0.125), code - mirrored);
     }
     EXPECT_EQ(ARC_SPLINE_ask_where_is_circle_wrt_circle_2d(nullptr, &circle, 1), 1);
+    for (const double d : {3.0, 5.0}) {  // touching, but nothing is within no number
+        const Segment small = made_circle({d, 0}, 1);
+        EXPECT_EQ(ARC_SPLINE_ask_where_is_circle_wrt_circle_2d(&circle, &small, NAN),
+                  d == 3 ? -1 : -4);
+    }
 }
 
 TEST(ArcSplinePrimitives, RadicalAxesHaveEqualPowers) {

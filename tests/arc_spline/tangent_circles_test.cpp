@@ -214,6 +214,13 @@ TEST(TangentCircles, AreAsManyAsTheyMustBe) {
         {{{0, 0}, 1e-4}, {{1500, 0}, 1e3}, {{-2000, 6}, 2}, 8},            // of all sizes
         {{{0, 0}, 2}, {{0, 1.5}, 0.5}, {{0, 3.5}, 6}, 2},                  // two touch in the third
         {{{0, 0}, 2}, {{0, 1}, 3}, {{-1e-6, 0}, 2}, 1},                    // two nearly equal
+        {{{6, 0}, 1}, {{-2, 0}, 1}, {{1, 0}, 4}, 2},                       // each touches the next
+        {{{-6, 0}, 4}, {{-1, 0}, 5}, {{2, 0}, 2}, 4},
+        {{{0, 0}, 3}, {{0, 0}, 2}, {{-2, 0}, 1}, 4},
+        {{{0, 0}, 2}, {{-6, 0}, 6}, {{-4, 0}, 4}, 6},
+        {{{-2, -6}, 5}, {{4, -6}, 1}, {{0, -5}, 1}, 2},
+        {{{5, 5}, 4}, {{2, 4}, 5}, {{2, 5}, 4}, 5},  // touching one line, which is no circle
+        {{{2, 4}, 4}, {{-2, 2}, 2}, {{2, -3}, 3}, 3},
     };
     for (const auto& row : rows) {
         const Answer x = touching_three(row.a, row.b, row.c);

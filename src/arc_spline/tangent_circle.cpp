@@ -55,20 +55,17 @@ struct Roots {
 /// that cancel leave their rounding behind, the more the flatter the planes of the line cross; it
 /// could make two roots, or none, of the one that circles have that touch one another.
 Roots meet_cone(const CommonLine& line, double excess) {
-    constexpr double rounding = 1.0e-15;
-    constexpr double null_coefficient = 4.0e-15;
+    constexpr double rounding = 4.0e-15;
     const Vec3 d = line.direction;
     const Vec3 p{line.point.x, line.point.y, line.point.z + excess};
-    const double size = length(p);
     const double reach = length(line.point) + std::fabs(excess);
     const double a = cone_product(d, d);
     const double b = cone_product(p, d);
     const double c = cone_product(p, p);
+    if (std::fabs(a) <= rounding)
+        return {std::fabs(b) > rounding * reach ? 1 : 0, {c / (-2.0 * b), 0.0}, false};
     const double discriminant = b * b - a * c;
-    const double doubt =
-        rounding / line.sine * (std::fabs(b) * reach + std::fabs(a) * size * reach + std::fabs(c));
-    if (std::fabs(a) <= null_coefficient)
-        return {std::fabs(b) > null_coefficient * reach ? 1 : 0, {c / (-2.0 * b), 0.0}, false};
+    const double doubt = rounding * reach * reach / line.sine;
     if (!(discriminant >= -doubt)) return {0, {}, false};
     if (!(discriminant > 0.0)) return {1, {-b / a, 0.0}, false};
     const double root = std::sqrt(discriminant);

@@ -329,6 +329,12 @@ TEST(ArcSplinePredicates, InscribedAngles) {
             EXPECT_TRUE(type == -2 && status == 1 && bisector == o && inscribed == 0);
         }
     }
+    const Vector null{};
+    double angle = 9, inscribed = 9;
+    int type = 9;
+    ARC_SPLINE_ask_inscribed_angle_and_type(null.data(), null.data(), null.data(), 0, 1, &angle,
+                                            &inscribed, &type);
+    EXPECT_TRUE(type == -2 && angle == 0 && inscribed == 0);
 }
 
 }  // namespace

@@ -209,6 +209,7 @@ TEST(CurveRecord, DropsTheFourthCoordinateOfSlopesWithoutDividing) {
     for (const double fourth : {9.0, 0.0}) {  // new, and over another
         BCDF_replace_slope(record.get(), Vector{5, 6, 7}.data(), 1, 1);
         EXPECT_EQ(values_of(record->slopes), (Values{5, 6, 7, 0}));
+        EXPECT_EQ(record->slopes->points_allocated, 1);
         record->slopes->points[3] = fourth;
     }
     BCDF_remove_slopes(record.get(), 0, 1);
@@ -274,6 +275,7 @@ TEST(CurveRecord, ReportsOnlyWithChecking) {
         int n = 9;
         int d = 9;
         EXPECT_EQ(BCDF_return_order(nullptr), 0);
+        EXPECT_EQ(BCDF_return_periodicity(nullptr), 0);
         EXPECT_EQ(BCDF_is_least_squares(nullptr), 0);
         EXPECT_EQ(BCDF_return_knot_sequence(nullptr, &n), nullptr);
         EXPECT_EQ(BCDF_return_ls_tolerance(nullptr), 0.0);
@@ -283,6 +285,7 @@ TEST(CurveRecord, ReportsOnlyWithChecking) {
         EXPECT_EQ(v[0], 0.0);
         BCDF_copy_single_3d_point(&flat, 0, v);
         BCDF_copy_single_3d_slope(r, 0, v, &n);
+        EXPECT_EQ(n, 0);
         BCDF_copy_single_3d_slope(one.get(), 1, v, &n);
         BCDF_copy_single_3d_crvatr(r, 0, v, &n);
         EXPECT_EQ(BCDF_copy_points(&bare, &n, &d), nullptr);

@@ -202,6 +202,11 @@ TEST(CurveRecord, NormalisesParametersAndBack) {
     EXPECT_EQ(values_of(r->curvature_parameters), Values{10});
     BCDF_scale_slopes(r, -2.0);
     EXPECT_EQ(values_of(r->slopes), (Values{0, -4, 0, 0, -6, 0, 0, -10, 0}));
+    const Record one = new_record({0, 0, 0});
+    one->parameters->points[0] = 2;
+    BCDF_replace_curvature(one.get(), corner.data(), 0, 0);
+    BCDF_normalize_parameters(one.get());
+    EXPECT_EQ(values_of(one->curvature_parameters), Values{1});
 }
 
 TEST(CurveRecord, DropsTheFourthCoordinateOfSlopesWithoutDividing) {

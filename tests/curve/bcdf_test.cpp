@@ -217,6 +217,9 @@ TEST(CurveRecord, DropsTheFourthCoordinateOfSlopesWithoutDividing) {
         EXPECT_EQ(record->slopes->points_allocated, 1);
         record->slopes->points[3] = fourth;
     }
+    const Record wide = new_record(Values(10), 5);
+    BCDF_replace_slope(wide.get(), Vector{5, 6, 7}.data(), 0, 1);
+    EXPECT_EQ(values_of(wide->slopes), (Values{5, 6, 7, 0, 0}));
     BCDF_remove_slopes(record.get(), 0, 1);
     record->slopes = new_list({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}, 4).release();
     BCDF_convert_4d_to_3d(record.get());

@@ -38,12 +38,12 @@ CommonLine common_line(Vec3 q1, Vec3 n1, Vec3 q2, Vec3 n2, double sine_tolerance
     const double sine = length(along);
     if (sine <= sine_tolerance) {
         const bool is_same = std::fabs(dot(q2 - q1, n1)) <= distance_tolerance;
-        return {is_same ? same_plane : parallel_planes, {}, {}};
+        return {is_same ? same_plane : parallel_planes, {}, {}, sine};
     }
     const Vec3 direction = along * (1.0 / sine);
     const Vec3 point =
         (cross(n2, direction) * dot(q1, n1) + cross(direction, n1) * dot(q2, n2)) * (1.0 / sine);
-    return {one_line, point, direction};
+    return {one_line, point, direction, sine};
 }
 
 CommonLine common_line(const MongePlane& a, const MongePlane& b, double sine_tolerance,

@@ -33,6 +33,7 @@ enum CommonLineStatus { one_line = 0, parallel_planes = 1, same_plane = 2 };
 struct CommonLine {
     CommonLineStatus status;
     Vec3 point, direction;  // zero without a line
+    double sine;            // of the angle between the planes
 };
 
 /// The line common to the planes through q1 and q2 with unit normals n1 and n2.

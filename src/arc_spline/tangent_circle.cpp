@@ -10,9 +10,6 @@ namespace ztmath {
 
 namespace {
 
-/// Below this share of the terms that it is made of, a discriminant is rounding only.
-constexpr double null_discriminant = 1.0e-13;
-
 /// The frame of the data: the first circle's centre as origin, their extent as unit.
 struct DataFrame {
     Vec2 origin;
@@ -41,31 +38,39 @@ MongePlane common_plane(const Touching& first, const Touching& t) {
     return {{c.x, c.y, difference}, (difference * sum - length_squared(c)) * 0.5, 0};
 }
 
-/// The roots of a t^2 + 2 b t + c; a root at infinity is left out.
+/// The product of vectors for which cones around the origin are null.
+double cone_product(Vec3 u, Vec3 v) {
+    return u.x * v.x + u.y * v.y - u.z * v.z;
+}
+
+/// Parameters of a line; one at infinity is left out. Doubtful ones are so close to one another
+/// that rounding may have made them of one.
 struct Roots {
     int count;
     double t[2];
+    bool are_doubtful;
 };
 
-Roots half_roots(double a, double b, double c) {
-    double discriminant = b * b - a * c;
-    if (std::fabs(discriminant) <= null_discriminant * (b * b + std::fabs(a * c)))
-        discriminant = 0.0;
-    if (!(discriminant >= 0.0)) return {0, {}};
-    const double root = std::sqrt(discriminant);
-    const double q = b > 0.0 ? -b - root : root - b;
-    if (q == 0.0) return {a == 0.0 ? 0 : 1, {0.0, 0.0}};
-    if (a == 0.0) return {1, {c / q, 0.0}};
-    if (discriminant == 0.0) return {1, {q / a, 0.0}};
-    return {2, {q / a, c / q}};
-}
-
-/// Where a line of space meets the cone around the origin.
+/// Where a line of space meets the cone around the origin: at the roots of a t^2 + 2 b t + c. Terms
+/// that cancel leave their rounding behind, the more the flatter the planes of the line cross; it
+/// could make two roots, or none, of the one that circles have that touch one another.
 Roots meet_cone(const CommonLine& line, double excess) {
+    constexpr double rounding = 4.0e-15;
     const Vec3 d = line.direction;
     const Vec3 p{line.point.x, line.point.y, line.point.z + excess};
-    return half_roots(d.x * d.x + d.y * d.y - d.z * d.z, p.x * d.x + p.y * d.y - p.z * d.z,
-                      p.x * p.x + p.y * p.y - p.z * p.z);
+    const double reach = length(line.point) + std::fabs(excess);
+    const double a = cone_product(d, d);
+    const double b = cone_product(p, d);
+    const double c = cone_product(p, p);
+    if (std::fabs(a) <= rounding)
+        return {std::fabs(b) > rounding * reach ? 1 : 0, {c / (-2.0 * b), 0.0}, false};
+    const double discriminant = b * b - a * c;
+    const double doubt = rounding * reach * reach / line.sine;
+    if (!(discriminant >= -doubt)) return {0, {}, false};
+    if (!(discriminant > 0.0)) return {1, {-b / a, 0.0}, false};
+    const double root = std::sqrt(discriminant);
+    const double q = b > 0.0 ? -b - root : root - b;
+    return {2, {q / a, c / q}, discriminant <= doubt};
 }
 
 double worst_gap(const Circle& c, const Touching (&three)[3]) {
@@ -104,10 +109,20 @@ Circle refined(Circle c, const Touching (&three)[3]) {
     return c;
 }
 
+bool touches_within(double gap, const Circle& c, const Touching (&three)[3]) {
+    return worst_gap(c, three) <= gap * std::fmax(1.0, c.radius);
+}
+
 /// Where the view has too few digits left to start from, what is found touches nothing.
 bool touches(const Circle& c, const Touching (&three)[3]) {
-    constexpr double touching_gap = 1.0e-12;
-    return worst_gap(c, three) <= touching_gap * std::fmax(1.0, c.radius);
+    return touches_within(1.0e-12, c, three);
+}
+
+/// Two circles are one if that in their middle touches as well as numbers can tell.
+void unite(TwoCircles& found, const Touching (&three)[3]) {
+    const auto& [a, b] = found.circles;
+    const Circle middle{(a.center + b.center) * 0.5, (a.radius + b.radius) * 0.5};
+    if (touches_within(1.0e-14, middle, three)) found = {1, {middle, {}}};
 }
 
 }  // namespace
@@ -129,9 +144,11 @@ TwoCircles circles_touching(const Touching (&three)[3]) {
     for (int i = 0; i < roots.count; ++i) {
         const Vec3 p = line.point + line.direction * roots.t[i];
         const Circle circle = refined({{p.x, p.y}, p.z}, local);
-        if (circle.radius > 0.0 && touches(circle, local))
-            found.circles[found.count++] = frame.outwards(circle);
+        if (circle.radius > 0.0 && touches(circle, local)) found.circles[found.count++] = circle;
     }
+    if (roots.are_doubtful && found.count == 2) unite(found, local);
+    for (Circle& circle : found.circles)
+        circle = frame.outwards(circle);
     return found;
 }
 

@@ -149,9 +149,10 @@ TEST(ArcSplineConstructions, ThroughTwoPointsTouchingALine) {
             EXPECT_NEAR(image.radius / (f.scale * m.s[k].radius), 1, 1e-9);
         }
     }
-    const double cases[][7] = {{-1, 1, 1, 1, 1, 0, 1}, {1, -1, -1, -1, 1, 0, -1},  // parallel
-                               {0, 0, 3, 1, 1, 0, 5},  {3, 1, 0, 9e-7, 1, 0, 5},   // on the line
-                               {0, 0, 3, 0, 0, 0, 0},  {0, 2, 0, 1, 2, std::sqrt(2), 1.5}};
+    const double cases[][7] = {{-1, 1, 1, 1, 1, 0, 1},   {1, -1, -1, -1, 1, 0, -1},  // parallel
+                               {1, 1, -1, 1, 1, 0, 1},   {0, 0, 3, 1, 1, 0, 5},
+                               {3, 1, 0, 9e-7, 1, 0, 5},  // on the line
+                               {0, 0, 3, 0, 0, 0, 0},    {0, 2, 0, 1, 2, std::sqrt(2), 1.5}};
     for (const auto& [x1, y1, x2, y2, count, x, y] : cases) {
         const Made m = touching({x1, y1}, {x2, y2}, {7, 0}, {-1e-9, 0});
         EXPECT_EQ(m.count, count) << x1;

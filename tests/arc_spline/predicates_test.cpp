@@ -156,7 +156,8 @@ TEST(ArcSplinePredicates, SinesAndCosines) {
                                {1, 0, 0.5, 7, 0, 2, -150, -30}, {1, 0, 0.5, -11, 59, 1, -30, 0},
                                {1, 0, 0.5, -11, 61, 0, 0, 0},   {1, 0, 0.5, 10, 0, 0, 0, 0},
                                {1e-12, 0, 0, 0, 0, -3, 0, 0},   {1, 0, 0, 1, 0, 1, 0, 0},
-                               {1, 0, 0, 0, 0, 1, 0, 0},        {1, 0, -1, -11, -1, 0, 0, 0}};
+                               {1, 0, 0, 0, 0, 1, 0, 0},        {1, 0, -1, -11, -1, 0, 0, 0},
+                               {1, 0, 0, -11, 90, 1, 0, 0},     {1, 0, 0, 10, 90, 1, 0, 0}};
     for (const auto& [p, q, r, mode, margin, count, x1, x2] : cases) {
         x = {9, 9};
         EXPECT_EQ(solve(p, q, r, 'd', static_cast<int>(mode), margin), count) << mode;
@@ -265,6 +266,8 @@ TEST(ArcSplinePredicates, Rays) {
                                                           1, 0, &tol, parms.data(), &status),
                 parallel == 0);
         }
+    EXPECT_EQ(Rays({-0.125, 0}, right, {0, -0.5}, up, 0.125).sides[0], 0);
+    EXPECT_EQ(Rays({-0.5, 0}, right, {0, -0.125}, up, 0.125).sides[1], 0);
     // They meet 0.375 and 0.5 on; the middle of the base is 0.3125 from there.
     for (const double tol : {0.125, 0.3125}) {
         const Rays on({-0.375, 0}, right, {0, -0.5}, up, tol);
@@ -329,6 +332,12 @@ TEST(ArcSplinePredicates, InscribedAngles) {
             EXPECT_TRUE(type == -2 && status == 1 && bisector == o && inscribed == 0);
         }
     }
+    const Vector null{};
+    double angle = 9, inscribed = 9;
+    int type = 9;
+    ARC_SPLINE_ask_inscribed_angle_and_type(null.data(), null.data(), null.data(), 0, 1, &angle,
+                                            &inscribed, &type);
+    EXPECT_TRUE(type == -2 && angle == 0 && inscribed == 0);
 }
 
 }  // namespace

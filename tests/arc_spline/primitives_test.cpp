@@ -120,6 +120,11 @@ TEST(ArcSplinePrimitives, PointsAndCirclesAgainstCircles) {
         EXPECT_EQ(ARC_SPLINE_ask_where_is_circle_wrt_circle_2d(&c2, &c1, 0.125), code - mirrored);
     }
     EXPECT_EQ(ARC_SPLINE_ask_where_is_circle_wrt_circle_2d(nullptr, &circle, 1), 1);
+    // Two that touch and an equal one: nothing is within no number.
+    for (const auto& [r, d, code] : {std::array{1.0, 3.0, -1.0}, {1, 5, -4}, {4, 5, -4}}) {
+        const Segment other = made_circle({d, 0}, r);
+        EXPECT_EQ(ARC_SPLINE_ask_where_is_circle_wrt_circle_2d(&circle, &other, NAN), code);
+    }
 }
 
 TEST(ArcSplinePrimitives, RadicalAxesHaveEqualPowers) {

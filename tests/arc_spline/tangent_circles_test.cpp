@@ -214,6 +214,13 @@ TEST(TangentCircles, AreAsManyAsTheyMustBe) {
         {{{0, 0}, 1e-4}, {{1500, 0}, 1e3}, {{-2000, 6}, 2}, 8},            // of all sizes
         {{{0, 0}, 2}, {{0, 1.5}, 0.5}, {{0, 3.5}, 6}, 2},                  // two touch in the third
         {{{0, 0}, 2}, {{0, 1}, 3}, {{-1e-6, 0}, 2}, 1},                    // two nearly equal
+        {{{6, 0}, 1}, {{-2, 0}, 1}, {{1, 0}, 4}, 2},                       // each touches the next
+        {{{-6, 0}, 4}, {{-1, 0}, 5}, {{2, 0}, 2}, 4},
+        {{{0, 0}, 3}, {{0, 0}, 2}, {{-2, 0}, 1}, 4},
+        {{{0, 0}, 2}, {{-6, 0}, 6}, {{-4, 0}, 4}, 6},
+        {{{-2, -6}, 5}, {{4, -6}, 1}, {{0, -5}, 1}, 2},
+        {{{5, 5}, 4}, {{2, 4}, 5}, {{2, 5}, 4}, 5},  // touching one line, which is no circle
+        {{{2, 4}, 4}, {{-2, 2}, 2}, {{2, -3}, 3}, 3},
     };
     for (const auto& row : rows) {
         const Answer x = touching_three(row.a, row.b, row.c);
@@ -278,6 +285,7 @@ TEST(TangentCircles, TakeTheToleranceItselfForNothing) {
     EXPECT_EQ(at_point(circle, x_axis, {1, 0}).count, 0);
     tols = negative;
     EXPECT_GT(of_radius(a, b, 3).circles[0].center[1], 0) << "from left to right all the same";
+    EXPECT_EQ(of_radius(a, {{2, 0}, 1}, 3).count, 8) << "where centres meet in one point, too";
     tols = right_angle;
     EXPECT_EQ(at_point(line({0, 0}, {0, 1}), x_axis, {3, 0}).count, 1);
     tols = fine;
@@ -374,6 +382,7 @@ TEST(TangentCircles, SayWhatCannotBeServed) {
     EXPECT_EQ(through_two({1, 1}, {1, 2}, null).status, 2);
     EXPECT_EQ(at_point(circle, x_axis, {3, 1}).status, 3);
     EXPECT_EQ(at_point(circle, circle, {3, 1}).status, 2);
+    EXPECT_EQ(at_point(x_axis, x_axis, {3, 1}).status, 3);
     EXPECT_EQ(recorder.take(), Reports{});
     EXPECT_EQ(of_radius(a, null, 1.0).status, 2);
     EXPECT_EQ(of_radius(null, b, 0.0).status, 4);

@@ -32,13 +32,15 @@ struct Tangents {
 };
 
 /// Of a circle and another, or the point that is the centre of the other.
-Tangents tangents(Kind kind, const Segment* a, const Segment* b, int bounded = 0) {
+Tangents tangents(Kind kind, const Segment* a, const Segment* b, int bounded = 0,
+                  int bounded_b = -1) {
     Tangents x;
     Segment* const t = x.lines;
     if (kind != from_point) {
         const auto common = kind == exterior ? ARC_SPLINE_ask_tangents_exterior_to_circles_2d
                                              : ARC_SPLINE_ask_tangents_interior_to_circles_2d;
-        common(a, b, bounded, bounded, tols, &x.count, t, t + 1, x.parms[0], x.parms[1], &x.status);
+        common(a, b, bounded, bounded_b < 0 ? bounded : bounded_b, tols, &x.count, t, t + 1,
+               x.parms[0], x.parms[1], &x.status);
         return x;
     }
     Pair points[2];
@@ -153,6 +155,11 @@ TEST(Tangents, CountAndFail) {
         EXPECT_NEAR(x.lines[0].start_point[1], row.y, 1.0e-8);
         EXPECT_EQ(tangents(row.kind, nullptr, &row.b).status, 1);
     }
+    const Segment half = arc(5, 0, 1, 1, -90, 90);
+    for (const int bounded : {0, 1}) {
+        EXPECT_EQ(tangents(exterior, &big, &half, 1 - bounded, bounded).count, 2 - bounded);
+        EXPECT_EQ(tangents(exterior, &half, &big, bounded, 1 - bounded).count, 2 - bounded);
+    }
     const Segment loose = arc(3 + 8e-10, 0, 1);
     const Segment touch = tangents(interior, &loose, &big).lines[0];
     EXPECT_NEAR(touch.start_point[0], 2 + 4e-10, 1e-13) << "amid the gap";
@@ -179,6 +186,8 @@ TEST(Tangents, TakeTheToleranceItselfForNothing) {
     const Segment big = arc(0, 0, 2), far = arc(5, 0, 1);
     tols = negative;
     EXPECT_EQ(tangents(from_point, &big, &far).status, 3);
+    const Segment beside = arc(3, 0, 1);
+    EXPECT_EQ(tangents(interior, &big, &beside).count, 0);
     tols = fine;
 }
 

@@ -42,6 +42,7 @@ TEST(CurveCalculations, ParametersAndWeights) {
     };
     EXPECT_EQ(parameters({0, 0, 0, 3, 4, 0, 3, 4, 12}, 3, 1.0), (Values{0, 5, 17}));
     EXPECT_EQ(parameters({0, 0, 0, 0, 0, 0, 0, 16}, 4, 0.5), (Values{0, 4}));
+    EXPECT_EQ(parameters({0, 0, 0, 0, 0, 0, 0, 16}, 4, 1.5), (Values{0, 64}));
     // Points that are one get steps of n - 1.
     EXPECT_EQ(parameters({1, 1, 1, 1, 1, 1, 1, 1, 1}, 3, 1.0), (Values{0, 2, 4}));
     Values t = {0, 1, 3, 7}, w(3);
@@ -96,6 +97,7 @@ TEST(CurveCalculations, AutomaticDerivativesReproduceQuadratics) {
                                       t.data(), mode, 4.0, 2, out);
             for (std::size_t j = 0; j < 3; ++j) {
                 ASSERT_NEAR(out[j], 4 * b[j] + 16 * a[j], 1e-11);
+                ASSERT_NEAR(out[3 + j], b[j] + 8 * a[j], 1e-11);
                 ASSERT_NEAR(out[6 + j], 2 * a[j], 1e-11);
             }
         }

@@ -105,12 +105,20 @@ TEST(CurveSearches, StopAtTheirLimits) {
         EXPECT_EQ(BCDF_slope_at_point(record.get(), 2, &at), t < 2 + 5e-10);
         EXPECT_EQ(at, 2);
     }
+    record->parameters->points[3] = 2 + 0x1p-31;
+    record->slope_parameters->points[2] = 2 + 0x1p-32;
+    for (const int between : {2, 3})
+        EXPECT_EQ(BCDF_slope_at_point(record.get(), between, &at), 0);
     record->parameters->points[3] = 2 + 3e-10;
     for (const int steps : {1, 2}) {
         record->slope_parameters->points[2] = 2 + steps * 1e-10;
         EXPECT_EQ(BCDF_slope_at_point(record.get(), 1 + steps, &at), 1);
         EXPECT_EQ(BCDF_slope_at_point(record.get(), 4 - steps, &at), 0);
     }
+    at = 7;  // which stays where there is nothing to search
+    for (const auto search : {BCDF_slope_at_point, BCDF_curvature_at_point})
+        EXPECT_EQ(search(record.get(), 9, &at) + search(close.get(), 1, &at), 0);
+    EXPECT_EQ(at, 7);
     int* positions = BCDF_create_slope_pos_array(record.get(), &number);
     EXPECT_EQ(std::vector<int>(positions, positions + number), (std::vector<int>{1, 2, 0, 0}));
     SM_free(positions);
@@ -214,6 +222,7 @@ TEST(CurveEditing, NeededAndUpdatedSlopes) {
     EXPECT_NEAR(vector_in(record->slopes, 0)[0], 1.0, 1e-14);
     BCDF_change_tolerance(record.get(), 0.5);
     EXPECT_EQ(record->ls_tolerance, 0.5);
+    EXPECT_NE(record->weights, nullptr);
     EXPECT_EQ(record->ls_num_segments, 0);
 }
 

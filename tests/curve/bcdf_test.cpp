@@ -202,6 +202,11 @@ TEST(CurveRecord, NormalisesParametersAndBack) {
     EXPECT_EQ(values_of(r->curvature_parameters), Values{10});
     BCDF_scale_slopes(r, -2.0);
     EXPECT_EQ(values_of(r->slopes), (Values{0, -4, 0, 0, -6, 0, 0, -10, 0}));
+    const Record one = new_record({0, 0, 0});
+    one->parameters->points[0] = 2;
+    BCDF_replace_curvature(one.get(), corner.data(), 0, 0);
+    BCDF_normalize_parameters(one.get());
+    EXPECT_EQ(values_of(one->curvature_parameters), Values{1});
 }
 
 TEST(CurveRecord, DropsTheFourthCoordinateOfSlopesWithoutDividing) {
@@ -209,8 +214,12 @@ TEST(CurveRecord, DropsTheFourthCoordinateOfSlopesWithoutDividing) {
     for (const double fourth : {9.0, 0.0}) {  // new, and over another
         BCDF_replace_slope(record.get(), Vector{5, 6, 7}.data(), 1, 1);
         EXPECT_EQ(values_of(record->slopes), (Values{5, 6, 7, 0}));
+        EXPECT_EQ(record->slopes->points_allocated, 1);
         record->slopes->points[3] = fourth;
     }
+    const Record wide = new_record(Values(10), 5);
+    BCDF_replace_slope(wide.get(), Vector{5, 6, 7}.data(), 0, 1);
+    EXPECT_EQ(values_of(wide->slopes), (Values{5, 6, 7, 0, 0}));
     BCDF_remove_slopes(record.get(), 0, 1);
     record->slopes = new_list({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}, 4).release();
     BCDF_convert_4d_to_3d(record.get());
@@ -274,6 +283,7 @@ TEST(CurveRecord, ReportsOnlyWithChecking) {
         int n = 9;
         int d = 9;
         EXPECT_EQ(BCDF_return_order(nullptr), 0);
+        EXPECT_EQ(BCDF_return_periodicity(nullptr), 0);
         EXPECT_EQ(BCDF_is_least_squares(nullptr), 0);
         EXPECT_EQ(BCDF_return_knot_sequence(nullptr, &n), nullptr);
         EXPECT_EQ(BCDF_return_ls_tolerance(nullptr), 0.0);
@@ -283,6 +293,7 @@ TEST(CurveRecord, ReportsOnlyWithChecking) {
         EXPECT_EQ(v[0], 0.0);
         BCDF_copy_single_3d_point(&flat, 0, v);
         BCDF_copy_single_3d_slope(r, 0, v, &n);
+        EXPECT_EQ(n, 0);
         BCDF_copy_single_3d_slope(one.get(), 1, v, &n);
         BCDF_copy_single_3d_crvatr(r, 0, v, &n);
         EXPECT_EQ(BCDF_copy_points(&bare, &n, &d), nullptr);

@@ -104,6 +104,11 @@ TEST(EarClipping, IsThePlainRuleTriangleForTriangle) {
     }
 }
 
+TEST(EarClipping, TakesAllCornersForConvexWithoutANormal) {
+    const Vectors points = lifted(spiral_polygon(9), Frame({0, 0, 0}, identity));
+    EXPECT_EQ(clipping(points, {0, 0, 0}), plain_clipping(points, {0, 0, 0}));
+}
+
 TEST(EarClipping, AssertsTheCountOfTriangles) {
     const CheckingLevel checking(1);
     ReportRecorder recorder;

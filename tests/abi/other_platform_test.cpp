@@ -101,7 +101,6 @@ long interrupt_everywhere(Interruption interrupt, void (*call)(void*), void* dat
     for (long at = 0; at < bound; ++at) {
         const bool interrupted = interrupt(call, data, at);
         release_held();
-        release_curves();
         EXPECT_EQ(platform()->blocks_out, before) << "left at chance " << at;
         if (!interrupted) return at;
         if (testing::Test::HasFailure()) return at;

@@ -18,17 +18,9 @@ constexpr int guards = 4;
 }  // namespace
 
 const std::vector<Call>& interface_table() {
-    static const std::vector<Call> table = [] {
-        std::vector<Call> all;
-        for (const auto rows :
-             {arc_crossing_calls, arc_plane_calls, arc_spline_calls, arc_tangent_calls, curve_calls,
-              curve_edit_calls, dgeom_calls, facet_calls, fit_calls, frame_calls, kit_calls,
-              polygon_calls, root_calls, solve_calls, transform_calls}) {
-            auto more = rows();
-            all.insert(all.end(), more.begin(), more.end());
-        }
-        return all;
-    }();
+    static const std::vector<Call> table =
+        joined({arc_spline_calls(), curve_calls(), facet_calls(), fit_calls(), frame_calls(),
+                kit_calls(), solve_calls()});
     return table;
 }
 

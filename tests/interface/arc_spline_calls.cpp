@@ -1,12 +1,5 @@
 // Arcs and straights, circles as points of space, planes, rotations.
 #include "interface/row.h"
-#include "ztmath/arc_spline.h"
-#include "ztmath/arc_spline_constructions.h"
-#include "ztmath/arc_spline_intersections.h"
-#include "ztmath/arc_spline_planes.h"
-#include "ztmath/arc_spline_primitives.h"
-#include "ztmath/arc_spline_tangent_circles.h"
-#include "ztmath/arc_spline_tangents.h"
 
 namespace ztmath_test {
 

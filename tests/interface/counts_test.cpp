@@ -12,8 +12,6 @@
 #include "support/curve_record.h"
 #include "support/reports.h"
 #include "support/session.h"
-#include "ztmath/bc_pole.h"
-#include "ztmath/bcdf_calc.h"
 #include "ztmath/ztmath.h"
 
 namespace {
@@ -185,7 +183,6 @@ void banded_solved(int size, int band, int n, int bw, double* b) {
     mdispose_banded(&matrix, &rhs);
 }
 
-/// Cubed, the usual limit is enough; 0, 1 and -1 stay.
 /// Cubed, the usual limit is enough; 0, 1 and -1 stay.
 int minimised(double** p, double* y, int n, int max_evaluations, int* evaluations) {
     const auto distance = [](const double* x, int size, void*) {

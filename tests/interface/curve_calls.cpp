@@ -5,8 +5,6 @@
 
 #include "interface/row.h"
 #include "support/curve_record.h"
-#include "ztmath/bc_pole.h"
-#include "ztmath/bcdf_calc.h"
 
 namespace ztmath_test {
 

@@ -3,8 +3,6 @@
 #include <cmath>
 
 #include "interface/row.h"
-#include "ztmath/facet.h"
-#include "ztmath/ptf.h"
 
 namespace ztmath_test {
 

@@ -3,7 +3,6 @@
 #include <cmath>
 
 #include "interface/row.h"
-#include "ztmath/lsfit.h"
 
 namespace ztmath_test {
 

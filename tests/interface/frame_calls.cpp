@@ -2,10 +2,6 @@
 #include <algorithm>
 
 #include "interface/row.h"
-#include "ztmath/acom.h"
-#include "ztmath/session.h"
-#include "ztmath/tolerance.h"
-#include "ztmath/wcs.h"
 
 namespace ztmath_test {
 

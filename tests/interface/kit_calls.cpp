@@ -1,16 +1,6 @@
 // Vectors, matrices and transforms, predicates on points, planes, boxes and frames, differential
 // geometry.
 #include "interface/row.h"
-#include "ztmath/box3.h"
-#include "ztmath/csys.h"
-#include "ztmath/dgeom.h"
-#include "ztmath/mc.h"
-#include "ztmath/mtx3.h"
-#include "ztmath/mtx4.h"
-#include "ztmath/pln3.h"
-#include "ztmath/pnt3.h"
-#include "ztmath/vec2.h"
-#include "ztmath/vec3.h"
 
 namespace ztmath_test {
 

@@ -8,8 +8,7 @@
 #include <tuple>
 #include <type_traits>
 
-#include "ztmath/arc_spline.h"
-#include "ztmath/arc_spline_planes.h"
+#include "ztmath/ztmath.h"
 
 namespace ztmath_test {
 

@@ -6,11 +6,6 @@
 
 #include "interface/row.h"
 #include "syss/syss.h"
-#include "ztmath/banded.h"
-#include "ztmath/nr.h"
-#include "ztmath/nr_functions.h"
-#include "ztmath/roots.h"
-#include "ztmath/solve.h"
 
 namespace ztmath_test {
 

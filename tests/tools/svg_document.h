@@ -1,7 +1,8 @@
-// A drawing, read back by an XML parser.
+// A drawing, read back by an XML parser, to which it must be well formed.
 #pragma once
 
 #include <expat.h>
+#include <gtest/gtest.h>
 
 #include <map>
 #include <string>
@@ -27,12 +28,9 @@ class SvgDocument {
         XML_SetUserData(parser, this);
         XML_SetElementHandler(parser, start, end);
         XML_SetCharacterDataHandler(parser, characters);
-        well_formed_ =
-            XML_Parse(parser, text.data(), static_cast<int>(text.size()), 1) == XML_STATUS_OK;
+        EXPECT_EQ(XML_Parse(parser, text.data(), static_cast<int>(text.size()), 1), XML_STATUS_OK);
         XML_ParserFree(parser);
     }
-
-    bool well_formed() const { return well_formed_; }
 
     std::vector<SvgElement> find(const std::string& group, const std::string& look) const {
         std::vector<SvgElement> found;
@@ -69,7 +67,6 @@ class SvgDocument {
         self.elements_.back().text.append(text, static_cast<std::size_t>(length));
     }
 
-    bool well_formed_ = false;
     std::vector<std::string> groups_;
     std::vector<SvgElement> elements_;
 };

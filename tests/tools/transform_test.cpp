@@ -4,7 +4,6 @@
 #include <ztmath/mtx4.h>
 
 #include <array>
-#include <nlohmann/json.hpp>
 #include <vector>
 
 #include "points_file.h"
@@ -13,7 +12,6 @@
 namespace {
 
 using namespace ztmath_test;
-using nlohmann::json;
 
 using Matrix = std::array<double, 16>;
 
@@ -67,8 +65,8 @@ TEST(Transform, AppliesTheLibrarysMatrixToTheBit) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.arguments);
         const std::string command = std::string("transform ") + c.arguments;
-        const json result = json::parse(w.run(command + " --json p").out);
-        json only = json::parse(w.run(command + " --json --matrix").out);
+        const json result = json_of(w, command + " p");
+        json only = json_of(w, command + " --matrix");
         EXPECT_EQ(only["matrix"], result["matrix"]);
         EXPECT_FALSE(only.contains("points"));
         EXPECT_EQ(flat(result["matrix"]), std::vector(c.expected.begin(), c.expected.end()));
@@ -88,7 +86,7 @@ TEST(Transform, AppliesTheLibrarysMatrixToTheBit) {
 TEST(Transform, RefusesWhatMakesNoTransform) {
     const Workshop w;
     w.file("p", points_text);
-    std::vector<Ending> endings = {
+    const std::vector<Ending> endings = {
         {"", 2, "A subcommand is required"},
         {"rotate --axis 0,0 --angle 3 p", 2, "--axis: three numbers X,Y,Z expected, not 0,0\n"},
         {"rotate --axis 0,0,1 --angle ten p", 2, "--angle: a number of degrees expected, not ten"},
@@ -101,9 +99,7 @@ TEST(Transform, RefusesWhatMakesNoTransform) {
         {"scale --factors 2 missing", 3, "ztmath: cannot read missing: "},
         {"scale --factors 2 p >/dev/full", 4, "ztmath: cannot write the standard output: "},
     };
-    for (Ending& ending : endings)
-        ending.arguments = "transform " + ending.arguments;
-    expect_endings(w, endings);
+    expect_endings(w, "transform ", endings);
     for (const char* command : {"scale", "rotate", "mirror", "motion"})
         expect_parts(w.run("transform " + std::string(command) + " --help").out,
                      {"Examples:", "File format:", "Units:", "Output:", "Exit codes:"});

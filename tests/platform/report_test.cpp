@@ -135,7 +135,10 @@ TEST(OutOfMemory, UnwindsWithAndWithoutAGuard) {
               raised("libsyss", 0, "Out of memory: 18446744073709551615 bytes cannot be had"));
 
     SYSS_failure_t failure{5, 0, {}, {}};
-    EXPECT_EQ(guarded([] { SM_calloc(2, SIZE_MAX / 4); }, &failure), SYSS_OUT_OF_MEMORY);
+    const auto nesting = [&] {
+        EXPECT_EQ(guarded([] { SM_calloc(2, SIZE_MAX / 4); }, &failure), SYSS_OUT_OF_MEMORY);
+    };
+    EXPECT_EQ(guarded(nesting), SYSS_COMPLETED);
     EXPECT_EQ(failure.code, 0);
     EXPECT_EQ(failure.line, recorder.lines()[1]);
     EXPECT_EQ(failure.message, recorder.reports()[1].text);

@@ -11,25 +11,6 @@ namespace ztmath_test {
 
 namespace {
 
-/// Row pointers over a flat matrix.
-template <int rows>
-struct RowsOf {
-    RowsOf(double* elements, int columns) {
-        for (int i = 0; i < rows; ++i)
-            pointers[i] = elements + static_cast<std::ptrdiff_t>(i) * columns;
-    }
-    // Stands where the interface takes row pointers.
-    // NOLINTNEXTLINE(google-explicit-constructor)
-    operator double**() { return pointers; }
-
-    double* pointers[rows];
-};
-
-template <int n>
-double* copied(In in, Out out, int i) {
-    return std::copy_n(in[i], n, out[i]) - n;
-}
-
 /// Symmetric matrices: the first, and where there is a second, that one positive definite.
 template <std::size_t n>
 void prepare_symmetric(Random&, Arrays& inputs) {
@@ -65,18 +46,15 @@ void prepare_factor(Random&, Arrays& inputs) {
 constexpr int lu_size = 66;
 
 double lu_decomposed(In in, Out out) {
-    RowsOf<lu_size> a(copied<lu_size * lu_size>(in, out, 0), lu_size);
+    std::copy_n(in[0], lu_size * lu_size, out[0]);
+    double* a[lu_size];
+    for (std::size_t i = 0; i < lu_size; ++i)
+        a[i] = out[0] + i * lu_size;
     int exchanges[lu_size] = {};
     const int status = ludcmp_a(a, lu_size, exchanges, out[1]);
     std::copy_n(in[1], lu_size, out[2]);
     if (status == 0) lubksb_a(a, lu_size, exchanges, out[2]);
     return status;
-}
-
-double lu_solved(In in, Out out) {
-    RowsOf<lu_size> a(copied<lu_size * lu_size>(in, out, 0), lu_size);
-    RowsOf<lu_size> b(copied<lu_size * 2>(in, out, 1), 2);
-    return SOLVE_lu_solver(a, b, lu_size, 2);
 }
 
 constexpr int pencil_size = 33;
@@ -206,7 +184,7 @@ std::vector<Call> matrix_rows() {
     const Lengths jacobi_outputs = {square(jacobi), jacobi, square(jacobi), 2};
     return {
         copying("ludcmp_a, lubksb_a", {square(lu), lu}, {square(lu), 1, lu}, lu_decomposed),
-        copying("SOLVE_lu_solver", {square(lu), 2 * lu}, {square(lu), 2 * lu}, lu_solved),
+        on_matrices<SOLVE_lu_solver, first | second, lu, square(lu), lu, 2>(),
         on_matrices<SOLVE_svd_decompose, first, columns, rows * columns, rows, columns>(
             {rows * columns}, {rows * columns, columns, square(columns)}),
         // Said to have fewer rows than columns, which is noted.

@@ -4,11 +4,9 @@
 // platform leaving by an exception.
 #pragma once
 
-#include <atomic>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -86,13 +84,5 @@ inline bool same_bits(double a, double b) {
 }
 
 bool same_bits(const Outcome& a, const Outcome& b);
-
-/// How many calls of the library the sweeps have made.
-inline std::atomic<long> calls_made{0};
-
-/// Tells how many they were since it last told.
-inline void tell_calls() {
-    std::printf("%ld calls\n", calls_made.exchange(0));
-}
 
 }  // namespace ztmath_test

@@ -103,14 +103,6 @@ TEST(Fit, FindsCirclesAndSpheresOfEverySize) {
         }
 }
 
-// The library's own point for (0,3), (1,3), (2,3) is (1,1), and its distances are 2.
-TEST(Fit, MeasuresFromTheLineThatIsShown) {
-    const Line2Fit line = fit_line_2d(points_of(2, {0, 3, 1, 3, 2, 3}), millimetres);
-    EXPECT_EQ(line.point, (Vec2{1, 3}));
-    EXPECT_EQ(line.direction, (Vec2{1, 0}));
-    EXPECT_EQ(line.distances.max, 0.0);
-}
-
 TEST(Fit, OfAPartIsTheSameInEveryUnit) {
     Random random;
     std::vector<double> part;

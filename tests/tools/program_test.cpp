@@ -107,8 +107,10 @@ TEST(Program, JsonHoldsTheLibrarysNumbers) {
 
 TEST(Program, JsonOfLines) {
     const Workshop w;
+    // The library's own point is (1,1), and its distances are 2.
     const json plane = json_of(w, "fit line --2d -", "0 3\n1 3\n2 3\n");
     EXPECT_EQ(plane["point"], json::parse("[1.0, 3.0]"));
+    EXPECT_EQ(plane["direction"], json::parse("[1.0, 0.0]"));
     EXPECT_EQ(plane["distances"]["max"], 0.0);
     const json space = json_of(w, "fit line -", square);
     EXPECT_EQ(space["dimension"], 3);

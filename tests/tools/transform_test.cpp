@@ -8,21 +8,16 @@
 
 #include "points_file.h"
 #include "run_tool.h"
+#include "support/by_value.h"
 
 namespace {
 
 using namespace ztmath_test;
 
-using Matrix = std::array<double, 16>;
+using Transform = std::array<double, 16>;
 
 const char* const points_text = "# x y z\n1 2 3\n-0.1,1e-17;12345.678901234567\n0 0 0\n";
 const double points[] = {1, 2, 3, -0.1, 1e-17, 12345.678901234567, 0, 0, 0};
-
-Matrix matrix_of(void (*build)(double* m)) {
-    Matrix m;
-    build(m.data());
-    return m;
-}
 
 std::vector<double> flat(const json& rows) {
     std::vector<double> numbers;
@@ -33,31 +28,20 @@ std::vector<double> flat(const json& rows) {
 }
 
 TEST(Transform, AppliesTheLibrarysMatrixToTheBit) {
-    static const double o[] = {0, 0, 0};
-    static const double p[] = {1, -2, 3};
-    static const double n[] = {-1, 0, 2};
+    const Vector o{0, 0, 0}, p{1, -2, 3}, n{-1, 0, 2}, x{0, 1, 0}, y{0, 0, 1};
     const struct {
         const char* arguments;
-        Matrix expected;
+        Transform expected;
     } cases[] = {
-        {"scale --centre 1,-2,3 --factors -1,0,2",
-         matrix_of([](double* m) { MTX4_scaling(p, n, m); })},
+        {"scale --centre 1,-2,3 --factors -1,0,2", written<Transform>(MTX4_scaling, p, n)},
         {"scale --factors 2.5", {2.5, 0, 0, 0, 0, 2.5, 0, 0, 0, 0, 2.5, 0, 0, 0, 0, 1}},
-        {"rotate --axis -1,0,2 --angle -33.3",
-         matrix_of([](double* m) { MTX4_rotation(o, n, -33.3, m); })},
+        {"rotate --axis -1,0,2 --angle -33.3", written<Transform>(MTX4_rotation, o, n, -33.3)},
         {"rotate --point 1,-2,3 --axis -1,0,2 --angle 400",
-         matrix_of([](double* m) { MTX4_rotation(p, n, 400, m); })},
-        {"mirror --point 1,-2,3 --normal -1,0,2",
-         matrix_of([](double* m) { MTX4_mirror(p, n, m); })},
+         written<Transform>(MTX4_rotation, p, n, 400)},
+        {"mirror --point 1,-2,3 --normal -1,0,2", written<Transform>(MTX4_mirror, p, n)},
         {"motion --from-origin 1,-2,3 --from-x -1,0,2 --from-y 0,5,0 --to-origin 0,0,9 "
          "--to-x 0,1,0 --to-y 0,0,1",
-         matrix_of([](double* m) {
-             const double along_y[] = {0, 5, 0};
-             const double origin[] = {0, 0, 9};
-             const double x[] = {0, 1, 0};
-             const double y[] = {0, 0, 1};
-             MTX4_csys_to_csys(p, n, along_y, origin, x, y, m);
-         })},
+         written<Transform>(MTX4_csys_to_csys, p, n, Vector{0, 5, 0}, Vector{0, 0, 9}, x, y)},
         {"motion --to-origin 1,-2,3", {1, 0, 0, 1, 0, 1, 0, -2, 0, 0, 1, 3, 0, 0, 0, 1}},
     };
     const Workshop w;

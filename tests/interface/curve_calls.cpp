@@ -56,18 +56,6 @@ double whole_records(In in, Out out) {
     return sum;
 }
 
-double knots_of(In in, Out out) {
-    const int n = 7;
-    const int periodic = 1;
-    double* knots = nullptr;
-    int count = 0;
-    int status = -1;
-    knot_seq_order_4(in[0], &n, &periodic, &knots, &count, &status);
-    std::copy_n(knots, count, out[0]);
-    SM_free(knots);
-    return status;
-}
-
 void ascending(Random&, Arrays& inputs) {
     std::sort(inputs[0].begin(), inputs[0].end());
 }
@@ -170,7 +158,7 @@ std::vector<Call> other_rows() {
         row<bc_POLE_average_in_3d, 3>({12}, {3}),
         row<bc_POLE_identical_poles_in_3d, 3>({12}),
         row<bc_xyz_box, 3>({12}, {6}),
-        {"knot_seq_order_4", {7}, {13}, knots_of, ascending},
+        row<knot_seq_order_4, 7, 1>({7}, {13, 2, 2}, ascending),
         row<BCDF_CALC_parameters, 4, 3>({12, 1}, {4}),
         row<BCDF_CALC_weights, 9>({9}, {9}),
         row<BCDF_CALC_single_weight, 9, 4>({9}),

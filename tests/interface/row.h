@@ -13,6 +13,7 @@
 #include "interface/mixed_row.h"
 #include "interface/table.h"
 #include "support/rotation.h"
+#include "syss/syss.h"
 
 namespace ztmath_test {
 
@@ -27,9 +28,9 @@ struct Cursor {
     unsigned in_out;      // a bit for each parameter that is read and written
 };
 
-/// What is passed for a parameter: an array of input or output, rows over an output, or something
-/// made of input numbers and becoming output numbers. Arrays that are read and written have `size`
-/// numbers.
+/// What is passed for a parameter: an array of input or output, rows of `columns` over an output, a
+/// place for a block that is handed out, or something made of input numbers and becoming output
+/// numbers. Arrays that are read and written have `size` numbers.
 template <class Parameter, std::size_t size, std::size_t columns>
 class Passed {
     using Value = std::remove_const_t<std::remove_pointer_t<Parameter>>;
@@ -37,7 +38,8 @@ class Passed {
     static constexpr bool is_written =
         is_pointer && !std::is_const_v<std::remove_pointer_t<Parameter>>;
     static constexpr bool is_array = is_pointer && std::is_same_v<Value, double>;
-    static constexpr bool is_matrix = std::is_same_v<Value, double*>;
+    static constexpr bool is_matrix = std::is_same_v<Value, double*> && columns > 1;
+    static constexpr bool is_block = std::is_same_v<Value, double*> && columns == 1;
 
   public:
     explicit Passed(Cursor& at) {
@@ -57,7 +59,7 @@ class Passed {
         from_ = *at.in++;
         if constexpr (is_written && (is_array || is_matrix))
             std::copy_n(from_, size, to_);
-        else if constexpr (!is_array)
+        else if constexpr (!is_array && !is_block)
             values_[0] = made_of<Value>(from_);
     }
 
@@ -73,7 +75,12 @@ class Passed {
     }
 
     void finish() {
-        if constexpr (is_written && !is_array && !is_matrix) numbers_of(values_[0], to_);
+        if constexpr (is_block) {
+            std::copy_n(values_[0], SM_length(values_[0]) / sizeof(double), to_);
+            SM_free(values_[0]);
+        } else if constexpr (is_written && !is_array && !is_matrix) {
+            numbers_of(values_[0], to_);
+        }
     }
 
     /// Adds the lengths of the arrays that this takes, all arrays having `size` numbers.

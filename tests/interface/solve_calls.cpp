@@ -57,23 +57,6 @@ double lu_decomposed(In in, Out out) {
     return status;
 }
 
-constexpr int pencil_size = 33;
-
-double pencil_solved(In in, Out out) {
-    constexpr int n = pencil_size;
-    double a[n * n];
-    double b[n * n];
-    std::copy_n(in[0], n * n, a);
-    std::copy_n(in[1], n * n, b);
-    double* block = nullptr;
-    int rotations = -1;
-    int status = -1;
-    NR_generalized_eigenvalues_symm(a, b, n, 60, out[0], &block, &rotations, &status);
-    if (block != nullptr) std::copy_n(block, n * n, out[1]);
-    SM_free(block);
-    return 10 * rotations + status;
-}
-
 constexpr int helper_size = 9;
 constexpr int helper_square = helper_size * helper_size;
 
@@ -179,7 +162,7 @@ double unique_found(In in, Out out) {
 
 std::vector<Call> matrix_rows() {
     constexpr auto square = [](std::size_t n) { return n * n; };
-    constexpr int lu = lu_size, rows = 22, columns = 18, jacobi = 9, pencil = pencil_size;
+    constexpr int lu = lu_size, rows = 22, columns = 18, jacobi = 9, pencil = 33;
     constexpr int power = 40, factor = 66, helper = helper_size;
     const Lengths jacobi_outputs = {square(jacobi), jacobi, square(jacobi), 2};
     return {
@@ -199,8 +182,9 @@ std::vector<Call> matrix_rows() {
         // Not enough sweeps, which is reported.
         on_matrices<NR_ask_eigenvalues_jacobi, first, jacobi, square(jacobi), jacobi, 3>(
             {square(jacobi)}, jacobi_outputs, prepare_symmetric<jacobi>),
-        copying("NR_generalized_eigenvalues_symm", {square(pencil), square(pencil)},
-                {pencil, square(pencil)}, pencil_solved, prepare_pencil<pencil>),
+        changing<NR_generalized_eigenvalues_symm, first | second, square(pencil), pencil, 60>(
+            {square(pencil), square(pencil)},
+            {square(pencil), square(pencil), pencil, square(pencil), 2, 2}, prepare_pencil<pencil>),
         on_matrices<NR_ask_max_eigen_val_vec, second, power, square(power), power, 50>(
             {square(power), power}, {square(power), 1, power, 2}, prepare_definite<power, 0>),
         changing<NR_cholesky_decomp, second, square(factor), factor>(

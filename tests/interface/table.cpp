@@ -26,14 +26,8 @@ const std::vector<Call>& interface_table() {
 
 Arrays draw_inputs(const Call& call, Random& random, Draw draw) {
     const auto number = [&]() -> double {
-        switch (draw) {
-            case Draw::regular:
-                break;
-            case Draw::whole_numbers:
-                return random.integer(-2, 2);
-            case Draw::any_size:
-                return random.normal() * std::pow(10, random.uniform(-12, 12));
-        }
+        if (draw == Draw::whole_numbers) return random.integer(-2, 2);
+        if (draw == Draw::any_size) return random.normal() * std::pow(10, random.uniform(-12, 12));
         return random.normal();
     };
     Arrays inputs;

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <sstream>
 
 #include "curve_data.h"
 #include "run_tool.h"
@@ -18,11 +17,10 @@ constexpr double step = 6.283185307179586 / around;
 
 /// Points of a circle, from an angle on.
 std::string arc(double r, int count, double start = 0) {
-    std::ostringstream text;
-    text.precision(17);
+    std::vector<double> points;
     for (double a = start; a < start + (count - 0.5) * step; a += step)
-        text << r * std::cos(a) << ' ' << r * std::sin(a) << '\n';
-    return text.str();
+        points.insert(points.end(), {r * std::cos(a), r * std::sin(a)});
+    return text_of(points, 2);
 }
 
 TEST(Curve, CirclesHaveTheirTangentsAndCurvatureInEveryUnit) {

@@ -75,12 +75,10 @@ TEST(Program, PrintsATable) {
 TEST(Program, JsonHoldsTheLibrarysNumbers) {
     Random random;
     std::vector<double> points;
-    std::string text;
     for (int i = 0; i < 300; ++i)
-        for (const double x : {random.uniform(0, 1e3), random.uniform(0, 300), random.normal()}) {
-            points.push_back(x);
-            text += json(x).dump() + (points.size() % 3 == 0 ? "\n" : " ");
-        }
+        points.insert(points.end(),
+                      {random.uniform(0, 1e3), random.uniform(0, 300), random.normal()});
+    const std::string text = text_of(points, 3);
     std::array<double, 3> point, normal, statistics;
     int collinear;
     LSFIT_plane_to_points(points.data(), 300, point.data(), normal.data(), &collinear,

@@ -88,6 +88,14 @@ inline void expect_endings(const Workshop& w, const std::string& command,
     }
 }
 
+/// Points as a file has them.
+inline std::string text_of(const std::vector<double>& coordinates, std::size_t dimension) {
+    std::string text;
+    for (std::size_t i = 0; i < coordinates.size(); ++i)
+        text += json(coordinates[i]).dump() + ((i + 1) % dimension == 0 ? '\n' : ' ');
+    return text;
+}
+
 inline void expect_parts(const std::string& text, const std::vector<std::string>& parts) {
     for (const std::string& part : parts)
         EXPECT_NE(text.find(part), std::string::npos) << part << " in " << text;

@@ -13,6 +13,7 @@ namespace ztmath_test {
 struct SvgElement {
     std::string name;
     std::string group;  // the id of the innermost group around it
+    std::string look;   // its class
     std::map<std::string, std::string> attributes;
     std::string text;
 
@@ -35,9 +36,7 @@ class SvgDocument {
     std::vector<SvgElement> find(const std::string& group, const std::string& look) const {
         std::vector<SvgElement> found;
         for (const SvgElement& e : elements_)
-            if (e.group == group && e.attributes.count("class") > 0 &&
-                e.attributes.at("class") == look)
-                found.push_back(e);
+            if (e.group == group && e.look == look) found.push_back(e);
         return found;
     }
 
@@ -52,9 +51,10 @@ class SvgDocument {
   private:
     static void start(void* data, const char* name, const char** attributes) {
         auto& self = *static_cast<SvgDocument*>(data);
-        SvgElement element{name, self.groups_.empty() ? "" : self.groups_.back(), {}, {}};
+        SvgElement element{name, self.groups_.empty() ? "" : self.groups_.back(), {}, {}, {}};
         for (; *attributes != nullptr; attributes += 2)
             element.attributes[attributes[0]] = attributes[1];
+        element.look = element.attributes["class"];
         if (element.name == "g") self.groups_.push_back(element.attributes["id"]);
         self.elements_.push_back(element);
     }

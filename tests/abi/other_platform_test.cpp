@@ -22,8 +22,8 @@ namespace {
 using namespace ztmath_test;
 
 OtherPlatform* platform() {
-    static const auto access =
-        reinterpret_cast<OtherPlatformAccess>(dlsym(RTLD_DEFAULT, other_platform_name));
+    using Access = OtherPlatform* (*)();
+    static const auto access = reinterpret_cast<Access>(dlsym(RTLD_DEFAULT, "other_platform"));
     return access != nullptr ? access() : nullptr;
 }
 
@@ -161,16 +161,13 @@ TEST_F(AnotherPlatform, MayLackMemoryThatPersists) {
 }
 
 TEST_F(AnotherPlatform, WouldSeeABlockThatIsLeftBehind) {
-    const struct {
-        Interruption interrupt;
-        long at;
-        bool interrupted, leaves;
-    } rows[] = {{refused, 0, true, false},
-                {reported_by_exception, 0, true, true},
-                {reported_by_exception, 1, true, true},  // the note
-                {raised_by_long_jump, 0, true, true},
-                {raised_by_long_jump, 1, false, false}};  // the note is not raised
-    for (const auto& row : rows) {
+    const std::tuple<Interruption, long, bool, bool> rows[] = {
+        {refused, 0, true, false},
+        {reported_by_exception, 0, true, true},
+        {reported_by_exception, 1, true, true},  // the note
+        {raised_by_long_jump, 0, true, true},
+        {raised_by_long_jump, 1, false, false}};  // the note is not raised
+    for (const auto& [interrupt, at, interrupted, leaves] : rows) {
         const long before = platform()->blocks_out;
         void* block = nullptr;
         const auto careless = [&block] {
@@ -179,8 +176,8 @@ TEST_F(AnotherPlatform, WouldSeeABlockThatIsLeftBehind) {
             ERROR_note("careless", 2, "noted");
             SM_free(std::exchange(block, nullptr));
         };
-        EXPECT_EQ(row.interrupt(careless, row.at), row.interrupted);
-        EXPECT_EQ(platform()->blocks_out - before, row.leaves ? 1 : 0) << "row " << &row - rows;
+        EXPECT_EQ(interrupt(careless, at), interrupted);
+        EXPECT_EQ(platform()->blocks_out - before, leaves ? 1 : 0) << "left at " << at;
         SM_free(block);
     }
 }

@@ -145,14 +145,14 @@ template <auto act>
 std::vector<Call> rows_with(const char* name) {
     std::vector<Call> rows;
     for (const auto run : {on_record<act>, on_record<act, 4>, on_record<act, 3, 1>})
-        rows.push_back(copying(name, {24, 6}, {160}, run));
+        rows.push_back({name, {24, 6}, {160}, run});
     return rows;
 }
 
 std::vector<Call> other_rows() {
     return {
-        copying("PNTLST_insert_points", {12}, {3, 6}, list_edits),
-        copying("BCDF_copy_structure", {24, 6}, {3, 6}, whole_records),
+        {"PNTLST_insert_points", {12}, {3, 6}, list_edits},
+        {"BCDF_copy_structure", {24, 6}, {3, 6}, whole_records},
         row<bc_POLE_3d_distance>({4, 4}, {3}),
         row<bc_POLE_translate_pole>({4, 3}, {4}),
         row<bc_POLE_average_in_3d, 3>({12}, {3}),

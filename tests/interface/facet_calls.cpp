@@ -24,7 +24,7 @@ double vertex_normal(In in, Out out) {
     return 0;
 }
 
-void prepare_parameters(Random&, Arrays& inputs) {
+void prepare_weights(Random&, Arrays& inputs) {
     inputs[1] = {1e-3, 1.0};
 }
 
@@ -37,7 +37,7 @@ constexpr int size = 24;
 
 /// Around the origin, dimension by dimension: a star, so that it can be filled.
 template <std::size_t dimension>
-void prepare_star(Random&, Arrays& inputs) {
+void make_star(Random&, Arrays& inputs) {
     for (std::size_t i = 0; i < size; ++i) {
         double* const p = &inputs[0][dimension * i];
         const double radius = 1.0 + std::fabs(p[0]);
@@ -61,29 +61,26 @@ double fill(In in, Out out) {
     return 100 * status + count;
 }
 
-double clip_ears(In in, Out out) {
-    int triangles[3 * (size - 2)] = {};
+double clipped(In in, Out out) {
+    int triangles[3 * size - 6] = {};
     FACET_ask_triangles_of_polygon(size, in[0], in[1], triangles);
     std::copy(std::begin(triangles), std::end(triangles), out[0]);
     return 0.0;
 }
 
 std::vector<Call> other_rows() {
-    constexpr std::size_t coordinates = 12 * facet_count;
+    constexpr std::size_t numbers = 12 * facet_count;
     return {
         row<FACET_points_to_param_line, 1>({3, 3}, {6}),
         row<FACET_line_int_plane>({3, 3, 3, 1}, {3, 1}),
         row<FACET_line_line_closest_point>({3, 3, 3, 3}, {1, 1}),
         row<FACET_point_line_proj, 0>({3, 3, 3}, {3, 1}),
         row<FACET_shepards_weights, 12>({12, 1, 1}, {12}, prepare_distances),
-        copying("FACET_interp_normal_at_vertex", {coordinates, 2}, {3}, vertex_normal<0>,
-                prepare_parameters),
-        copying("FACET_interp_normal_at_vertex", {coordinates, 2}, {3}, vertex_normal<1>,
-                prepare_parameters),
-        copying("PTF_poly_tri_fill", {2 * size}, {7 * size}, fill, prepare_star<2>),
-        row<PTF_validate_boundary, size>({2 * size}, {}, prepare_star<2>),
-        copying("FACET_ask_triangles_of_polygon", {3 * size, 3}, {3 * (size - 2)}, clip_ears,
-                prepare_star<3>),
+        {"FACET_interp_normal_at_vertex", {numbers, 2}, {3}, vertex_normal<0>, prepare_weights},
+        {"FACET_interp_normal_at_vertex", {numbers, 2}, {3}, vertex_normal<1>, prepare_weights},
+        {"PTF_poly_tri_fill", {2 * size}, {7 * size}, fill, make_star<2>},
+        row<PTF_validate_boundary, size>({2 * size}, {}, make_star<2>),
+        {"FACET_ask_triangles_of_polygon", {3 * size, 3}, {3 * size - 6}, clipped, make_star<3>},
     };
 }
 

@@ -16,7 +16,7 @@ Call mapping() {
         map(in[2], out[0]);
         return 0;
     };
-    return {name_of<map>(), {9, 3, 3}, {3}, run};
+    return {name_of<map>(), {9, 3, 3}, {3}, run, nullptr, true};
 }
 
 double tolerances(In in, Out out) {
@@ -56,7 +56,7 @@ double grid_counts(In in, Out out) {
 
 std::vector<Call> frame_calls() {
     std::vector<Call> calls = {
-        {"sys22_", {1, 1, 1}, {1}, tolerances},
+        {"sys22_", {1, 1, 1}, {1}, tolerances, nullptr, true},
         mapping<mapvaw_>(),
         mapping<mapvwa_>(),
         mapping<mappaw_>(),

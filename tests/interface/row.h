@@ -186,10 +186,4 @@ inline void prepare_rotations(Random& random, Arrays& inputs) {
     }
 }
 
-/// The row of a call that copies what it passes on, or makes it anew.
-inline Call copying(std::string name, Lengths inputs, Lengths outputs, double (*run)(In, Out),
-                    Prepare prepare = nullptr) {
-    return {std::move(name), std::move(inputs), std::move(outputs), run, prepare, false};
-}
-
 }  // namespace ztmath_test

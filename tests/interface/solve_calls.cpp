@@ -3,6 +3,8 @@
 // is asked for some.
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <numeric>
 
 #include "interface/row.h"
 #include "syss/syss.h"
@@ -11,28 +13,19 @@ namespace ztmath_test {
 
 namespace {
 
-/// Symmetric matrices: the first, and where there is a second, that one positive definite.
-template <std::size_t n>
+/// Makes square matrices symmetric, and the last one positive definite if it is to be.
+template <std::size_t n, bool definite = true>
 void prepare_symmetric(Random&, Arrays& inputs) {
-    for (std::size_t i = 0; i < n; ++i)
-        for (std::size_t j = 0; j < i; ++j)
-            inputs[0][i * n + j] = inputs[0][j * n + i];
-}
-
-template <std::size_t n, std::size_t which>
-void prepare_definite(Random&, Arrays& inputs) {
-    auto& m = inputs[which];
-    for (std::size_t i = 0; i < n; ++i) {
-        for (std::size_t j = 0; j < i; ++j)
-            m[i * n + j] = m[j * n + i];
-        m[i * n + i] = std::fabs(m[i * n + i]) + 2.0 * n;
+    std::vector<double>* last = nullptr;
+    for (auto& m : inputs) {
+        if (m.size() != n * n) continue;
+        for (std::size_t i = 0; i < n; ++i)
+            for (std::size_t j = 0; j < i; ++j)
+                m[i * n + j] = m[j * n + i];
+        last = &m;
     }
-}
-
-template <std::size_t n>
-void prepare_pencil(Random& random, Arrays& inputs) {
-    prepare_symmetric<n>(random, inputs);
-    prepare_definite<n, 1>(random, inputs);
+    for (std::size_t i = 0; definite && i < n * n; i += n + 1)
+        (*last)[i] = std::fabs((*last)[i]) + 2.0 * n;
 }
 
 /// A factor L: ones, about, on the diagonal, which stands alone, and little below it.
@@ -93,11 +86,8 @@ double function_root_found(In in, Out out) {
 }
 
 double bounded_bowl(const double* x, int n, void* data) {
-    const auto* centre = static_cast<const double*>(data);
-    double sum = 0.0;
-    for (int i = 0; i < n; ++i)
-        sum += (x[i] - centre[i]) * (x[i] - centre[i]);
-    return sum;
+    return std::inner_product(x, x + n, static_cast<const double*>(data), 0.0, std::plus(),
+                              [](double a, double b) { return (a - b) * (a - b); });
 }
 
 double minimised(In in, Out out) {
@@ -166,7 +156,7 @@ std::vector<Call> matrix_rows() {
     constexpr int power = 40, factor = 66, helper = helper_size;
     const Lengths jacobi_outputs = {square(jacobi), jacobi, square(jacobi), 2};
     return {
-        copying("ludcmp_a, lubksb_a", {square(lu), lu}, {square(lu), 1, lu}, lu_decomposed),
+        {"ludcmp_a, lubksb_a", {square(lu), lu}, {square(lu), 1, lu}, lu_decomposed},
         on_matrices<SOLVE_lu_solver, first | second, lu, square(lu), lu, 2>(),
         on_matrices<SOLVE_svd_decompose, first, columns, rows * columns, rows, columns>(
             {rows * columns}, {rows * columns, columns, square(columns)}),
@@ -178,22 +168,23 @@ std::vector<Call> matrix_rows() {
         on_matrices<SOLVE_svd_solver_r, first | third, columns, rows * columns, rows, columns>(
             {rows * columns, rows, 1}, {rows * columns, 2, columns}),
         on_matrices<NR_ask_eigenvalues_jacobi, first, jacobi, square(jacobi), jacobi, 60>(
-            {square(jacobi)}, jacobi_outputs, prepare_symmetric<jacobi>),
+            {square(jacobi)}, jacobi_outputs, prepare_symmetric<jacobi, false>),
         // Not enough sweeps, which is reported.
         on_matrices<NR_ask_eigenvalues_jacobi, first, jacobi, square(jacobi), jacobi, 3>(
-            {square(jacobi)}, jacobi_outputs, prepare_symmetric<jacobi>),
+            {square(jacobi)}, jacobi_outputs, prepare_symmetric<jacobi, false>),
         changing<NR_generalized_eigenvalues_symm, first | second, square(pencil), pencil, 60>(
             {square(pencil), square(pencil)},
-            {square(pencil), square(pencil), pencil, square(pencil), 2, 2}, prepare_pencil<pencil>),
+            {square(pencil), square(pencil), pencil, square(pencil), 2, 2},
+            prepare_symmetric<pencil>),
         on_matrices<NR_ask_max_eigen_val_vec, second, power, square(power), power, 50>(
-            {square(power), power}, {square(power), 1, power, 2}, prepare_definite<power, 0>),
+            {square(power), power}, {square(power), 1, power, 2}, prepare_symmetric<power>),
         changing<NR_cholesky_decomp, second, square(factor), factor>(
-            {square(factor)}, {square(factor), factor, 2}, prepare_definite<factor, 0>),
+            {square(factor)}, {square(factor), factor, 2}, prepare_symmetric<factor>),
         row<NR_cholesky_solver, factor>({square(factor), factor, factor}, {factor},
                                         prepare_factor<factor>),
         changing<NR_cholesky_inverse, third, square(factor), factor>(
             {factor, square(factor)}, {square(factor)}, prepare_factor<factor>),
-        copying("NR_2d_matrix_allo", {square(helper)}, {square(helper)}, made),
+        {"NR_2d_matrix_allo", {square(helper)}, {square(helper)}, made},
     };
 }
 
@@ -211,12 +202,12 @@ std::vector<Call> other_rows() {
         row<SOLVE_cubic>({4}, {3}),
         row<SOLVE_quartic>({5}, {4}),
         row<SOLVE_polynomial, 4>({5}, {4}),
-        copying("SOLVE_function_root", {4, 2}, {1}, function_root_found),
-        copying("NR_amoeba", {6, 3, 2}, {6, 3}, minimised),
-        copying("NR_odeint", {2, 2, 4}, {2, 1}, integrated),
-        copying("NR_qsimp", {4, 2}, {1}, area_found),
+        {"SOLVE_function_root", {4, 2}, {1}, function_root_found},
+        {"NR_amoeba", {6, 3, 2}, {6, 3}, minimised},
+        {"NR_odeint", {2, 2, 4}, {2, 1}, integrated},
+        {"NR_qsimp", {4, 2}, {1}, area_found},
         {"msolve_banded", {band_elements, band_size}, {band_size}, band_solved, {}, false, true},
-        copying("get_unique_reals", {8}, {8}, unique_found),
+        {"get_unique_reals", {8}, {8}, unique_found},
     };
 }
 

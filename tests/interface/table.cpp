@@ -58,12 +58,11 @@ Outcome outcome_of(const Call& call, const Arrays& inputs, double fill) {
 }
 
 bool same_bits(const Outcome& a, const Outcome& b) {
-    if (!same_bits(a.result, b.result)) return false;
-    for (std::size_t i = 0; i < a.outputs.size(); ++i)
-        if (!std::equal(a.outputs[i].begin(), a.outputs[i].end(), b.outputs[i].begin(),
-                        [](double x, double y) { return same_bits(x, y); }))
-            return false;
-    return true;
+    const auto same = [](double x, double y) { return same_bits(x, y); };
+    const auto all_same = [&](const auto& x, const auto& y) {
+        return std::ranges::equal(x, y, same);
+    };
+    return same(a.result, b.result) && std::ranges::equal(a.outputs, b.outputs, all_same);
 }
 
 }  // namespace ztmath_test

@@ -29,7 +29,7 @@ struct Call {
     /// Makes normally distributed numbers into input that the function can serve.
     Prepare prepare = nullptr;
     /// Whether `run` passes the arrays on as they are, so that outputs may lie over inputs.
-    bool passes_on = true;
+    bool passes_on = false;
     /// Whether it writes what all calls share: then no other call may run beside it.
     bool writes_shared = false;
 };

@@ -149,16 +149,6 @@ Points around(int dimension, int count, double widest) {
     return points;
 }
 
-/// Fails unless the dots are as far from the drawn circle as the points from the true one.
-void expect_dots_about(const SvgElement& circle, const std::vector<SvgElement>& dots,
-                       const std::vector<double>& distances, double radius) {
-    ASSERT_EQ(dots.size(), distances.size());
-    const double scale = circle.number("r") / radius;
-    for (std::size_t i = 0; i < dots.size(); ++i)
-        EXPECT_NEAR(distance_between(dots[i], circle), circle.number("r") + scale * distances[i],
-                    0.03);
-}
-
 TEST(CirclePicture, IsInTrueProportionAndShowsTheDistances) {
     for (const double arc : {0.3, 6.2}) {
         const Points points = around(2, 90, arc);
@@ -166,8 +156,13 @@ TEST(CirclePicture, IsInTrueProportionAndShowsTheDistances) {
         const SvgDocument svg(circle_picture(points, fit, millimetres, "p.txt"));
         const auto distances = drawn_distances(fit.distances.of_point);
         expect_heights(svg.find("distances", "dot"), distances);
-        expect_dots_about(svg.find("points", "fit")[0], svg.find("points", "dot"), distances,
-                          fit.radius);
+        const SvgElement circle = svg.find("points", "fit")[0];
+        const auto dots = svg.find("points", "dot");
+        ASSERT_EQ(dots.size(), distances.size());
+        const double scale = circle.number("r") / fit.radius;
+        for (std::size_t i = 0; i < dots.size(); ++i)
+            EXPECT_NEAR(distance_between(dots[i], circle), scale * (fit.radius + distances[i]),
+                        0.03);
     }
 }
 

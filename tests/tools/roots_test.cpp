@@ -82,16 +82,13 @@ TEST(Roots, JsonHoldsRootsInOrderWithTheirResiduals) {
 }
 
 TEST(Roots, PolynomialsReadAsAPersonWritesThem) {
-    const struct {
-        std::vector<double> coefficients;
-        const char* text;
-    } rows[]{
+    const std::pair<std::vector<double>, const char*> rows[]{
         {{6, -5, 1}, "6 - 5 x + x^2"},      {{0, -1, 0, 2.5}, "-x + 2.5 x^3"},
         {{-1, 0, 0, 0, -1}, "-1 - x^4"},    {{0, 0}, "0"},
         {{1e-12, 1e20}, "1e-12 + 1e+20 x"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(tool::Polynomial{row.coefficients}.str(), row.text);
+    for (const auto& [coefficients, text] : rows)
+        EXPECT_EQ(tool::Polynomial{coefficients}.str(), text);
 }
 
 }  // namespace

@@ -21,18 +21,14 @@ const double points[] = {1, 2, 3, -0.1, 1e-17, 12345.678901234567, 0, 0, 0};
 
 std::vector<double> flat(const json& rows) {
     std::vector<double> numbers;
-    for (const json& row : rows)
-        for (const json& number : row)
-            numbers.push_back(number.get<double>());
+    for (const auto& number : rows.flatten())
+        numbers.push_back(number.get<double>());
     return numbers;
 }
 
 TEST(Transform, AppliesTheLibrarysMatrixToTheBit) {
     const Vector o{0, 0, 0}, p{1, -2, 3}, n{-1, 0, 2}, x{0, 1, 0}, y{0, 0, 1};
-    const struct {
-        const char* arguments;
-        Transform expected;
-    } cases[] = {
+    const std::pair<std::string, Transform> cases[] = {
         {"scale --centre 1,-2,3 --factors -1,0,2", written<Transform>(MTX4_scaling, p, n)},
         {"scale --factors 2.5", {2.5, 0, 0, 0, 0, 2.5, 0, 0, 0, 0, 2.5, 0, 0, 0, 0, 1}},
         {"rotate --axis -1,0,2 --angle -33.3", written<Transform>(MTX4_rotation, o, n, -33.3)},
@@ -46,19 +42,19 @@ TEST(Transform, AppliesTheLibrarysMatrixToTheBit) {
     };
     const Workshop w;
     w.file("p", points_text);
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.arguments);
-        const std::string command = std::string("transform ") + c.arguments;
+    for (const auto& [arguments, expected] : cases) {
+        SCOPED_TRACE(arguments);
+        const std::string command = "transform " + arguments;
         const json result = json_of(w, command + " p");
         json only = json_of(w, command + " --matrix");
         EXPECT_EQ(only["matrix"], result["matrix"]);
         EXPECT_FALSE(only.contains("points"));
-        EXPECT_EQ(flat(result["matrix"]), std::vector(c.expected.begin(), c.expected.end()));
+        EXPECT_EQ(flat(result["matrix"]), std::vector(expected.begin(), expected.end()));
 
         const tool::Points moved = tool::parse_points(w.run(command + " p").out, "moved", 3);
         std::vector<double> images(9);
         for (int i = 0; i < 9; i += 3)
-            MC_apply_transform_to_point(c.expected.data(), points + i, &images[i]);
+            MC_apply_transform_to_point(expected.data(), points + i, &images[i]);
         EXPECT_EQ(moved.coordinates, images);
         EXPECT_EQ(flat(result["points"]), images);
     }

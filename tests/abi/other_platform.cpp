@@ -1,8 +1,6 @@
-// The other platform: the names of <syss/syss.h> served in the plainest way.
+// The other platform: the names that the library needs, served in the plainest way.
 #include "abi/other_platform.h"
 
-#include <cstdarg>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
@@ -107,14 +105,6 @@ void ERROR_note(const char*, int, const char*, ...) {
 
 void ERROR_lprintf(const char*, ...) {
     report(Kind::log);
-}
-
-int STR_snprintf(char* buffer, std::size_t size, const char* format, ...) {
-    std::va_list arguments;
-    va_start(arguments, format);
-    const int length = std::vsnprintf(buffer, size, format, arguments);
-    va_end(arguments);
-    return length;
 }
 
 int ZT_REASON_ask_reason_number(int reason) {

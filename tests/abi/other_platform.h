@@ -1,5 +1,6 @@
 // A second platform library, as a host might bring its own: how the test that runs on it makes it
-// fail. Found by name in the process, so that nothing links against it.
+// fail. The function that gives the controls is found by name in the process, so that nothing links
+// against it.
 #pragma once
 
 namespace ztmath_test {
@@ -16,9 +17,5 @@ struct OtherPlatform {
     long reports = 0;
     void (*on_report)(Kind kind) = nullptr;  // may throw or jump
 };
-
-/// The name and type of the function that gives the controls.
-inline constexpr const char* other_platform_name = "other_platform";
-using OtherPlatformAccess = OtherPlatform* (*)();
 
 }  // namespace ztmath_test

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <csetjmp>
+#include <functional>
 #include <limits>
 #include <utility>
 
@@ -21,27 +22,20 @@ namespace {
 using namespace ztmath_test;
 
 OtherPlatform* platform() {
-    static const auto access =
-        reinterpret_cast<OtherPlatformAccess>(dlsym(RTLD_DEFAULT, other_platform_name));
+    using Access = OtherPlatform* (*)();
+    static const auto access = reinterpret_cast<Access>(dlsym(RTLD_DEFAULT, "other_platform"));
     return access != nullptr ? access() : nullptr;
 }
 
-long reports_before_interruption;  // counts down in the handlers below
-bool only_raised;
+long reports_before_interruption;  // counts down
+bool by_jump;                      // from raised reports only
 std::jmp_buf way_out;
 
-/// Whether this report is the one to interrupt at.
-bool is_due(Kind kind) {
-    if (only_raised && kind != Kind::raised) return false;
-    return reports_before_interruption-- == 0;
-}
-
-void throw_when_due(Kind kind) {
-    if (is_due(kind)) throw Interrupted{};
-}
-
-void jump_when_due(Kind kind) {
-    if (is_due(kind)) std::longjmp(way_out, 1);
+void leave_when_due(Kind kind) {
+    if (by_jump && kind != Kind::raised) return;
+    if (reports_before_interruption-- != 0) return;
+    if (by_jump) std::longjmp(way_out, 1);
+    throw Interrupted{};
 }
 
 class AnotherPlatform : public testing::Test {
@@ -54,40 +48,45 @@ class AnotherPlatform : public testing::Test {
     void TearDown() override { *platform() = {}; }
 };
 
-/// Each returns whether the call was interrupted.
-using Interruption = bool (*)(void (*call)(void*), void* data, long at);
+/// A call of the library, which keeps its storage elsewhere, so that a long jump loses nothing.
+using Body = std::function<void()>;
 
-bool left_by_exception(void (*call)(void*), void* data) {
+/// Each returns whether the call was interrupted.
+using Interruption = bool (*)(const Body& call, long at);
+
+bool left_by_exception(const Body& call) {
     try {
-        call(data);
+        call();
         return false;
     } catch (const Interrupted&) {
         return true;
     }
 }
 
-bool refused(void (*call)(void*), void* data, long at) {
+bool refused(const Body& call, long at) {
     platform()->allocations_before_refusal = at;
-    const bool interrupted = left_by_exception(call, data);
+    const bool interrupted = left_by_exception(call);
     platform()->allocations_before_refusal = -1;
     return interrupted;
 }
 
-bool reported_by_exception(void (*call)(void*), void* data, long at) {
-    only_raised = false;
-    reports_before_interruption = at;
-    platform()->on_report = throw_when_due;
-    const bool interrupted = left_by_exception(call, data);
+void leave_at(long report, bool jump) {
+    reports_before_interruption = report;
+    by_jump = jump;
+    platform()->on_report = leave_when_due;
+}
+
+bool reported_by_exception(const Body& call, long at) {
+    leave_at(at, false);
+    const bool interrupted = left_by_exception(call);
     platform()->on_report = nullptr;
     return interrupted;
 }
 
-bool raised_by_long_jump(void (*call)(void*), void* data, long at) {
-    only_raised = true;
-    reports_before_interruption = at;
-    platform()->on_report = jump_when_due;
+bool raised_by_long_jump(const Body& call, long at) {
+    leave_at(at, true);
     const bool interrupted = setjmp(way_out) != 0;
-    if (!interrupted) call(data);
+    if (!interrupted) call();
     platform()->on_report = nullptr;
     return interrupted;
 }
@@ -96,12 +95,11 @@ constexpr Interruption interruptions[] = {refused, reported_by_exception, raised
 constexpr long bound = 5000;  // calls of the platform within one call of the library
 
 /// Interrupts a call at its first, second, ... chance until it runs through; returns how often.
-long interrupt_everywhere(Interruption interrupt, void (*call)(void*), void* data) {
+long interrupt_everywhere(Interruption interrupt, const Body& call) {
     const long before = platform()->blocks_out;
     for (long at = 0; at < bound; ++at) {
-        const bool interrupted = interrupt(call, data, at);
+        const bool interrupted = interrupt(call, at);
         release_held();
-        release_curves();
         EXPECT_EQ(platform()->blocks_out, before) << "left at chance " << at;
         if (!interrupted) return at;
         if (testing::Test::HasFailure()) return at;
@@ -109,26 +107,6 @@ long interrupt_everywhere(Interruption interrupt, void (*call)(void*), void* dat
     ADD_FAILURE() << "the call never runs through";
     return bound;
 }
-
-/// A call of the table with storage of its own, so that a long jump loses nothing.
-struct Prepared {
-    const Call& call;
-    std::vector<const double*> in;
-    Arrays outputs;
-    std::vector<double*> out;
-
-    Prepared(const Call& of, const Arrays& inputs) : call(of), in(pointers_to(inputs)) {
-        for (const std::size_t length : of.outputs)
-            outputs.emplace_back(length);
-        out = pointers_to(outputs);
-    }
-
-    static void run(void* data) {
-        auto& self = *static_cast<Prepared*>(data);
-        ++calls_made;
-        self.call.run(self.in.data(), self.out.data());
-    }
-};
 
 std::vector<Arrays> inputs_of(const Call& call, Random& random) {
     std::vector<Arrays> all;
@@ -149,14 +127,16 @@ TEST_F(AnotherPlatform, MayLeaveEveryCallAtEveryChance) {
         SCOPED_TRACE(call.name);
         for (const Arrays& inputs : inputs_of(call, random)) {
             const Outcome undisturbed = outcome_of(call, inputs);
-            Prepared prepared(call, inputs);
+            Arrays outputs = undisturbed.outputs;
+            const auto in = pointers_to(inputs);
+            const auto out = pointers_to(outputs);
+            const Body body = [&] { call.run(in.data(), out.data()); };
             for (std::size_t i = 0; i < std::size(interruptions); ++i)
-                interrupted[i] += interrupt_everywhere(interruptions[i], Prepared::run, &prepared);
+                interrupted[i] += interrupt_everywhere(interruptions[i], body);
             EXPECT_TRUE(same_bits(outcome_of(call, inputs), undisturbed));
             ASSERT_FALSE(HasFailure());
         }
     }
-    tell_calls();
     EXPECT_GT(interrupted[0], 100) << "allocations refused";
     EXPECT_GT(interrupted[1], 100) << "reports left by exceptions";
 }
@@ -180,31 +160,25 @@ TEST_F(AnotherPlatform, MayLackMemoryThatPersists) {
     record.reset(kept);
 }
 
-/// Holds a block while it reports, and leaves it behind where it is left.
-void careless_call(void* left_behind) {
-    void*& block = *static_cast<void**>(left_behind);
-    block = SM_alloc(8);
-    ERROR_raise("careless", 1, 1, "raised");
-    ERROR_note("careless", 2, "noted");
-    SM_free(std::exchange(block, nullptr));
-}
-
 TEST_F(AnotherPlatform, WouldSeeABlockThatIsLeftBehind) {
-    const struct {
-        Interruption interrupt;
-        long at;
-        bool interrupted, leaves;
-    } rows[] = {{refused, 0, true, false},
-                {reported_by_exception, 0, true, true},
-                {reported_by_exception, 1, true, true},  // the note
-                {raised_by_long_jump, 0, true, true},
-                {raised_by_long_jump, 1, false, false}};  // the note is not raised
-    for (const auto& row : rows) {
+    const std::tuple<Interruption, long, bool, bool> rows[] = {
+        {refused, 0, true, false},
+        {reported_by_exception, 0, true, true},
+        {reported_by_exception, 1, true, true},  // the note
+        {raised_by_long_jump, 0, true, true},
+        {raised_by_long_jump, 1, false, false}};  // the note is not raised
+    for (const auto& [interrupt, at, interrupted, leaves] : rows) {
         const long before = platform()->blocks_out;
-        void* left_behind = nullptr;
-        EXPECT_EQ(row.interrupt(careless_call, &left_behind, row.at), row.interrupted);
-        EXPECT_EQ(platform()->blocks_out - before, row.leaves ? 1 : 0) << "row " << &row - rows;
-        SM_free(left_behind);
+        void* block = nullptr;
+        const auto careless = [&block] {
+            block = SM_alloc(8);
+            ERROR_raise("careless", 1, 1, "raised");
+            ERROR_note("careless", 2, "noted");
+            SM_free(std::exchange(block, nullptr));
+        };
+        EXPECT_EQ(interrupt(careless, at), interrupted);
+        EXPECT_EQ(platform()->blocks_out - before, leaves ? 1 : 0) << "left at " << at;
+        SM_free(block);
     }
 }
 

@@ -2,10 +2,6 @@
 #include <algorithm>
 
 #include "interface/row.h"
-#include "ztmath/acom.h"
-#include "ztmath/session.h"
-#include "ztmath/tolerance.h"
-#include "ztmath/wcs.h"
 
 namespace ztmath_test {
 
@@ -20,7 +16,7 @@ Call mapping() {
         map(in[2], out[0]);
         return 0;
     };
-    return {name_of<map>(), {9, 3, 3}, {3}, run};
+    return {name_of<map>(), {9, 3, 3}, {3}, run, nullptr, true};
 }
 
 double tolerances(In in, Out out) {
@@ -60,7 +56,7 @@ double grid_counts(In in, Out out) {
 
 std::vector<Call> frame_calls() {
     std::vector<Call> calls = {
-        {"sys22_", {1, 1, 1}, {1}, tolerances},
+        {"sys22_", {1, 1, 1}, {1}, tolerances, nullptr, true},
         mapping<mapvaw_>(),
         mapping<mapvwa_>(),
         mapping<mappaw_>(),

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <tuple>
@@ -9,45 +10,117 @@
 #include <utility>
 #include <vector>
 
+#include "interface/mixed_row.h"
 #include "interface/table.h"
 #include "support/rotation.h"
+#include "syss/syss.h"
 
 namespace ztmath_test {
 
-/// The next argument of a call: an input array, a number in an array of its own, an output array,
-/// an integer that the row gives, one that comes back.
-struct Arguments {
-    template <class Parameter>
-    Parameter next() {
-        if constexpr (std::is_same_v<Parameter, double*>)
-            return *out++;
-        else if constexpr (std::is_same_v<Parameter, const double*>)
-            return *in++;
-        else if constexpr (std::is_same_v<Parameter, double>)
-            return **in++;
-        else if constexpr (std::is_same_v<Parameter, int*>)
-            return &flag;
-        else if constexpr (std::is_same_v<Parameter, const int*>)
-            return integers++;
-        else
-            return static_cast<Parameter>(*integers++);
-    }
+/// Parameters by their place, where a row tells which ones are read and written.
+inline constexpr unsigned first = 1, second = 2, third = 4, fourth = 8, fifth = 16, sixth = 32;
+
+/// The arrays and integers for the parameters that are still to come.
+struct Cursor {
     In in;
     Out out;
-    const int* integers;
-    int flag = 0;
+    const int* integers;  // of the row; null where they are made of input numbers
+    unsigned in_out;      // a bit for each parameter that is read and written
 };
 
-template <class Result, class... Parameters>
-double called(Result (*function)(Parameters...), In in, Out out, const int* integers) {
-    Arguments arguments{in, out, integers};
-    const std::tuple<Parameters...> values{arguments.next<Parameters>()...};
-    if constexpr (std::is_void_v<Result>) {
-        std::apply(function, values);
-        return arguments.flag;
-    } else {
-        return std::apply(function, values);
+/// What is passed for a parameter: an array of input or output, rows of `columns` over an output, a
+/// place for a block that is handed out, or something made of input numbers and becoming output
+/// numbers. Arrays that are read and written have `size` numbers.
+template <class Parameter, std::size_t size, std::size_t columns>
+class Passed {
+    using Value = std::remove_const_t<std::remove_pointer_t<Parameter>>;
+    static constexpr bool is_pointer = std::is_pointer_v<Parameter>;
+    static constexpr bool is_written =
+        is_pointer && !std::is_const_v<std::remove_pointer_t<Parameter>>;
+    static constexpr bool is_array = is_pointer && std::is_same_v<Value, double>;
+    static constexpr bool is_matrix = std::is_same_v<Value, double*> && columns > 1;
+    static constexpr bool is_block = std::is_same_v<Value, double*> && columns == 1;
+
+  public:
+    explicit Passed(Cursor& at) {
+        const bool is_read = is_in(at);
+        if constexpr (is_written) to_ = *at.out++;
+        if constexpr (is_matrix)
+            for (std::size_t i = 0; i < std::size(values_); ++i)
+                values_[i] = to_ + i * columns;
+        else if constexpr (std::is_arithmetic_v<Value>)
+            std::fill(std::begin(values_), std::end(values_), Value{77});
+        if (!is_read) return;
+        if constexpr (std::is_integral_v<Value>)
+            if (at.integers != nullptr) {
+                values_[0] = static_cast<Value>(*at.integers++);
+                return;
+            }
+        from_ = *at.in++;
+        if constexpr (is_written && (is_array || is_matrix))
+            std::copy_n(from_, size, to_);
+        else if constexpr (!is_array && !is_block)
+            values_[0] = made_of<Value>(from_);
     }
+
+    Parameter get() {
+        if constexpr (is_array && is_written)
+            return to_;
+        else if constexpr (is_array)
+            return from_;
+        else if constexpr (is_pointer)
+            return values_;
+        else
+            return values_[0];
+    }
+
+    void finish() {
+        if constexpr (is_block) {
+            std::copy_n(values_[0], SM_length(values_[0]) / sizeof(double), to_);
+            SM_free(values_[0]);
+        } else if constexpr (is_written && !is_array && !is_matrix) {
+            numbers_of(values_[0], to_);
+        }
+    }
+
+    /// Adds the lengths of the arrays that this takes, all arrays having `size` numbers.
+    static void add_lengths(Cursor& at, Call& call) {
+        constexpr bool is_plain = is_array || is_matrix;
+        if (is_in(at) && (at.integers == nullptr || !std::is_integral_v<Value>))
+            call.inputs.push_back(is_plain ? size : numbers_in<Value>);
+        if (is_written) call.outputs.push_back(is_plain ? size : numbers_out<Value>);
+    }
+
+  private:
+    static bool is_in(Cursor& at) {
+        return (std::exchange(at.in_out, at.in_out >> 1) & 1) != 0 || !is_written;
+    }
+
+    const double* from_ = nullptr;
+    double* to_ = nullptr;
+    Value values_[is_matrix ? size / columns : 8] = {};
+};
+
+template <std::size_t size, std::size_t columns, class Result, class... Parameters>
+double called(Result (*function)(Parameters...), Cursor at) {
+    std::tuple<Passed<Parameters, size, columns>...> passed{
+        Passed<Parameters, size, columns>(at)...};
+    return std::apply(
+        [&](auto&... each) {
+            double result = 0.0;
+            if constexpr (std::is_arithmetic_v<Result>)
+                result = function(each.get()...);
+            else
+                function(each.get()...);
+            (each.finish(), ...);
+            return result;
+        },
+        passed);
+}
+
+template <std::size_t size, std::size_t columns, class Result, class... Parameters>
+void add_lengths(Result (* /*function*/)(Parameters...), Cursor at, Call& call) {
+    (Passed<Parameters, size, columns>::add_lengths(at, call), ...);
 }
 
 /// The name of a function, as the compiler spells it.
@@ -58,28 +131,46 @@ std::string name_of() {
     return std::string(text.substr(at, text.find_first_of(";]", at) - at));
 }
 
-/// The row of a function whose parameters say which of its arrays are written, with the integers
-/// that it takes.
-template <auto function, int... integers>
-Call row(std::vector<std::size_t> inputs, std::vector<std::size_t> outputs = {},
-         void (*prepare)(Random&, Arrays&) = nullptr) {
+/// The row of a function that reads and writes some parameters, matrices with so many `columns`
+/// among them. Integers are those given here, in their order; without any, they are flags. Without
+/// lengths, all arrays have `size` numbers.
+template <auto function, unsigned in_out, std::size_t size, std::size_t columns, int... integers>
+Call general_row(const Lengths& inputs, const Lengths& outputs, Prepare prepare) {
+    static constexpr int values[] = {integers..., 0};
+    static constexpr const int* given = sizeof...(integers) > 0 ? values : nullptr;
     const auto run = [](In in, Out out) {
-        static constexpr int values[] = {integers..., 0};
-        return called(function, in, out, values);
+        return called<size, columns>(function, {in, out, given, in_out});
     };
-    return {name_of<function>(), std::move(inputs), std::move(outputs), run, prepare};
+    Call call{name_of<function>(), {}, {}, run, prepare, in_out == 0 && columns == 1};
+    add_lengths<size, columns>(function, {{}, {}, given, in_out}, call);
+    if (inputs.empty() && outputs.empty()) return call;
+    if (inputs.size() != call.inputs.size() || outputs.size() != call.outputs.size())
+        throw std::logic_error(call.name + " takes other arrays");
+    call.inputs = inputs;
+    call.outputs = outputs;
+    return call;
 }
 
-/// The row of a function that changes its last array in place; the sizes of those before it follow.
-/// Flags are set.
-template <auto function, std::size_t size, std::size_t... before>
-Call in_place(void (*prepare)(Random&, Arrays&) = nullptr) {
-    const auto run = [](In in, Out out) {
-        static constexpr int set[] = {1, 0};
-        std::copy_n(in[sizeof...(before)], size, out[0]);
-        return called(function, in, out, set);
-    };
-    return {name_of<function>(), {before..., size}, {size}, run, prepare, false};
+template <auto function, int... integers>
+Call row(const Lengths& inputs, const Lengths& outputs = {}, Prepare prepare = nullptr) {
+    return general_row<function, 0, 2, 1, integers...>(inputs, outputs, prepare);
+}
+
+template <auto function, unsigned in_out, std::size_t size = 2, int... integers>
+Call changing(const Lengths& inputs = {}, const Lengths& outputs = {}, Prepare prepare = nullptr) {
+    return general_row<function, in_out, size, 1, integers...>(inputs, outputs, prepare);
+}
+
+template <auto function, unsigned in_out, std::size_t columns, std::size_t size, int... integers>
+Call on_matrices(const Lengths& inputs = {}, const Lengths& outputs = {},
+                 Prepare prepare = nullptr) {
+    return general_row<function, in_out, size, columns, integers...>(inputs, outputs, prepare);
+}
+
+/// Rows of functions whose arrays all have `size` numbers.
+template <std::size_t size, auto... functions>
+std::vector<Call> rows_of() {
+    return {changing<functions, 0, size>()...};
 }
 
 /// Puts rotations in the place of arrays of nine, of the axes of frames and the blocks of
@@ -93,13 +184,6 @@ inline void prepare_rotations(Random& random, Arrays& inputs) {
         for (std::size_t i = 0; i < 9; ++i)
             array[i + i / 3] = r[i] + (i % 2 == 0 ? 1.0e-12 : 0);
     }
-}
-
-/// The row of a call that copies what it passes on, or makes it anew.
-inline Call copying(std::string name, std::vector<std::size_t> inputs,
-                    std::vector<std::size_t> outputs, double (*run)(In, Out),
-                    void (*prepare)(Random&, Arrays&) = nullptr) {
-    return {std::move(name), std::move(inputs), std::move(outputs), run, prepare, false};
 }
 
 }  // namespace ztmath_test

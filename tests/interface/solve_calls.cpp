@@ -1,163 +1,53 @@
-// Dense solvers, eigenvalues, matrix helpers. Sizes are above what work memory holds in place, so
-// that the platform is asked for some.
+// Dense and banded solvers, eigenvalues, matrix helpers, roots, and the methods that call a
+// function of the caller's. Sizes are above what work memory holds in place, so that the platform
+// is asked for some.
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <numeric>
 
 #include "interface/row.h"
 #include "syss/syss.h"
-#include "ztmath/nr.h"
-#include "ztmath/solve.h"
 
 namespace ztmath_test {
 
 namespace {
 
-/// Row pointers over a flat matrix.
-template <int rows>
-struct RowsOf {
-    RowsOf(double* elements, int columns) {
-        for (int i = 0; i < rows; ++i)
-            pointers[i] = elements + static_cast<std::ptrdiff_t>(i) * columns;
-    }
-    // Stands where the interface takes row pointers.
-    // NOLINTNEXTLINE(google-explicit-constructor)
-    operator double**() { return pointers; }
-
-    double* pointers[rows];
-};
-
-template <int n>
-double* copied(In in, Out out, int i) {
-    return std::copy_n(in[i], n, out[i]) - n;
-}
-
-/// Symmetric matrices: the first, and where there is a second, that one positive definite.
-template <std::size_t n>
+/// Makes square matrices symmetric, and the last one positive definite if it is to be.
+template <std::size_t n, bool definite = true>
 void prepare_symmetric(Random&, Arrays& inputs) {
-    for (std::size_t i = 0; i < n; ++i)
-        for (std::size_t j = 0; j < i; ++j)
-            inputs[0][i * n + j] = inputs[0][j * n + i];
-}
-
-template <std::size_t n, std::size_t which>
-void prepare_definite(Random&, Arrays& inputs) {
-    auto& m = inputs[which];
-    for (std::size_t i = 0; i < n; ++i) {
-        for (std::size_t j = 0; j < i; ++j)
-            m[i * n + j] = m[j * n + i];
-        m[i * n + i] = std::fabs(m[i * n + i]) + 2.0 * n;
+    std::vector<double>* last = nullptr;
+    for (auto& m : inputs) {
+        if (m.size() != n * n) continue;
+        for (std::size_t i = 0; i < n; ++i)
+            for (std::size_t j = 0; j < i; ++j)
+                m[i * n + j] = m[j * n + i];
+        last = &m;
     }
+    for (std::size_t i = 0; definite && i < n * n; i += n + 1)
+        (*last)[i] = std::fabs((*last)[i]) + 2.0 * n;
 }
 
-template <std::size_t n>
-void prepare_pencil(Random& random, Arrays& inputs) {
-    prepare_symmetric<n>(random, inputs);
-    prepare_definite<n, 1>(random, inputs);
-}
-
-/// A factor L: ones, about, on the diagonal and little below it.
+/// A factor L: ones, about, on the diagonal, which stands alone, and little below it.
 template <std::size_t n>
 void prepare_factor(Random&, Arrays& inputs) {
-    for (double& element : inputs[0])
-        element /= n;
-    for (double& element : inputs[1])
-        element = 1 + std::fabs(element);
+    for (auto& array : inputs)
+        for (double& element : array)
+            element = array.size() == n ? 1 + std::fabs(element) : element / n;
 }
 
 constexpr int lu_size = 66;
 
 double lu_decomposed(In in, Out out) {
-    RowsOf<lu_size> a(copied<lu_size * lu_size>(in, out, 0), lu_size);
+    std::copy_n(in[0], lu_size * lu_size, out[0]);
+    double* a[lu_size];
+    for (std::size_t i = 0; i < lu_size; ++i)
+        a[i] = out[0] + i * lu_size;
     int exchanges[lu_size] = {};
     const int status = ludcmp_a(a, lu_size, exchanges, out[1]);
     std::copy_n(in[1], lu_size, out[2]);
     if (status == 0) lubksb_a(a, lu_size, exchanges, out[2]);
     return status;
-}
-
-double lu_solved(In in, Out out) {
-    RowsOf<lu_size> a(copied<lu_size * lu_size>(in, out, 0), lu_size);
-    RowsOf<lu_size> b(copied<lu_size * 2>(in, out, 1), 2);
-    return SOLVE_lu_solver(a, b, lu_size, 2);
-}
-
-constexpr int svd_rows = 22;
-constexpr int svd_columns = 18;
-
-/// Of as many rows as are said to be there; fewer than columns is noted.
-template <int rows, int said>
-double svd_decomposed(In in, Out out) {
-    RowsOf<rows> a(copied<rows * svd_columns>(in, out, 0), svd_columns);
-    RowsOf<svd_columns> v(out[2], svd_columns);
-    SOLVE_svd_decompose(a, said, svd_columns, out[1], v);
-    return 0;
-}
-
-double svd_solved(In in, Out out) {
-    RowsOf<svd_rows> a(copied<svd_rows * svd_columns>(in, out, 0), svd_columns);
-    int n = svd_columns;
-    SOLVE_svd_solver(a, svd_rows, &n, in[1], out[1]);
-    return n;
-}
-
-double svd_solved_with_threshold(In in, Out out) {
-    RowsOf<svd_rows> a(copied<svd_rows * svd_columns>(in, out, 0), svd_columns);
-    int n = svd_columns;
-    return *SOLVE_svd_solver_r(a, svd_rows, &n, in[1], out[1], *in[2]);
-}
-
-constexpr int jacobi_size = 9;
-
-template <int max_sweeps>
-double jacobi(In in, Out out) {
-    RowsOf<jacobi_size> a(copied<jacobi_size * jacobi_size>(in, out, 0), jacobi_size);
-    RowsOf<jacobi_size> v(out[2], jacobi_size);
-    int rotations = -1;
-    NR_ask_eigenvalues_jacobi(a, jacobi_size, max_sweeps, out[1], v, &rotations);
-    return rotations;
-}
-
-constexpr int pencil_size = 33;
-
-double pencil_solved(In in, Out out) {
-    constexpr int n = pencil_size;
-    double a[n * n];
-    double b[n * n];
-    std::copy_n(in[0], n * n, a);
-    std::copy_n(in[1], n * n, b);
-    double* block = nullptr;
-    int rotations = -1;
-    int status = -1;
-    NR_generalized_eigenvalues_symm(a, b, n, 60, out[0], &block, &rotations, &status);
-    if (block != nullptr) std::copy_n(block, n * n, out[1]);
-    SM_free(block);
-    return 10 * rotations + status;
-}
-
-constexpr int power_size = 40;
-
-double power_iterated(In in, Out out) {
-    double elements[power_size * power_size];
-    std::copy_n(in[0], power_size * power_size, elements);
-    RowsOf<power_size> a(elements, power_size);
-    int not_converged = -1;
-    NR_ask_max_eigen_val_vec(power_size, a, 50, in[1], out[0], out[1], &not_converged);
-    return not_converged;
-}
-
-constexpr int factor_size = 66;
-
-double cholesky_decomposed(In in, Out out) {
-    copied<factor_size * factor_size>(in, out, 0);
-    int status = -1;
-    NR_cholesky_decomp(factor_size, out[0], out[1], &status);
-    return status;
-}
-
-double cholesky_inverted(In in, Out out) {
-    copied<factor_size * factor_size>(in, out, 0);
-    NR_cholesky_inverse(factor_size, in[1], out[0]);
-    return 0;
 }
 
 constexpr int helper_size = 9;
@@ -176,96 +66,164 @@ double made(In in, Out out) {
     return 0;
 }
 
-/// Calls with square matrices, as row pointers or flat, and their size for every integer. The last
-/// matrix is written; an only one is read as well.
-template <class... Parameters>
-void call_on_squares(void (*function)(Parameters...), In in, Out out) {
-    constexpr int matrices = (std::is_pointer_v<Parameters> + ...);
-    double elements[matrices][helper_square] = {};
-    for (int k = 0; k < std::max(matrices - 1, 1); ++k)
-        std::copy_n(in[k], helper_square, elements[k]);
-    double* rows[matrices][helper_size];
-    for (int k = 0; k < matrices; ++k)
-        std::copy_n(RowsOf<helper_size>(elements[k], helper_size).pointers, helper_size, rows[k]);
-    std::size_t next = 0;
-    const auto argument = [&]<class Parameter>(std::type_identity<Parameter>) -> Parameter {
-        if constexpr (std::is_same_v<Parameter, double**>)
-            return rows[next++];
-        else if constexpr (std::is_pointer_v<Parameter>)
-            return elements[next++];
-        else
-            return helper_size;
-    };
-    const std::tuple<Parameters...> values{argument(std::type_identity<Parameters>())...};
-    std::apply(function, values);
-    std::copy_n(elements[matrices - 1], helper_square, out[0]);
+constexpr int band_size = 12;
+constexpr int band_width = 2;
+constexpr std::size_t band_elements = band_size * (2 * band_width + 1);
+
+/// A cubic's value by the four coefficients behind data.
+double cubic(double x, void* data) {
+    const auto* c = static_cast<const double*>(data);
+    return ((c[3] * x + c[2]) * x + c[1]) * x + c[0];
 }
 
-template <auto function>
-Call on_squares(std::size_t read = 1) {
-    const auto run = [](In in, Out out) {
-        call_on_squares(function, in, out);
-        return 0.0;
+/// The callbacks' pointer to input that they only read.
+void* as_data(const double* in) {
+    return const_cast<double*>(in);
+}
+
+double function_root_found(In in, Out out) {
+    return SOLVE_function_root(cubic, as_data(in[0]), in[1][0], in[1][1], 1e-9, out[0]);
+}
+
+double bounded_bowl(const double* x, int n, void* data) {
+    return std::inner_product(x, x + n, static_cast<const double*>(data), 0.0, std::plus(),
+                              [](double a, double b) { return (a - b) * (a - b); });
+}
+
+double minimised(In in, Out out) {
+    std::copy_n(in[0], 6, out[0]);
+    std::copy_n(in[1], 3, out[1]);
+    double* rows[] = {out[0], out[0] + 2, out[0] + 4};
+    int evaluations;
+    const int status =
+        NR_amoeba(rows, out[1], 2, 1e-6, bounded_bowl, as_data(in[2]), 200, &evaluations);
+    return 1000.0 * status + evaluations;
+}
+
+void linear_slope(double x, const double* y, double* dydx, void* data) {
+    const auto* a = static_cast<const double*>(data);
+    dydx[0] = a[0] * y[0] + a[1] * y[1] + x;
+    dydx[1] = a[2] * y[0] + a[3] * y[1];
+}
+
+double integrated(In in, Out out) {
+    std::copy_n(in[0], 2, out[0]);
+    int good;
+    int bad;
+    const int status = NR_odeint(out[0], 2, in[1][0], in[1][1], 1e-6, 0.0, 0.0, 100, linear_slope,
+                                 as_data(in[2]), nullptr, out[1], &good, &bad);
+    return 1e6 * status + 1e3 * good + bad;
+}
+
+double area_found(In in, Out out) {
+    int evaluations;
+    const int status =
+        NR_qsimp(cubic, as_data(in[0]), in[1][0], in[1][1], 1e-9, 10, out[0], &evaluations);
+    return 1e6 * status + evaluations;
+}
+
+double band_solved(In in, Out out) {
+    merrorflush();
+    double** matrix;
+    double* b;
+    msetup_banded(band_size, band_width, &matrix, &b);
+    const double* next = in[0];
+    for (int i = 0; i < band_size; ++i)
+        for (int j = std::max(0, i - band_width); j <= std::min(band_size - 1, i + band_width); ++j)
+            matrix[i][j] = *next++;
+    std::copy_n(in[1], band_size, b);
+    mdecompose_banded(matrix, band_size, band_width);
+    msolve_banded(matrix, band_size, band_width, b);
+    std::copy_n(b, band_size, out[0]);
+    mdispose_banded(&matrix, &b);
+    const int number = merrornum() + merrorlevel();
+    merrorflush();
+    return number;
+}
+
+double unique_found(In in, Out out) {
+    double* unique;
+    int count;
+    get_unique_reals(in[0], 8, &unique, &count);
+    std::copy_n(unique, count, out[0]);
+    SM_free(unique);
+    return count;
+}
+
+std::vector<Call> matrix_rows() {
+    constexpr auto square = [](std::size_t n) { return n * n; };
+    constexpr int lu = lu_size, rows = 22, columns = 18, jacobi = 9, pencil = 33;
+    constexpr int power = 40, factor = 66, helper = helper_size;
+    const Lengths jacobi_outputs = {square(jacobi), jacobi, square(jacobi), 2};
+    return {
+        {"ludcmp_a, lubksb_a", {square(lu), lu}, {square(lu), 1, lu}, lu_decomposed},
+        on_matrices<SOLVE_lu_solver, first | second, lu, square(lu), lu, 2>(),
+        on_matrices<SOLVE_svd_decompose, first, columns, rows * columns, rows, columns>(
+            {rows * columns}, {rows * columns, columns, square(columns)}),
+        // Said to have fewer rows than columns, which is noted.
+        on_matrices<SOLVE_svd_decompose, first, columns, square(columns), columns - 1, columns>(
+            {square(columns)}, {square(columns), columns, square(columns)}),
+        on_matrices<SOLVE_svd_solver, first | third, columns, rows * columns, rows, columns>(
+            {rows * columns, rows}, {rows * columns, 2, columns}),
+        on_matrices<SOLVE_svd_solver_r, first | third, columns, rows * columns, rows, columns>(
+            {rows * columns, rows, 1}, {rows * columns, 2, columns}),
+        on_matrices<NR_ask_eigenvalues_jacobi, first, jacobi, square(jacobi), jacobi, 60>(
+            {square(jacobi)}, jacobi_outputs, prepare_symmetric<jacobi, false>),
+        // Not enough sweeps, which is reported.
+        on_matrices<NR_ask_eigenvalues_jacobi, first, jacobi, square(jacobi), jacobi, 3>(
+            {square(jacobi)}, jacobi_outputs, prepare_symmetric<jacobi, false>),
+        changing<NR_generalized_eigenvalues_symm, first | second, square(pencil), pencil, 60>(
+            {square(pencil), square(pencil)},
+            {square(pencil), square(pencil), pencil, square(pencil), 2, 2},
+            prepare_symmetric<pencil>),
+        on_matrices<NR_ask_max_eigen_val_vec, second, power, square(power), power, 50>(
+            {square(power), power}, {square(power), 1, power, 2}, prepare_symmetric<power>),
+        changing<NR_cholesky_decomp, second, square(factor), factor>(
+            {square(factor)}, {square(factor), factor, 2}, prepare_symmetric<factor>),
+        row<NR_cholesky_solver, factor>({square(factor), factor, factor}, {factor},
+                                        prepare_factor<factor>),
+        changing<NR_cholesky_inverse, third, square(factor), factor>(
+            {factor, square(factor)}, {square(factor)}, prepare_factor<factor>),
+        {"NR_2d_matrix_allo", {square(helper)}, {square(helper)}, made},
     };
-    constexpr std::size_t square = helper_square;
-    return copying(name_of<function>(), std::vector(read, square), {square}, run);
+}
+
+/// Of helpers with square matrices and their size for every integer.
+template <unsigned in_out, auto... functions>
+std::vector<Call> on_squares() {
+    constexpr int n = helper_size;
+    return {on_matrices<functions, in_out, n, n * n, n, n, n>()...};
+}
+
+std::vector<Call> other_rows() {
+    return {
+        row<SOLVE_solve_3equations>({9, 3}, {3}),
+        row<SOLVE_quadratic>({3}, {2}),
+        row<SOLVE_cubic>({4}, {3}),
+        row<SOLVE_quartic>({5}, {4}),
+        row<SOLVE_polynomial, 4>({5}, {4}),
+        {"SOLVE_function_root", {4, 2}, {1}, function_root_found},
+        {"NR_amoeba", {6, 3, 2}, {6, 3}, minimised},
+        {"NR_odeint", {2, 2, 4}, {2, 1}, integrated},
+        {"NR_qsimp", {4, 2}, {1}, area_found},
+        {"msolve_banded", {band_elements, band_size}, {band_size}, band_solved, {}, false, true},
+        {"get_unique_reals", {8}, {8}, unique_found},
+    };
 }
 
 }  // namespace
 
 std::vector<Call> solve_calls() {
-    constexpr std::size_t svd_elements = svd_rows * svd_columns;
-    constexpr std::size_t svd_square = svd_columns * svd_columns;
-    constexpr std::size_t jacobi_square = jacobi_size * jacobi_size;
-    constexpr std::size_t lu_square = lu_size * lu_size;
-    constexpr std::size_t pencil_square = pencil_size * pencil_size;
-    constexpr std::size_t power_square = power_size * power_size;
-    constexpr std::size_t factor_square = factor_size * factor_size;
-    constexpr std::size_t square = helper_square;
-    const std::vector<std::size_t> lu_outputs = {lu_square, 1, lu_size};
-    const std::vector<std::size_t> jacobi_outputs = {jacobi_square, jacobi_size, jacobi_square};
-    return {
-        row<SOLVE_solve_3equations>({9, 3}, {3}),
-        copying("ludcmp_a", {lu_square, lu_size}, lu_outputs, lu_decomposed),
-        copying("lubksb_a", {lu_square, lu_size}, lu_outputs, lu_decomposed),
-        copying("SOLVE_lu_solver", {lu_square, 2 * lu_size}, {lu_square, 2 * lu_size}, lu_solved),
-        copying("SOLVE_svd_decompose", {svd_elements}, {svd_elements, svd_columns, svd_square},
-                svd_decomposed<svd_rows, svd_rows>),
-        copying("SOLVE_svd_decompose", {svd_square}, {svd_square, svd_columns, svd_square},
-                svd_decomposed<svd_columns, svd_columns - 1>),
-        copying("SOLVE_svd_solver", {svd_elements, svd_rows}, {svd_elements, svd_columns},
-                svd_solved),
-        copying("SOLVE_svd_solver_r", {svd_elements, svd_rows, 1}, {svd_elements, svd_columns},
-                svd_solved_with_threshold),
-        copying("NR_ask_eigenvalues_jacobi", {jacobi_square}, jacobi_outputs, jacobi<60>,
-                prepare_symmetric<jacobi_size>),
-        // Not enough sweeps, which is reported.
-        copying("NR_ask_eigenvalues_jacobi", {jacobi_square}, jacobi_outputs, jacobi<3>,
-                prepare_symmetric<jacobi_size>),
-        copying("NR_generalized_eigenvalues_symm", {pencil_square, pencil_square},
-                {pencil_size, pencil_square}, pencil_solved, prepare_pencil<pencil_size>),
-        copying("NR_ask_max_eigen_val_vec", {power_square, power_size}, {1, power_size},
-                power_iterated, prepare_definite<power_size, 0>),
-        copying("NR_cholesky_decomp", {factor_square}, {factor_square, factor_size},
-                cholesky_decomposed, prepare_definite<factor_size, 0>),
-        row<NR_cholesky_solver, factor_size>({factor_square, factor_size, factor_size},
-                                             {factor_size}, prepare_factor<factor_size>),
-        copying("NR_cholesky_inverse", {factor_square, factor_size}, {factor_square},
-                cholesky_inverted, prepare_factor<factor_size>),
-        copying("NR_2d_matrix_allo", {square}, {square}, made),
-        on_squares<NR_matrix_copy_1d_to_2d>(),
-        on_squares<NR_matrix_copy_2d_to_1d>(),
-        on_squares<NR_2d_matrix_identity>(),
-        on_squares<NR_2d_matrix_init_zero>(),
-        on_squares<NR_2d_matrix_nxn_transp>(),
-        on_squares<NR_2d_matrix_product_of_2>(2),
-        on_squares<NR_matrix_2d_as_1d_identity>(),
-        on_squares<NR_matrix_2d_as_1d_init_zero>(),
-        on_squares<NR_matrix_2d_as_1d_init_zero_ut>(),
-        on_squares<NR_matrix_2d_as_1d_init_zero_lt>(),
-        on_squares<NR_matrix_2d_as_1d_nxn_transp>(),
-        on_squares<NR_matrix_2d_as_1d_product_of_2>(2),
-    };
+    return joined({
+        matrix_rows(),
+        on_squares<0, NR_matrix_copy_1d_to_2d>(),
+        on_squares<first, NR_matrix_copy_2d_to_1d, NR_2d_matrix_identity, NR_2d_matrix_init_zero,
+                   NR_2d_matrix_nxn_transp, NR_matrix_2d_as_1d_identity,
+                   NR_matrix_2d_as_1d_init_zero, NR_matrix_2d_as_1d_init_zero_ut,
+                   NR_matrix_2d_as_1d_init_zero_lt, NR_matrix_2d_as_1d_nxn_transp>(),
+        on_squares<first | second, NR_2d_matrix_product_of_2, NR_matrix_2d_as_1d_product_of_2>(),
+        other_rows(),
+    });
 }
 
 }  // namespace ztmath_test

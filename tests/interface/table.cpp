@@ -18,30 +18,16 @@ constexpr int guards = 4;
 }  // namespace
 
 const std::vector<Call>& interface_table() {
-    static const std::vector<Call> table = [] {
-        std::vector<Call> all;
-        for (const auto rows :
-             {arc_crossing_calls, arc_plane_calls, arc_spline_calls, arc_tangent_calls, curve_calls,
-              curve_edit_calls, dgeom_calls, facet_calls, fit_calls, frame_calls, kit_calls,
-              polygon_calls, root_calls, solve_calls, transform_calls}) {
-            auto more = rows();
-            all.insert(all.end(), more.begin(), more.end());
-        }
-        return all;
-    }();
+    static const std::vector<Call> table =
+        joined({arc_spline_calls(), curve_calls(), facet_calls(), fit_calls(), frame_calls(),
+                kit_calls(), solve_calls()});
     return table;
 }
 
 Arrays draw_inputs(const Call& call, Random& random, Draw draw) {
     const auto number = [&]() -> double {
-        switch (draw) {
-            case Draw::regular:
-                break;
-            case Draw::whole_numbers:
-                return random.integer(-2, 2);
-            case Draw::any_size:
-                return random.normal() * std::pow(10, random.uniform(-12, 12));
-        }
+        if (draw == Draw::whole_numbers) return random.integer(-2, 2);
+        if (draw == Draw::any_size) return random.normal() * std::pow(10, random.uniform(-12, 12));
         return random.normal();
     };
     Arrays inputs;
@@ -60,7 +46,6 @@ Outcome outcome_of(const Call& call, const Arrays& inputs, double fill) {
         guarded.emplace_back(length + 2 * guards, fill);
         out.push_back(guarded.back().data() + guards);
     }
-    ++calls_made;
     Outcome outcome{call.run(pointers_to(inputs).data(), out.data()), {}};
     const auto is_untouched = [&](double word) { return same_bits(word, fill); };
     for (const auto& array : guarded) {
@@ -73,12 +58,11 @@ Outcome outcome_of(const Call& call, const Arrays& inputs, double fill) {
 }
 
 bool same_bits(const Outcome& a, const Outcome& b) {
-    if (!same_bits(a.result, b.result)) return false;
-    for (std::size_t i = 0; i < a.outputs.size(); ++i)
-        if (!std::equal(a.outputs[i].begin(), a.outputs[i].end(), b.outputs[i].begin(),
-                        [](double x, double y) { return same_bits(x, y); }))
-            return false;
-    return true;
+    const auto same = [](double x, double y) { return same_bits(x, y); };
+    const auto all_same = [&](const auto& x, const auto& y) {
+        return std::ranges::equal(x, y, same);
+    };
+    return same(a.result, b.result) && std::ranges::equal(a.outputs, b.outputs, all_same);
 }
 
 }  // namespace ztmath_test

@@ -4,11 +4,9 @@
 // platform leaving by an exception.
 #pragma once
 
-#include <atomic>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -17,42 +15,42 @@
 namespace ztmath_test {
 
 using Arrays = std::vector<std::vector<double>>;
+using Lengths = std::vector<std::size_t>;
 using In = const double* const*;
 using Out = double* const*;
+using Prepare = void (*)(Random& random, Arrays& inputs);
 
 struct Call {
-    std::string name;                  // of the exported function
-    std::vector<std::size_t> inputs;   // the lengths of the arrays that `run` reads
-    std::vector<std::size_t> outputs;  // and of those it writes
+    std::string name;  // of the exported function
+    Lengths inputs;    // of the arrays that `run` reads
+    Lengths outputs;   // and of those it writes
     /// Calls the function; returns its result. Must own nothing: it is left by long jumps too.
     double (*run)(In in, Out out);
     /// Makes normally distributed numbers into input that the function can serve.
-    void (*prepare)(Random& random, Arrays& inputs) = nullptr;
+    Prepare prepare = nullptr;
     /// Whether `run` passes the arrays on as they are, so that outputs may lie over inputs.
-    bool passes_on = true;
+    bool passes_on = false;
     /// Whether it writes what all calls share: then no other call may run beside it.
     bool writes_shared = false;
 };
 
-std::vector<Call> arc_crossing_calls();
-std::vector<Call> arc_plane_calls();
+inline std::vector<Call> joined(const std::vector<std::vector<Call>>& parts) {
+    std::vector<Call> all;
+    for (const std::vector<Call>& part : parts)
+        all.insert(all.end(), part.begin(), part.end());
+    return all;
+}
+
 std::vector<Call> arc_spline_calls();
-std::vector<Call> arc_tangent_calls();
 std::vector<Call> curve_calls();
-std::vector<Call> curve_edit_calls();
-std::vector<Call> dgeom_calls();
 std::vector<Call> facet_calls();
 std::vector<Call> fit_calls();
 std::vector<Call> frame_calls();
 std::vector<Call> kit_calls();
-std::vector<Call> polygon_calls();
-std::vector<Call> root_calls();
 std::vector<Call> solve_calls();
-std::vector<Call> transform_calls();
 
-/// Release what a row works on; to be called wherever a call may have been left.
+/// Releases what a row works on; to be called wherever a call may have been left.
 void release_held();
-void release_curves();
 
 const std::vector<Call>& interface_table();
 
@@ -86,13 +84,5 @@ inline bool same_bits(double a, double b) {
 }
 
 bool same_bits(const Outcome& a, const Outcome& b);
-
-/// How many calls of the library the sweeps have made.
-inline std::atomic<long> calls_made{0};
-
-/// Tells how many they were since it last told.
-inline void tell_calls() {
-    std::printf("%ld calls\n", calls_made.exchange(0));
-}
 
 }  // namespace ztmath_test

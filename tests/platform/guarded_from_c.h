@@ -12,9 +12,8 @@ extern "C" {
    before the report and 10 after it. */
 SYSS_outcome_t raise_guarded_in_c(SYSS_failure_t* failure, int* reached);
 
-/* Runs out of memory below two nested guards; returns what the inner one says, or -1 if the outer
-   one does not complete. */
-int run_out_of_memory_in_c(SYSS_failure_t* failure);
+/* Runs out of memory inside a guard. */
+SYSS_outcome_t run_out_of_memory_in_c(SYSS_failure_t* failure);
 
 /* Raises with a handler that leaves by a long jump; returns the code that the handler saw. */
 int leave_by_long_jump_in_c(int code);

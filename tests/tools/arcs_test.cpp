@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <nlohmann/json.hpp>
 #include <sstream>
 
 #include "run_tool.h"
@@ -11,7 +10,6 @@
 namespace {
 
 using namespace ztmath_test;
-using json = nlohmann::ordered_json;
 using Real = long double;
 
 /// A word of the command line and its numbers: --circle 0,0,1.
@@ -69,7 +67,7 @@ const std::pair<std::string, std::size_t> problems[]{
 
 /// Solutions, tangents or points, which stand last.
 json findings(const Workshop& w, const std::string& arguments) {
-    return json::parse(w.run("arcs " + arguments + " --json").out).back();
+    return json_of(w, "arcs " + arguments).back();
 }
 
 TEST(Arcs, CirclesMeetWhatIsGiven) {
@@ -95,17 +93,17 @@ TEST(Arcs, ExitCodesAndWordsTellWhatHappened) {
     const Workshop w;
     w.file("words", "circle 0 0 1\nsquare 0 0 1\n");
     w.file("three", "circle 0 0 1 # the first\n\ncircle,4;0 1\npoint 2 3");
-    const std::string two = "arcs circles --point 0,0 --point 1,1 ";
-    expect_endings(
-        w, {
-               {two + "--point 2,2", 1, "ztmath: no circle: the points lie on one line\n"},
-               {two + "--point 2,2.1 --tolerance 5", 1, "ztmath: no circle: the points "},
-               {"arcs circles --line 0,0,1,1 --point 3,0 --at 1,2", 1, "ztmath: no circle: the p"},
-               {two + "--at 1,1", 2, "ztmath: no construction of circles from 2 points and a "},
-               {two + "--circle 1,2", 2, "--circle: circle takes X,Y,R, not 2 numbers\n"},
-               {"arcs tangents --point 0,0 --point 1,1", 2, "ztmath: tangents are those of "},
-               {"arcs circles --file words", 3, "ztmath: words:2: \"square\" is not known here"},
-           });
+    const std::string two = "circles --point 0,0 --point 1,1 ";
+    const std::vector<Ending> endings = {
+        {two + "--point 2,2", 1, "ztmath: no circle: the points lie on one line\n"},
+        {two + "--point 2,2.1 --tolerance 5", 1, "ztmath: no circle: the points "},
+        {"circles --line 0,0,1,1 --point 3,0 --at 1,2", 1, "ztmath: no circle: the p"},
+        {two + "--at 1,1", 2, "ztmath: no construction of circles from 2 points and a "},
+        {two + "--circle 1,2", 2, "--circle: circle takes X,Y,R, not 2 numbers\n"},
+        {"tangents --point 0,0 --point 1,1", 2, "ztmath: tangents are those of "},
+        {"circles --file words", 3, "ztmath: words:2: \"square\" is not known here"},
+    };
+    expect_endings(w, "arcs ", endings);
     expect_parts(
         w.run("arcs circles --file three").out,
         {"Circles through a point that touch two circles\n", "solutions   4\n", "from around\n"});

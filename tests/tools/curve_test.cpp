@@ -2,8 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <nlohmann/json.hpp>
-#include <sstream>
 
 #include "curve_data.h"
 #include "run_tool.h"
@@ -13,18 +11,16 @@
 namespace {
 
 using namespace ztmath_test;
-using nlohmann::json;
 
 constexpr int around = 24;
 constexpr double step = 6.283185307179586 / around;
 
 /// Points of a circle, from an angle on.
 std::string arc(double r, int count, double start = 0) {
-    std::ostringstream text;
-    text.precision(17);
+    std::vector<double> points;
     for (double a = start; a < start + (count - 0.5) * step; a += step)
-        text << r * std::cos(a) << ' ' << r * std::sin(a) << '\n';
-    return text.str();
+        points.insert(points.end(), {r * std::cos(a), r * std::sin(a)});
+    return text_of(points, 2);
 }
 
 TEST(Curve, CirclesHaveTheirTangentsAndCurvatureInEveryUnit) {
@@ -33,7 +29,7 @@ TEST(Curve, CirclesHaveTheirTangentsAndCurvatureInEveryUnit) {
     for (const double r : {5.0, 5e-13, 5e13}) {
         w.file("ring", arc(r, around));
         for (const std::string how : {"--all-slopes", "--slopes tangents --slope-type 5"}) {
-            const json result = json::parse(w.run("curve --2d --json --periodic ring " + how).out);
+            const json result = json_of(w, "curve --2d --periodic ring " + how);
             ASSERT_EQ(result["points"].size(), std::size_t{around});
             // A parabola through three points of the circle bends more than it and is slower than
             // the chords; the middle of the cubic that is corrected lies on the arc.
@@ -55,26 +51,28 @@ TEST(Curve, CirclesHaveTheirTangentsAndCurvatureInEveryUnit) {
 TEST(Curve, WordsTellWhatKeepsACurveFromBeingMade) {
     const Workshop w;
     w.file("slopes", "1 0\n");
-    const std::tuple<std::string, const char*, int, const char*> cases[]{
-        {"--least-squares --segments 2", "0 0\n1 0\n2 1\n3 3\n4 1\n", 0, ""},
-        {"", "", 1, "too few points: a curve needs 2"},
-        {"--periodic", "1 2\n1 2\n", 1, "too few points: a periodic curve needs 2 besides"},
-        {"--least-squares --all-slopes", "0 0\n1 0\n0 1\n", 1, "a fit of order 4 needs 4"},
-        {"--periodic", "0 0\n1 0\n0 1\n0 0\n", 1, "order 4 needs 4 points and slopes, there are 3"},
-        {"", "3 4\n3 4\n3 4\n3 4\n", 1, "the points on lines 1 and 2 are one and the same"},
-        {"--all-slopes", "0 0\n#\n1 0\n1 0\n2 0\n", 1, "the points on lines 3 and 4 are one"},
-        {"--order 2 --all-slopes", "0 0\n1 0\n2 1\n", 1, "the order is too low: slopes need 3"},
-        {"--least-squares --tolerance -1", "0 0\n1 0\n2 1\n3 3\n", 1, "must be 0 or more"},
-        {"--least-squares --segments 3", "0 0\n1 0\n2 1\n3 3\n4 1\n", 1, "not within 1 and 2"},
-        {"--periodic --least-squares", "", 2, "excludes"},
-        {"--slopes slopes", "0 0\n1 0\n", 3, "1 slopes for 2 points"},
+    const std::string in = "ztmath: standard input: ";
+    const std::vector<Ending> endings = {
+        {"--least-squares --segments 2", 0, "", "0 0\n1 0\n2 1\n3 3\n4 1\n"},
+        {"", 1, in + "too few points: a curve needs 2\n"},
+        {"--periodic", 1, in + "too few points: a periodic curve needs 2 besides", "1 2\n1 2\n"},
+        {"--least-squares --all-slopes", 1, in + "too few points: a fit of order 4 needs 4\n",
+         "0 0\n1 0\n0 1\n"},
+        {"--periodic", 1,
+         in + "too few constraints: order 4 needs 4 points and slopes, there are 3\n",
+         "0 0\n1 0\n0 1\n0 0\n"},
+        {"", 1, in + "the points on lines 1 and 2 are one and the same\n", "3 4\n3 4\n3 4\n3 4\n"},
+        {"--all-slopes", 1, in + "the points on lines 3 and 4 are one", "0 0\n#\n1 0\n1 0\n2 0\n"},
+        {"--order 2 --all-slopes", 1, in + "the order is too low: slopes need 3",
+         "0 0\n1 0\n2 1\n"},
+        {"--least-squares --tolerance -1", 1, in + "the tolerance must be 0 or more\n",
+         "0 0\n1 0\n2 1\n3 3\n"},
+        {"--least-squares --segments 3", 1, in + "the number of segments is not within 1 and 2",
+         "0 0\n1 0\n2 1\n3 3\n4 1\n"},
+        {"--periodic --least-squares", 2, "--periodic excludes --least-squares\n"},
+        {"--slopes slopes", 3, "ztmath: slopes: 1 slopes for 2 points\n", "0 0\n1 0\n"},
     };
-    for (const auto& [arguments, points, code, words] : cases) {
-        const auto outcome = w.run("curve --2d - " + arguments, points);
-        EXPECT_EQ(outcome.code, code) << arguments << " of " << points;
-        EXPECT_EQ(outcome.error.empty(), code == 0);
-        expect_parts(outcome.error, {words});
-    }
+    expect_endings(w, "curve --2d - ", endings);
 }
 
 TEST(Curve, DrawsAnArrowForEachSlopeAndNoTeethOnALine) {

@@ -32,9 +32,8 @@ Points scattered(int dimension, int count, double noise) {
 }
 
 SvgDocument plane_svg(const Points& points, const std::string& name = "p.txt") {
-    SvgDocument svg(plane_picture(points, fit_plane(points, millimetres), millimetres, name));
-    EXPECT_TRUE(svg.well_formed()) << name;
-    return svg;
+    SCOPED_TRACE(name);
+    return SvgDocument(plane_picture(points, fit_plane(points, millimetres), millimetres, name));
 }
 
 /// The distances in the order in which points are drawn: the farthest last.
@@ -108,7 +107,6 @@ TEST(LinePicture, IsInTrueProportion) {
             points.coordinates[i + 1] += slope * points.coordinates[i];
         const Line2Fit fit = fit_line_2d(points, millimetres);
         const SvgDocument svg(line_picture(points, fit, millimetres, "p.txt"));
-        ASSERT_TRUE(svg.well_formed());
         expect_heights(svg.find("distances", "dot"), drawn_distances(fit.distances.of_point));
         expect_ring_around(svg, "points", svg.find("points", "dot").back());
         const SvgElement line = svg.find("points", "fit").at(0);
@@ -129,7 +127,6 @@ TEST(LinePicture, OfALineInSpaceShowsItFromTheSideAndEndOn) {
     const Points points = scattered(3, 50, 1.0);
     const Line3Fit fit = fit_line_3d(points, millimetres);
     const SvgDocument svg(line_picture(points, fit, millimetres, "p.txt"));
-    ASSERT_TRUE(svg.well_formed());
     expect_heights(svg.find("distances", "dot"), drawn_distances(fit.distances.of_point));
     const auto dots = svg.find("end-view", "dot");
     const SvgElement rms = svg.find("end-view", "band").at(0);
@@ -152,26 +149,20 @@ Points around(int dimension, int count, double widest) {
     return points;
 }
 
-/// Fails unless the dots are as far from the drawn circle as the points from the true one.
-void expect_dots_about(const SvgElement& circle, const std::vector<SvgElement>& dots,
-                       const std::vector<double>& distances, double radius) {
-    ASSERT_EQ(dots.size(), distances.size());
-    const double scale = circle.number("r") / radius;
-    for (std::size_t i = 0; i < dots.size(); ++i)
-        EXPECT_NEAR(distance_between(dots[i], circle), circle.number("r") + scale * distances[i],
-                    0.03);
-}
-
 TEST(CirclePicture, IsInTrueProportionAndShowsTheDistances) {
     for (const double arc : {0.3, 6.2}) {
         const Points points = around(2, 90, arc);
         const CircleFit fit = fit_circle(points, millimetres);
         const SvgDocument svg(circle_picture(points, fit, millimetres, "p.txt"));
-        ASSERT_TRUE(svg.well_formed());
         const auto distances = drawn_distances(fit.distances.of_point);
         expect_heights(svg.find("distances", "dot"), distances);
-        expect_dots_about(svg.find("points", "fit")[0], svg.find("points", "dot"), distances,
-                          fit.radius);
+        const SvgElement circle = svg.find("points", "fit")[0];
+        const auto dots = svg.find("points", "dot");
+        ASSERT_EQ(dots.size(), distances.size());
+        const double scale = circle.number("r") / fit.radius;
+        for (std::size_t i = 0; i < dots.size(); ++i)
+            EXPECT_NEAR(distance_between(dots[i], circle), scale * (fit.radius + distances[i]),
+                        0.03);
     }
 }
 
@@ -179,7 +170,6 @@ TEST(SpherePicture, ShowsEveryPointWithinTheOutline) {
     const Points points = around(3, 300, 0.5);
     const SphereFit fit = fit_sphere(points, millimetres);
     const SvgDocument svg(sphere_picture(points, fit, millimetres, "p.txt"));
-    ASSERT_TRUE(svg.well_formed());
     expect_heights(svg.find("distances", "dot"), drawn_distances(fit.distances.of_point));
     const SvgElement outline = svg.find("plan", "fit")[0];
     EXPECT_EQ(svg.find("plan", "dot").size(), 300U);

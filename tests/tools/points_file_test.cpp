@@ -22,12 +22,7 @@ std::string complaint_of(std::string_view text, int dimension) {
 }
 
 TEST(PointsFile, ReadsWhatPeopleWrite) {
-    const struct {
-        const char* what;
-        std::string_view text;
-        Numbers numbers;
-        Lines lines;
-    } cases[]{
+    const std::tuple<const char*, const char*, Numbers, Lines> cases[]{
         {"nothing", "", {}, {}},
         {"blank lines and no end of the last", "\n1 2\n \t\n3 4", {1, 2, 3, 4}, {2, 4}},
         {"all separators", "1,2\n3;4\n5\t6\n  7 ,; 8  ,\n", {1, 2, 3, 4, 5, 6, 7, 8}, {1, 2, 3, 4}},
@@ -39,19 +34,16 @@ TEST(PointsFile, ReadsWhatPeopleWrite) {
         {"too small for a double", "1e-400 -1e-400\n", {0, -0.0}, {1}},
         {"the largest", "1e15 -1e15", {1e15, -1e15}, {1}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
-        const Points points = parse_points(c.text, "p.txt", 2);
-        EXPECT_EQ(points.coordinates, c.numbers);
-        EXPECT_EQ(points.lines, c.lines);
+    for (const auto& [what, text, numbers, lines] : cases) {
+        SCOPED_TRACE(what);
+        const Points points = parse_points(text, "p.txt", 2);
+        EXPECT_EQ(points.coordinates, numbers);
+        EXPECT_EQ(points.lines, lines);
     }
 }
 
 TEST(PointsFile, NamesTheMalformedLine) {
-    const struct {
-        const char* text;
-        const char* complaint;
-    } cases[]{
+    const std::pair<const char*, const char*> cases[]{
         {"1 2 3\n4 5\n", "p.txt:2: 3 numbers expected (x y z), found 2"},
         {"\n1 2 3 4", "p.txt:2: 3 numbers expected (x y z), found 4"},
         {"1 2 3\nx y z", "p.txt:2: \"x\" is not a number"},
@@ -65,10 +57,8 @@ TEST(PointsFile, NamesTheMalformedLine) {
         {"1 2 0123456789012345678901234567890x",
          "p.txt:1: \"012345678901234567890123456789...\" is not a number"},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.text);
-        EXPECT_EQ(complaint_of(c.text, 3), c.complaint);
-    }
+    for (const auto& [text, complaint] : cases)
+        EXPECT_EQ(complaint_of(text, 3), complaint) << text;
 }
 
 TEST(PointsFile, NamesFiveMalformedLinesAndCountsTheRest) {

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <nlohmann/json.hpp>
 #include <vector>
 
 #include "polynomial.h"
@@ -11,7 +10,6 @@
 namespace {
 
 using namespace ztmath_test;
-using nlohmann::json;
 
 std::vector<double> roots_of(const json& result) {
     std::vector<double> x;
@@ -25,23 +23,22 @@ TEST(Roots, ExitCodesTellWhatHappened) {
     w.file("cubic", "-6 11\n# ascending\n-6; 1\n");
     w.file("words", "1 2\n3 x\n");
     w.file("none", "# nothing\n");
-    expect_endings(
-        w,
-        {
-            {"roots 6 -5 1", 0, ""},
-            {"roots -- -.5 1", 0, ""},
-            {"roots --file cubic", 0, ""},
-            {"roots 5", 1, "ztmath: 5 is a constant\n"},
-            {"roots 0 0 1e-10", 1, "ztmath: 1e-10 x^2 is a constant\n"},
-            {"roots", 2, "ztmath: no coefficients\n"},
-            {"roots 1 2 3 4 5 6", 2, "ztmath: 6 coefficients: the largest degree is 4"},
-            {"roots 1 two", 2, "ztmath: \"two\" is not a number\n"},
-            {"roots 1 inf", 2, "ztmath: \"inf\" is not a finite number\n"},
-            {"roots --file missing", 3, "ztmath: cannot read missing: No such file or directory\n"},
-            {"roots --file words", 3, "ztmath: words:2: \"x\" is not a number\n"},
-            {"roots --file none", 3, "ztmath: none: no coefficients\n"},
-            {"roots 6 -5 1 >/dev/full", 4, "ztmath: cannot write the standard output: "},
-        });
+    const std::vector<Ending> endings = {
+        {"6 -5 1", 0, ""},
+        {"-- -.5 1", 0, ""},
+        {"--file cubic", 0, ""},
+        {"5", 1, "ztmath: 5 is a constant\n"},
+        {"0 0 1e-10", 1, "ztmath: 1e-10 x^2 is a constant\n"},
+        {"", 2, "ztmath: no coefficients\n"},
+        {"1 2 3 4 5 6", 2, "ztmath: 6 coefficients: the largest degree is 4"},
+        {"1 two", 2, "ztmath: \"two\" is not a number\n"},
+        {"1 inf", 2, "ztmath: \"inf\" is not a finite number\n"},
+        {"--file missing", 3, "ztmath: cannot read missing: No such file or directory\n"},
+        {"--file words", 3, "ztmath: words:2: \"x\" is not a number\n"},
+        {"--file none", 3, "ztmath: none: no coefficients\n"},
+        {"6 -5 1 >/dev/full", 4, "ztmath: cannot write the standard output: "},
+    };
+    expect_endings(w, "roots ", endings);
     expect_parts(w.run("roots --help").out, {"Examples:", "ascending power", "Exit codes:"});
 }
 
@@ -57,7 +54,7 @@ TEST(Roots, PrintsATable) {
 
 TEST(Roots, JsonHoldsRootsInOrderWithTheirResiduals) {
     const Workshop w;
-    const json result = json::parse(w.run("roots 4 0 -5 0 1 --json").out);
+    const json result = json_of(w, "roots 4 0 -5 0 1");
     EXPECT_EQ(result["coefficients"], json::parse("[4.0, 0.0, -5.0, 0.0, 1.0]"));
     EXPECT_EQ(result["degree"], 4);
     EXPECT_EQ(result["method"], "closed form");
@@ -68,7 +65,7 @@ TEST(Roots, JsonHoldsRootsInOrderWithTheirResiduals) {
     // 1e-8 beside 1e4: small roots are what the iteration is for.
     const std::string wide = "1e-4 -10000.00000001 1";
     for (const char* option : {"", " --laguerre"}) {
-        const json two = json::parse(w.run("roots " + wide + option + " --json").out);
+        const json two = json_of(w, "roots " + wide + option);
         ASSERT_EQ(two["roots"].size(), 2U);
         EXPECT_NEAR(roots_of(two)[0], 1e-8, 1e-22);
         for (const json& root : two["roots"]) {
@@ -78,23 +75,20 @@ TEST(Roots, JsonHoldsRootsInOrderWithTheirResiduals) {
             EXPECT_LT(root["relative"], 1e-15);
         }
     }
-    const json dropped = json::parse(w.run("roots -6 2 0 1e-11 --json").out);
+    const json dropped = json_of(w, "roots -6 2 0 1e-11");
     EXPECT_EQ(dropped["degree"], 1);
     EXPECT_EQ(roots_of(dropped), std::vector<double>{3});
-    EXPECT_EQ(json::parse(w.run("roots --file - --json", "1 0\n1\n").out)["roots"], json::array());
+    EXPECT_EQ(json_of(w, "roots --file -", "1 0\n1\n")["roots"], json::array());
 }
 
 TEST(Roots, PolynomialsReadAsAPersonWritesThem) {
-    const struct {
-        std::vector<double> coefficients;
-        const char* text;
-    } rows[]{
+    const std::pair<std::vector<double>, const char*> rows[]{
         {{6, -5, 1}, "6 - 5 x + x^2"},      {{0, -1, 0, 2.5}, "-x + 2.5 x^3"},
         {{-1, 0, 0, 0, -1}, "-1 - x^4"},    {{0, 0}, "0"},
         {{1e-12, 1e20}, "1e-12 + 1e+20 x"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(tool::Polynomial{row.coefficients}.str(), row.text);
+    for (const auto& [coefficients, text] : rows)
+        EXPECT_EQ(tool::Polynomial{coefficients}.str(), text);
 }
 
 }  // namespace

@@ -7,11 +7,14 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <nlohmann/json.hpp>
 #include <sstream>
 #include <string>
 #include <vector>
 
 namespace ztmath_test {
+
+using json = nlohmann::ordered_json;
 
 inline std::string contents(const std::filesystem::path& path) {
     std::ostringstream text;
@@ -59,22 +62,38 @@ class Workshop {
     std::filesystem::path directory_;
 };
 
-/// Arguments, the exit code that they lead to, and how the standard error then begins.
+/// What `ztmath ARGUMENTS --json` prints.
+inline json json_of(const Workshop& w, const std::string& arguments,
+                    const std::string& input = {}) {
+    return json::parse(w.run(arguments + " --json", input).out);
+}
+
+/// Arguments, the exit code that they lead to, how the standard error then begins, and the input.
 struct Ending {
     std::string arguments;
     int code;
     std::string error;
+    std::string input = {};
 };
 
-/// Errors say something, and only errors do.
-inline void expect_endings(const Workshop& w, const std::vector<Ending>& endings) {
+/// Errors say something.
+inline void expect_endings(const Workshop& w, const std::string& command,
+                           const std::vector<Ending>& endings) {
     for (const Ending& ending : endings) {
-        SCOPED_TRACE(ending.arguments);
-        const auto outcome = w.run(ending.arguments);
+        SCOPED_TRACE(ending.arguments + '\n' + ending.input);
+        const auto outcome = w.run(command + ending.arguments, ending.input);
         EXPECT_EQ(outcome.code, ending.code);
         EXPECT_EQ(outcome.error.substr(0, ending.error.size()), ending.error);
-        EXPECT_EQ(outcome.error.empty(), ending.code == 0);
+        EXPECT_EQ(outcome.error.empty(), ending.error.empty());
     }
+}
+
+/// Points as a file has them.
+inline std::string text_of(const std::vector<double>& coordinates, std::size_t dimension) {
+    std::string text;
+    for (std::size_t i = 0; i < coordinates.size(); ++i)
+        text += json(coordinates[i]).dump() + ((i + 1) % dimension == 0 ? '\n' : ' ');
+    return text;
 }
 
 inline void expect_parts(const std::string& text, const std::vector<std::string>& parts) {

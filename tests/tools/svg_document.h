@@ -1,7 +1,8 @@
-// A drawing, read back by an XML parser.
+// A drawing, read back by an XML parser, to which it must be well formed.
 #pragma once
 
 #include <expat.h>
+#include <gtest/gtest.h>
 
 #include <map>
 #include <string>
@@ -12,6 +13,7 @@ namespace ztmath_test {
 struct SvgElement {
     std::string name;
     std::string group;  // the id of the innermost group around it
+    std::string look;   // its class
     std::map<std::string, std::string> attributes;
     std::string text;
 
@@ -27,19 +29,14 @@ class SvgDocument {
         XML_SetUserData(parser, this);
         XML_SetElementHandler(parser, start, end);
         XML_SetCharacterDataHandler(parser, characters);
-        well_formed_ =
-            XML_Parse(parser, text.data(), static_cast<int>(text.size()), 1) == XML_STATUS_OK;
+        EXPECT_EQ(XML_Parse(parser, text.data(), static_cast<int>(text.size()), 1), XML_STATUS_OK);
         XML_ParserFree(parser);
     }
-
-    bool well_formed() const { return well_formed_; }
 
     std::vector<SvgElement> find(const std::string& group, const std::string& look) const {
         std::vector<SvgElement> found;
         for (const SvgElement& e : elements_)
-            if (e.group == group && e.attributes.count("class") > 0 &&
-                e.attributes.at("class") == look)
-                found.push_back(e);
+            if (e.group == group && e.look == look) found.push_back(e);
         return found;
     }
 
@@ -54,9 +51,10 @@ class SvgDocument {
   private:
     static void start(void* data, const char* name, const char** attributes) {
         auto& self = *static_cast<SvgDocument*>(data);
-        SvgElement element{name, self.groups_.empty() ? "" : self.groups_.back(), {}, {}};
+        SvgElement element{name, self.groups_.empty() ? "" : self.groups_.back(), {}, {}, {}};
         for (; *attributes != nullptr; attributes += 2)
             element.attributes[attributes[0]] = attributes[1];
+        element.look = element.attributes["class"];
         if (element.name == "g") self.groups_.push_back(element.attributes["id"]);
         self.elements_.push_back(element);
     }
@@ -69,7 +67,6 @@ class SvgDocument {
         self.elements_.back().text.append(text, static_cast<std::size_t>(length));
     }
 
-    bool well_formed_ = false;
     std::vector<std::string> groups_;
     std::vector<SvgElement> elements_;
 };

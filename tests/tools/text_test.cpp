@@ -26,22 +26,18 @@ TEST(Numbers, LineUpWithAsManyDigitsAsTheLargestNeeds) {
 }
 
 TEST(Ticks, AreRoundAndWithinTheRange) {
-    const struct {
-        Range range;
-        int about;
-        Texts labels;
-    } cases[]{
+    const std::tuple<Range, int, Texts> cases[]{
         {{0.0, 10.0}, 5, {"0", "2", "4", "6", "8", "10"}},
         {{-0.11, 0.12}, 4, {"\u22120.1", "0.0", "0.1"}},
         {{596687.2, 596688.1}, 3, {"596687.5", "596688.0"}},
         {{0.0, 260000.0}, 3, {"0", "100 000", "200 000"}},
         {{-2e-13, 1e-13}, 3, {"\u22122e\u221213", "\u22121e\u221213", "0", "1e\u221213"}},
     };
-    for (const auto& c : cases) {
+    for (const auto& [range, about, expected] : cases) {
         Texts labels;
-        for (const Tick& tick : round_ticks(c.range, c.about))
+        for (const Tick& tick : round_ticks(range, about))
             labels.push_back(tick.label);
-        EXPECT_EQ(labels, c.labels);
+        EXPECT_EQ(labels, expected);
     }
     EXPECT_EQ(round_ticks({0.0, 2.0}, 6, 1.0).size(), 3U);
 }

@@ -72,21 +72,19 @@ class CornerTriangle {
   public:
     CornerTriangle(const PlanePolygon& polygon, int a, int b, int c)
         : corners_{polygon.point(a), polygon.point(b), polygon.point(c)},
+          edges_{{polygon.place(a), polygon.place(b)},
+                 {polygon.place(b), polygon.place(c)},
+                 {polygon.place(c), polygon.place(a)}},
           normal_(polygon.normal()),
           around_(empty_box),
           rounding_(polygon.rounding()) {
-        const Vec2 places[] = {polygon.place(a), polygon.place(b), polygon.place(c)};
-        for (const Vec2 place : places)
-            expand(around_, place);
+        for (const Edge& edge : edges_)
+            expand(around_, edge.from);
         const Vec2 extent = around_.high - around_.low;
         const double size = extent.x + extent.y;
         const double scale = polygon.is_upright() ? size : polygon.reach();
-        for (int i = 0; i < 3; ++i) {
-            const Vec2 way = places[(i + 1) % 3] - places[i];
-            edges_[i] = {places[i], way, Extremes(way)};
-        }
         // Of a sliver, rounding may put points inside that lie anywhere along it.
-        const double area = cross(edges_[0].way, places[2] - places[0]);
+        const double area = cross(edges_[2].way, edges_[0].way);
         const double margin = area > 1.0e-10 * scale * size ? 1.0e-3 * size : HUGE_VAL;
         around_.low = around_.low - Vec2{margin, margin};
         around_.high = around_.high + Vec2{margin, margin};
@@ -108,6 +106,8 @@ class CornerTriangle {
   private:
     /// An edge between places.
     struct Edge {
+        Edge(Vec2 start, Vec2 end) : from(start), way(end - start), extremes(way) {}
+
         Vec2 from, way;
         Extremes extremes;
     };

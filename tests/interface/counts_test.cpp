@@ -315,6 +315,7 @@ const std::vector<Row> rows = rows_of<
 
 Bench called(const Row& row, Bench bench) {
     row.run(bench);
+    ++calls_made;
     return bench;
 }
 
@@ -336,6 +337,7 @@ TEST(EveryCount, WritesNowhereElseBeingSmallOrNegativeAndLeavesTheNextCallAsItWa
                     EXPECT_TRUE(again.changes_from(usual).empty() && again.answers_as(usual));
                 }
     }
+    tell_calls();
 }
 
 }  // namespace

@@ -46,6 +46,7 @@ Outcome outcome_of(const Call& call, const Arrays& inputs, double fill) {
         guarded.emplace_back(length + 2 * guards, fill);
         out.push_back(guarded.back().data() + guards);
     }
+    ++calls_made;
     Outcome outcome{call.run(pointers_to(inputs).data(), out.data()), {}};
     const auto is_untouched = [&](double word) { return same_bits(word, fill); };
     for (const auto& array : guarded) {

@@ -4,9 +4,11 @@
 // platform leaving by an exception.
 #pragma once
 
+#include <atomic>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -53,6 +55,14 @@ std::vector<Call> solve_calls();
 void release_held();
 
 const std::vector<Call>& interface_table();
+
+/// How many calls of the library the sweeps have made.
+inline std::atomic<long> calls_made{0};
+
+/// Tells how many they were since it last told.
+inline void tell_calls() {
+    std::printf("%ld calls\n", calls_made.exchange(0));
+}
 
 /// How the numbers of an input are drawn.
 enum class Draw { regular, whole_numbers, any_size };

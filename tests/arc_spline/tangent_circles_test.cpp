@@ -285,6 +285,7 @@ TEST(TangentCircles, TakeTheToleranceItselfForNothing) {
     EXPECT_EQ(at_point(circle, x_axis, {1, 0}).count, 0);
     tols = negative;
     EXPECT_GT(of_radius(a, b, 3).circles[0].center[1], 0) << "from left to right all the same";
+    EXPECT_EQ(of_radius(a, b, 1).count, 2);
     EXPECT_EQ(of_radius(a, {{2, 0}, 1}, 3).count, 8) << "where centres meet in one point, too";
     tols = right_angle;
     EXPECT_EQ(at_point(line({0, 0}, {0, 1}), x_axis, {3, 0}).count, 1);

@@ -400,6 +400,9 @@ TEST(TangentCircles, SayWhatCannotBeServed) {
                  assertion(arc_module, "( given_radius >= tols[0] )"),
                  internal(arc_module, "The input value of the angle is not valid."),
                  assertion(arc_module, "seg_ptr_1 && seg_ptr_2")}));
+    ARC_SPLINE_cre_circle_tangent_to_circle_and_line_at_pt_2d(&circle, nullptr, a.c.data(), tols,
+                                                              &count, out, out + 1, &status);
+    EXPECT_EQ(status, 2);
 }
 
 }  // namespace

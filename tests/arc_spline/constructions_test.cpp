@@ -202,6 +202,7 @@ TEST(ArcSplineConstructions, AlongATangent) {
     EXPECT_EQ(touching_at({0, 0}, {9e-7, 0}, {0, 0}).status, 1);
     EXPECT_EQ(touching_at({0, 0}, {1, 0}, {0, 9e-11}).status, 2);
     expect_equal(chord({0, 0}, {3, 0}, {2, 9e-7}).s[0], ahead, 0);
+    EXPECT_EQ(chord({0, 0}, {3, 0}, {2, 0}).status, 0);
     EXPECT_EQ(chord({0, 0}, {3, 0}, {9e-7, 0}).status, 1);
     EXPECT_EQ(chord({0, 0}, {3, 0}, {-2, 9e-7}).status, 2);
 }

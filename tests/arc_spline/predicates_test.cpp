@@ -268,6 +268,7 @@ TEST(ArcSplinePredicates, Rays) {
         }
     EXPECT_EQ(Rays({-0.125, 0}, right, {0, -0.5}, up, 0.125).sides[0], 0);
     EXPECT_EQ(Rays({-0.5, 0}, right, {0, -0.125}, up, 0.125).sides[1], 0);
+    EXPECT_EQ(Rays(o, right, {2, -2}, up, -1).longer, 'r') << "equal, without a tolerance";
     // They meet 0.375 and 0.5 on; the middle of the base is 0.3125 from there.
     for (const double tol : {0.125, 0.3125}) {
         const Rays on({-0.375, 0}, right, {0, -0.5}, up, tol);

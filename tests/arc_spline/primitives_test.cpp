@@ -200,7 +200,7 @@ TEST(ArcSplinePrimitives, FeetAndMirrorImages) {
         EXPECT_EQ(f.side, side);
     }
     ReportRecorder recorder;
-    const Foot null = foot_between({3, 4}, {0, 0}, {0, 1e-9}, 1);
+    const Foot null = foot_between({4, 4}, {1, 0}, {1, 1e-9}, 1);
     EXPECT_TRUE(null.distance == 5 && null.parm == 0 && null.side == -1);
     EXPECT_EQ(recorder.take(), (Reports{internal(arc_module,
                                                  "The line segment is not defined; we "

@@ -182,6 +182,12 @@ TEST(ArcSplineSegments, DomainsAreClosedAndEndsAttract) {
             EXPECT_EQ(ARC_SPLINE_ask_is_parm_in_arc_domain(&arc, 0.5, &parm), flag) << given;
             EXPECT_EQ(parm, moved_to);
         }
+    const double wide[] = {0.25, 0};
+    const Segment straight = made_straight({0, 0}, {2, 0});
+    double far = 9;
+    ARC_SPLINE_ask_dist_pt_to_1_seg_2d(&straight, Pair{2.125, 1}.data(), 1, wide, foot.data(),
+                                       &parm, &far, &status);
+    EXPECT_TRUE(far == 1 && parm == 2) << "near enough to the end";
     for (parm = 10; parm <= 90; parm += 80)  // the ends themselves
         EXPECT_EQ(ARC_SPLINE_ask_is_parm_in_arc_domain(&left, -1, &parm), 1);
 }
@@ -228,6 +234,16 @@ TEST(ArcSplineSegments, Statuses) {
     const Segment half = made_arc({0, 0}, 20, 180, 1, 1).arc;
     EXPECT_EQ(Data(&half).status, 2);  // no corner
     EXPECT_EQ(Data(&half, 0).status, 0);
+    Segment odd = half;
+    odd.type = 2;
+    Pair place{9, 9};
+    int type, none;
+    double size;
+    for (const Segment* s :
+         {static_cast<const Segment*>(nullptr), static_cast<const Segment*>(&odd)}) {
+        ARC_SPLINE_ask_center_radius_of_seg_2d(s, &type, &size, place.data(), &none);
+        EXPECT_EQ(place, s == nullptr ? (Pair{9, 9}) : center_of(half));
+    }
     int statuses[] = {9, 9};
     ARC_SPLINE_evaluate_arc_seg_2d(&straight, 1, 0, nullptr, nullptr, &statuses[0]);
     ARC_SPLINE_evaluate_strt_seg_2d(&half, 0, nullptr, nullptr, &statuses[1]);
@@ -289,7 +305,7 @@ TEST(ArcSplineSegments, Reports) {
     ARC_SPLINE_cre_offset_straight_2d(nullptr, 1, &out);
     ARC_SPLINE_cre_offset_straight_2d(&early, 1, &out);
     expect_equal(out, {});
-    ARC_SPLINE_ask_central_angle_of_1_seg_2d(nullptr);
+    EXPECT_EQ(ARC_SPLINE_ask_central_angle_of_1_seg_2d(nullptr), 0);
     ARC_SPLINE_cre_offset_circle_2d(&point, 1, 0.5, &out);
     ARC_SPLINE_cre_offset_circle_2d(&early, -0.75, 0.5, &out);
     ARC_SPLINE_cre_offset_circle_2d(&early, -0.5, 0.5, &out);  // equality holds

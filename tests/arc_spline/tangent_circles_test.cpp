@@ -285,6 +285,7 @@ TEST(TangentCircles, TakeTheToleranceItselfForNothing) {
     EXPECT_EQ(at_point(circle, x_axis, {1, 0}).count, 0);
     tols = negative;
     EXPECT_GT(of_radius(a, b, 3).circles[0].center[1], 0) << "from left to right all the same";
+    EXPECT_EQ(of_radius(a, b, 1).count, 2);
     EXPECT_EQ(of_radius(a, {{2, 0}, 1}, 3).count, 8) << "where centres meet in one point, too";
     tols = right_angle;
     EXPECT_EQ(at_point(line({0, 0}, {0, 1}), x_axis, {3, 0}).count, 1);
@@ -399,6 +400,9 @@ TEST(TangentCircles, SayWhatCannotBeServed) {
                  assertion(arc_module, "( given_radius >= tols[0] )"),
                  internal(arc_module, "The input value of the angle is not valid."),
                  assertion(arc_module, "seg_ptr_1 && seg_ptr_2")}));
+    ARC_SPLINE_cre_circle_tangent_to_circle_and_line_at_pt_2d(&circle, nullptr, a.c.data(), tols,
+                                                              &count, out, out + 1, &status);
+    EXPECT_EQ(status, 2);
 }
 
 }  // namespace

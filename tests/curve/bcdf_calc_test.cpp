@@ -60,6 +60,10 @@ TEST(CurveCalculations, ParametersAndWeights) {
     const double start[3] = {}, middle[3] = {1, 1, 1}, end[3] = {9, 9, 9};
     EXPECT_EQ(BCDF_CALC_quadratic_apprx(start, middle, end, t.data(), 0, 2.0, 0, w.data()), 0);
     EXPECT_EQ(w, (Values{4, 4, 4}));
+    double d[6];
+    BCDF_CALC_quadratic_apprx(start, middle, end, t.data(), 0, 2.0, 1, d);
+    EXPECT_DOUBLE_EQ(d[3], 4);
+    EXPECT_EQ(values_of(new_record({0, 0, 0, 3, 4, 0}, 3, 0, 1)->weights), (Values{2.5, 2.5}));
     const Record one = new_record({0, 0, 0}, 3, 0, 1);
     BCDF_replace_weight(one.get(), 0, 7);
     BCDF_add_weights(one.get());

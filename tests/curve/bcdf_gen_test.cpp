@@ -40,6 +40,8 @@ TEST(CurveValidation, FindsTheFirstFault) {
         {1005322, 4, 0, 0, [](BCDF* r) { r->parameters->points[2] = 1; }},
         {1005320, 4, 0, 0, [](BCDF* r) { BCDF_add_needed_slopes(r), r->order = 2; }},
         {0, 4, 0, 0, [](BCDF* r) { BCDF_add_needed_slopes(r), r->order = 3; }},
+        {0, 4, 0, 0, [](BCDF* r) { r->order = 2; }},
+        {1005320, 4, 0, 0, [](BCDF* r) { BCDF_replace_slope(r, along, 0, 1), r->order = 2; }},
         {1005320, 4, 0, 0, [](BCDF* r) { BCDF_replace_curvature(r, up, 0, 0), r->order = 3; }},
         {1005318, 4, 0, 0, [](BCDF* r) { BCDF_replace_curvature(r, up, 0, 0); }},
         {0, 10, 0, 1, [](BCDF*) {}},
@@ -81,6 +83,8 @@ TEST(CurveSearches, StopAtTheirLimits) {
                   overlaps);
     close->points->points[6] = 0.2;
     EXPECT_EQ(BCDF_check_overlap_points(close.get(), 2, 1, up), 1);
+    close->points->points[9] = 1.1;
+    EXPECT_EQ(BCDF_check_overlap_points(close.get(), 2, 2, up), 1);
     EXPECT_EQ(BCDF_check_consecutive_dup_pts(close.get()), 0);
 
     const Record record = row_of(6, 1);
@@ -242,6 +246,10 @@ TEST(CurveEditing, CurvaturesTurnWithTheirSlopes) {
         EXPECT_LT(distance(vector_in(record->curvatures, 0), c.turned), 1e-15);
         EXPECT_EQ(record->curvature_types[0], 7);
     }
+    const Record bent = new_record({0, 1, 0, 1, 0, 0, 2, 1, 0});
+    BCDF_replace_curvature(bent.get(), Vector{0, 0, 3}.data(), 1, 1);
+    BCDF_update_curvatures(bent.get());
+    EXPECT_LT(distance(vector_in(bent->curvatures, 0), Vector{0, 3, 0}), 1e-14);
 }
 
 }  // namespace

@@ -90,6 +90,8 @@ TEST(CurveRecord, HandsOutItsArrays) {
     BCDF_copy_single_3d_slope(r, 1, v, &type);
     EXPECT_EQ(v[1], 3.0);
     EXPECT_EQ(type, 1);
+    BCDF_copy_single_3d_slope(untyped.get(), 1, v, &type);
+    EXPECT_EQ(type, 0);
     BCDF_copy_single_3d_crvatr(r, 0, v, &type);
     EXPECT_EQ(v[2], 0.5);
     const Record weighted = new_record({2, 4, 6, 2, 0, 0, 0, 1}, 4);

@@ -104,9 +104,12 @@ TEST(EarClipping, IsThePlainRuleTriangleForTriangle) {
     }
 }
 
-TEST(EarClipping, TakesAllCornersForConvexWithoutANormal) {
-    const Vectors points = lifted(spiral_polygon(9), Frame({0, 0, 0}, identity));
+TEST(EarClipping, TakesAllCornersForConvexWithoutANormalOrASize) {
+    Vectors points = lifted(spiral_polygon(9), Frame({0, 0, 0}, identity));
     EXPECT_EQ(clipping(points, {0, 0, 0}), plain_clipping(points, {0, 0, 0}));
+    for (Vector& p : points)
+        p = scaled(p, 1e-12);
+    EXPECT_EQ(clipping(points, {0, 0, 1}), plain_clipping(points, {0, 0, 1}));
 }
 
 TEST(EarClipping, AssertsTheCountOfTriangles) {

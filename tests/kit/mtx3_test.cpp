@@ -218,8 +218,11 @@ TEST(Mtx3OrthoNormalize, KeepsPerpendicularXAndZAndSnapsRowsToTheAxes) {
     EXPECT_NE(row(repaired({0.8, 0, 0.1, 0.3, 1, 0, 0.1, 0, 0.9}), 1), y);
     EXPECT_EQ(row(repaired({0.8, 0.1, 0.1, 0.1, 0.8, 0.1, 0.3, one, 0.4}), 2), y);
     EXPECT_EQ(row(repaired({1e-11, 0.2, one, 0, 0.6, 0.3, -1, 0, 0}), 1), y);
-    for (const double up : {1, -1})
+    for (const double up : {1, -1}) {
         EXPECT_EQ(row(repaired({1e-11, 0.2, 1, 0, up * one, 0.3, -1, 0, 0}), 1), scaled(y, up));
+        // The angles are read from what has snapped: here 45 degrees.
+        EXPECT_NEAR(repaired({up, 0, 0, up * one, 0, 0, -1, 0, -1})[0], up * std::sqrt(0.5), 1e-15);
+    }
 }
 
 TEST(Mtx3OrthoNormalize, EndsOnEveryInput) {

@@ -4,7 +4,7 @@
 #include <type_traits>
 
 #include "fuzz.h"
-#include "interface/mixed_row.h"
+#include "interface/records.h"
 #include "ztmath/arc_spline_constructions.h"
 #include "ztmath/arc_spline_tangent_circles.h"
 

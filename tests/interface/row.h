@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "interface/mixed_row.h"
+#include "interface/records.h"
 #include "interface/table.h"
 #include "support/rotation.h"
 #include "syss/syss.h"

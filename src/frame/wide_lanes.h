@@ -1,8 +1,8 @@
 // Vector lanes of four doubles, where the processor has them.
 //
-// The innermost loops of the dense solvers are compiled twice: for every x86-64, and for those with
-// AVX2. Which one runs changes no bit of a result: each element sees the same operations in the
-// same order, and a multiplication is never fused with an addition.
+// Innermost loops of the dense solvers and of the triangle fill are compiled twice: for every
+// x86-64, and for those with AVX2. Which one runs changes no bit of a result: each element sees the
+// same operations in the same order, and a multiplication is never fused with an addition.
 #pragma once
 
 #include <cstring>

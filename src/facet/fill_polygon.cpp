@@ -277,9 +277,9 @@ class ApexSearch {
     /// next.
     bool can_be_joined(int j) {
         Sight to_last = sight(j, last_);
+        if (is_hidden_nearby(to_last, blocks_last_)) return false;
         Sight to_first = sight(j, first_);
-        if (is_hidden_nearby(to_last, blocks_last_) || is_hidden_nearby(to_first, blocks_first_))
-            return false;
+        if (is_hidden_nearby(to_first, blocks_first_)) return false;
         Box2 place = around(to_last.diagonal, outline_.reach());
         expand(place, around(to_first.diagonal, outline_.reach()));
         const int k = outline_.first_near(
@@ -296,6 +296,7 @@ class ApexSearch {
 
     bool is_hidden_nearby(Sight& sight, int& blocking) {
         if (blocking < 0) return false;
+        if (hides(blocking, sight, blocking)) return true;
         const int last = std::min(blocking + beside, last_ - 1);
         for (int k = std::max(first_, blocking - beside); k <= last; ++k)
             if (hides(k, sight, blocking)) return true;

@@ -144,6 +144,7 @@ Vector vertex_normal(const std::vector<FACET_facet_t>& facets, int weight_type, 
 
 TEST(VertexNormal, IsWeightedByAreasOrOuterAngles) {
     const NoBlocksLeft no_blocks_left;
+    ReportRecorder recorder;
     Random random;
     for (const int count : {1, 3, 40}) {
         std::vector<FACET_facet_t> facets;
@@ -166,6 +167,7 @@ TEST(VertexNormal, IsWeightedByAreasOrOuterAngles) {
             distance(vertex_normal(facets, 1, 1e-6, 300), scaled(by_angle, 1 / length(by_angle))),
             1e-11);
     }
+    EXPECT_EQ(recorder.take(), Reports{});
 }
 
 TEST(VertexNormal, ReportsWhatItCannotWeigh) {

@@ -299,7 +299,7 @@ class ApexSearch {
         if (hides(blocking, sight, blocking)) return true;
         const int last = std::min(blocking + beside, last_ - 1);
         for (int k = std::max(first_, blocking - beside); k <= last; ++k)
-            if (hides(k, sight, blocking)) return true;
+            if (k != blocking && hides(k, sight, blocking)) return true;
         return false;
     }
 

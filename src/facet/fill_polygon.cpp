@@ -45,6 +45,7 @@ class ApexSearch {
         : outline_(outline),
           first_(first),
           last_(last),
+          leaps_(outline.all_finite()),
           base_(outline.point(last), outline.point(first)) {}
 
     /// The apex, or -1. The first vertex that makes a triangle gives way to the first one behind it
@@ -52,15 +53,15 @@ class ApexSearch {
     /// on. It is not itself asked whether it can be joined.
     ///
     /// The vertices it gives way to can be many, so after a few, or at once if its circle is huge,
-    /// the search looks for the last of them and makes sure that it is reached.
+    /// the search looks for the last of them and makes sure that it is reached. Very often that is
+    /// one of the part's last vertices, since parts are cut off piece by piece, from one end and
+    /// the other: the search looks there before it joins a vertex that gives way to the last one.
     int apex() {
         int k = first_triangle();
         if (k < 0) return -1;
         Candidate candidate = candidate_at(k);
-        // Where a coordinate is not a number there is no shorter way.
-        const bool leaps = outline_.all_finite();
-        const int patience = leaps ? 3 : last_ - first_;
-        if (leaps && base_.is_dwarfed_by(candidate.circle)) leap(candidate);
+        const int patience = leaps_ ? 3 : last_ - first_;
+        if (leaps_ && base_.is_dwarfed_by(candidate.circle)) leap(candidate);
         while (!advance(candidate, patience))
             leap(candidate);
         outline_.follow(candidate.circle, visits_);
@@ -86,9 +87,9 @@ class ApexSearch {
         return {k, circle, SlantedBox::squared_bound(circle, outline_.reach())};
     }
 
-    bool can_replace(const Candidate& candidate, int j) {
-        return is_inside(candidate.circle, point(j)) && !base_.rejects(point(j)) &&
-               can_be_joined(j);
+    /// Whether the candidate gives way to vertex j if j can be joined to the base edge.
+    bool yields(const Candidate& candidate, int j) const {
+        return is_inside(candidate.circle, point(j)) && !base_.rejects(point(j));
     }
 
     const Box2& box(std::ptrdiff_t run) const { return outline_.boxes()[run]; }
@@ -110,11 +111,16 @@ class ApexSearch {
                     return cannot_replace(candidate, run);
                 },
                 [&](int i) {
-                    if (!can_replace(candidate, i)) return false;
+                    if (!yields(candidate, i)) return false;
+                    if (leaps_ && !end_is_tried_ && i < last_ - 1 &&
+                        yields(candidate_at(i), last_ - 1)) {
+                        end_is_tried_ = true;
+                        if (leap_to_end(candidate, i)) return true;
+                    }
+                    if (!can_be_joined(i)) return false;
                     const double before = candidate.circle.squared_radius;
                     candidate = candidate_at(i);
-                    if (outline_.all_finite() && candidate.circle.squared_radius > 0.9 * before)
-                        times = 1;
+                    if (leaps_ && candidate.circle.squared_radius > 0.9 * before) times = 1;
                     return --times == 0 || (in_window && !outline_.shows(candidate.circle));
                 });
             if (j < 0) return true;
@@ -122,21 +128,21 @@ class ApexSearch {
         return false;
     }
 
-    /// Lets the candidate give way to many at once. Very often the apex is one of the last
-    /// vertices: parts are cut off piece by piece, from one end and the other.
+    /// Lets the candidate give way to many at once.
     void leap(Candidate& candidate) {
-        if (!leap_to_end(candidate))
+        if (!leap_to_end(candidate, candidate.vertex + 1))
             candidate = candidate_at(reached_from(
                 candidate.vertex, best(candidate),
-                [this](int from, int target) { return first_that_stays(from, target); }));
+                [this](int from, int target) { return first_that_stays(from, from + 1, target); }));
     }
 
     /// Lets the candidate give way to one of the last vertices if that is surely reached; whether
-    /// it is.
-    bool leap_to_end(Candidate& candidate) {
-        const int from = std::max(candidate.vertex + 1, last_ - few);
+    /// it is. It gives way to none before `next`.
+    bool leap_to_end(Candidate& candidate, int next) {
+        const int from = std::max(next, last_ - few);
         const Candidate goal = best_of(candidate, from, last_ - 1);
-        if (goal.vertex == candidate.vertex || first_that_stays(candidate.vertex, goal.vertex) >= 0)
+        if (goal.vertex == candidate.vertex ||
+            first_that_stays(candidate.vertex, next, goal.vertex) >= 0)
             return false;
         candidate = goal;
         return true;
@@ -158,22 +164,20 @@ class ApexSearch {
         for (;;) {
             Candidate found = candidate;
             for (int j = from; j <= to; ++j)
-                if (!is_hidden[j - from] && is_inside(found.circle, point(j)) &&
-                    !base_.rejects(point(j)))
-                    found = candidate_at(j);
+                if (!is_hidden[j - from] && yields(found, j)) found = candidate_at(j);
             if (found.vertex == candidate.vertex || can_be_joined(found.vertex)) return found;
             is_hidden[found.vertex - from] = true;
         }
     }
 
-    /// The first vertex from a candidate on, itself included, that would not give way to the
+    /// The first of a candidate and the vertices from `next` on that would not give way to the
     /// target, or -1.
-    int first_that_stays(int from, int target) {
+    int first_that_stays(int from, int next, int target) {
         const Goal goal(base_, point(target), outline_.reach());
         const auto stays = [&](int w) { return !base_.rejects(point(w)) && !goal.beats(point(w)); };
         if (stays(from)) return from;
         return outline_.boxes().first_of(
-            from + 1, target - 1,
+            next, target - 1,
             [&](std::ptrdiff_t run) {
                 if (base_.rejects_all(box(run))) return true;
                 const double nearest = least_cross_seen(box(run));
@@ -245,11 +249,9 @@ class ApexSearch {
     int first_triangle() {
         const auto makes_triangle = [&](int k) { return !base_.rejects(point(k)); };
         if (makes_triangle(first_ + 1)) return first_ + 1;
-        const bool skips =
-            outline_.all_finite();  // a triangle that is not a number is none to skip
         return outline_.boxes().first_of(
             first_ + 2, last_ - 1,
-            [&](std::ptrdiff_t run) { return skips && base_.rejects_all(box(run)); },
+            [&](std::ptrdiff_t run) { return leaps_ && base_.rejects_all(box(run)); },
             makes_triangle);
     }
 
@@ -311,6 +313,8 @@ class ApexSearch {
 
     Outline& outline_;
     int first_, last_;
+    bool leaps_;  // where a coordinate is not a number there is no shorter way
+    bool end_is_tried_ = false;
     int visits_ = 0;           // of runs
     int straddling_runs_ = 0;  // seen on both sides of the base edge's line
     BaseEdge base_;

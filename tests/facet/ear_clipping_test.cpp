@@ -5,7 +5,7 @@
 #include <cmath>
 #include <vector>
 
-#include "support/polygons.h"
+#include "support/outlines.h"
 #include "support/random.h"
 #include "support/reports.h"
 #include "support/session.h"
@@ -104,6 +104,13 @@ TEST(EarClipping, IsThePlainRuleTriangleForTriangle) {
     }
 }
 
+TEST(EarClipping, IsThePlainRuleOnMaps) {
+    for (const char* const country : {"switzerland", "slovenia"}) {
+        const Vectors points = lifted(outline_of(country), Frame({0, 0, 0}, identity));
+        EXPECT_EQ(clipping(points, {0, 0, 1}), plain_clipping(points, {0, 0, 1}));
+    }
+}
+
 TEST(EarClipping, TakesAllCornersForConvexWithoutANormalOrASize) {
     Vectors points = lifted(spiral_polygon(9), Frame({0, 0, 0}, identity));
     EXPECT_EQ(clipping(points, {0, 0, 0}), plain_clipping(points, {0, 0, 0}));
@@ -127,8 +134,8 @@ TEST(EarClipping, EndsSoonOnLargePolygons) {
     const int n = rounds(50'000);
     const Frame flat({0, 0, 0}, identity);
     const int full = 64 * 128;  // bits and words that fill the index of corners to its end
-    for (const Polygon& p :
-         {monotone_polygon(n, 2), densified(star_polygon(300, 2), n), star_polygon(full, 2)}) {
+    for (const Polygon& p : {monotone_polygon(n, 2), densified(star_polygon(300, 2), n),
+                             star_polygon(full, 2), outline_of("canada")}) {
         const std::vector<int> triangles = clipping(lifted(p, flat), {0, 0, 1});
         long double area = 0;
         for (std::size_t t = 0; t < triangles.size(); t += 3)

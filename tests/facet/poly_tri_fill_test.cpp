@@ -6,7 +6,7 @@
 #include <limits>
 #include <vector>
 
-#include "support/polygons.h"
+#include "support/outlines.h"
 #include "support/random.h"
 #include "support/session.h"
 #include "ztmath/ptf.h"
@@ -176,11 +176,12 @@ TEST(PolyTriFill, IsThePlainRuleOnOutlinesOfThousands) {
     int filled = 0;
     for (int round = 0; round < rounds(1); ++round)
         for (Polygon p : {convex_polygon(n), spiral_polygon(n), snapped(spiral_polygon(n), 0.5),
-                          densified(star_polygon(n / 8, 1), n), monotone_polygon(n, 1)}) {
-            std::rotate(p.begin(), p.begin() + 2 * (round * 611 % n), p.end());
+                          densified(star_polygon(n / 8, 1), n), monotone_polygon(n, 1),
+                          outline_of("slovenia"), outline_of("italy")}) {
+            std::rotate(p.begin(), p.begin() + 2 * (round * 611 % vertex_count(p)), p.end());
             expect_as_plain(p, filled);
         }
-    EXPECT_GT(filled, 3);
+    EXPECT_GT(filled, 5);
 }
 
 const Polygon square = {0, 0, 1, 0, 1, 1, 0, 1};
@@ -273,6 +274,8 @@ TEST(PolyTriFill, FillsLargePolygons) {
     expect_valid(spiral_polygon(n));
     expect_valid(comb_polygon(n / 50, 20.0));
     expect_valid(densified(star_polygon(300, 4), n));
+    expect_valid(outline_of("norway"));
+    expect_valid(densified(outline_of("canada"), n));
 }
 
 TEST(PolyTriFill, EndsSoonOnLargePolygonsThatAreNone) {

@@ -16,6 +16,7 @@ namespace {
 
 using Bits = std::uint64_t;
 constexpr int block = 64;  // vertices
+static_assert(most_of_small_part % block == 0);
 
 constexpr int block_of(int i) {
     return i & -block;

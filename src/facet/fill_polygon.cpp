@@ -139,13 +139,18 @@ class ApexSearch {
     /// Lets the candidate give way to one of the last vertices if that is surely reached; whether
     /// it is. It gives way to none before `next`.
     bool leap_to_end(Candidate& candidate, int next) {
-        const int from = std::max(next, last_ - few);
-        const Candidate goal = best_of(candidate, from, last_ - 1);
-        if (goal.vertex == candidate.vertex ||
-            first_that_stays(candidate.vertex, next, goal.vertex) >= 0)
-            return false;
-        candidate = goal;
-        return true;
+        Few last_ones{std::max(next, last_ - few), last_ - 1};
+        for (;;) {
+            const Candidate goal = best_of(candidate, last_ones);
+            if (goal.vertex == candidate.vertex ||
+                first_that_stays(candidate.vertex, next, goal.vertex) >= 0)
+                return false;
+            if (can_be_joined(goal.vertex)) {
+                candidate = goal;
+                return true;
+            }
+            last_ones.hide(goal.vertex);
+        }
     }
 
     /// A vertex behind the candidate that gives way to few, if to any.
@@ -154,20 +159,33 @@ class ApexSearch {
             candidate.vertex + 1, last_ - 1,
             [&](std::ptrdiff_t run) { return base_.least_height(box(run)); },
             [&](std::ptrdiff_t run) { return cannot_replace(candidate, run); },
-            [&](int from, int to) { candidate = best_of(candidate, from, to); });
+            [&](int from, int to) {
+                Few some{from, to};
+                Candidate found = best_of(candidate, some);
+                while (found.vertex != candidate.vertex && !can_be_joined(found.vertex)) {
+                    some.hide(found.vertex);
+                    found = best_of(candidate, some);
+                }
+                candidate = found;
+            });
         return candidate.vertex;
     }
 
-    /// Of the candidate and a few vertices, the one that the others give way to.
-    Candidate best_of(const Candidate& candidate, int from, int to) {
+    /// A few vertices, some of which are known to be hidden.
+    struct Few {
+        int from, to;
         bool is_hidden[RunBoxes::leaf] = {};
-        for (;;) {
-            Candidate found = candidate;
-            for (int j = from; j <= to; ++j)
-                if (!is_hidden[j - from] && yields(found, j)) found = candidate_at(j);
-            if (found.vertex == candidate.vertex || can_be_joined(found.vertex)) return found;
-            is_hidden[found.vertex - from] = true;
-        }
+
+        void hide(int j) { is_hidden[j - from] = true; }
+    };
+
+    /// Of the candidate and a few vertices, the one that the others give way to if it can be
+    /// joined.
+    Candidate best_of(const Candidate& candidate, const Few& some) const {
+        Candidate found = candidate;
+        for (int j = some.from; j <= some.to; ++j)
+            if (!some.is_hidden[j - some.from] && yields(found, j)) found = candidate_at(j);
+        return found;
     }
 
     /// The first of a candidate and the vertices from `next` on that would not give way to the

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "facet/fill_predicates.h"
-#include "kit/unitize.h"
 
 namespace ztmath {
 
@@ -54,6 +53,13 @@ class Diagonal {
                across(extremes_.rightmost(box)) > fill_eps ||
                along(extremes_.foremost(box)) < fill_eps ||
                along(extremes_.hindmost(box)) > length_ + fill_eps;
+    }
+    bool is_clear_of(const SlantedBox& box) const {
+        const Vec2 square{way_.y, -way_.x};  // across it is along the diagonal
+        return box.most_across(origin_, way_) < fill_eps ||
+               box.least_across(origin_, way_) > fill_eps ||
+               box.most_across(origin_, square) < fill_eps ||
+               box.least_across(origin_, square) > length_ + fill_eps;
     }
 
     /// A box outside of which no edge crosses the diagonal.

@@ -33,7 +33,7 @@ class Outline {
         is_large_ = all_finite_ && n >= large;
         if (is_large_)
             boxes_.for_each_run([&](std::ptrdiff_t run, int first, int last) {
-                slanted_[run] = SlantedBox::around(first, last + 1,
+                slanted_[run] = SlantedBox::around(first, last + 1, reach_,
                                                    [&](int i) { return point(i < n ? i : 0); });
             });
     }
@@ -67,10 +67,15 @@ class Outline {
             unpaid_ = std::int64_t{2} * window_.move_to(boxes_, around(found, reach_));
     }
 
-    /// Whether no vertex of a run is inside the circle.
-    bool is_outside(const Circumcircle& circle, double squared_bound, std::ptrdiff_t run) {
-        if (is_large_ && slanted_[run].is_thin())
-            return slanted_[run].is_beyond(squared_bound, circle.centre);
+    /// The slanted box of a run, or null.
+    const SlantedBox* slanted(std::ptrdiff_t run) {
+        return is_large_ && slanted_[run].is_thin() ? &slanted_[run] : nullptr;
+    }
+
+    /// Whether no vertex of a run is inside the circle, `squared` being its squared bound.
+    bool is_outside(const Circumcircle& circle, double squared, std::ptrdiff_t run) {
+        if (const SlantedBox* const thin = slanted(run))
+            return thin->is_beyond(squared, circle.centre);
         return ztmath::is_outside(circle, boxes_[run]);
     }
 

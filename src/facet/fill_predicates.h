@@ -2,10 +2,7 @@
 // points of a box at once.
 #pragma once
 
-#include <cstdint>
-
-#include "facet/run_boxes.h"
-#include "kit/unitize.h"
+#include "facet/slanted_box.h"
 
 namespace ztmath {
 
@@ -46,8 +43,14 @@ class BaseEdge {
         return cross_with(p) <= fill_eps;
     }
 
+    double farthest_cross(const SlantedBox& box) const { return box.most_across(a_, way_); }
+    double nearest_cross(const SlantedBox& box) const { return box.least_across(a_, way_); }
+
     /// Whether every point of the box is rejected.
-    bool rejects_all(const Box2& box) const { return farthest_cross(box) <= fill_eps; }
+    template <class Box>
+    bool rejects_all(const Box& box) const {
+        return farthest_cross(box) <= fill_eps;
+    }
 
     /// Whether all of the box is farther back than the edge's start, or farther on than its end.
     bool is_behind_start(const Box2& box) const {
@@ -98,6 +101,13 @@ inline bool is_outside(const Circumcircle& circle, const Box2& box) {
     return !(length_squared(gap(box, circle.centre)) < circle.squared_radius - fill_eps);
 }
 
+/// The squared distance from a circle's centre beyond which slanted boxes are outside of it.
+inline double squared_bound(const Circumcircle& circle) {
+    const double radius =
+        std::sqrt(circle.squared_radius) + SlantedBox::rounding_far_out(circle.centre);
+    return (1.0 + 1.0e-14) * (radius * radius);
+}
+
 /// A vertex that others might give way to.
 class Goal {
   public:
@@ -115,18 +125,26 @@ class Goal {
     bool beats(Vec2 w) const { return is_inside(base_.circle_through(w), p_); }
 
     /// Whether it surely beats, rounding and all, all points of the box for which `cross_with`
-    /// gives `nearest` or more, a number above 0.
+    /// gives `nearest` or more. A slanted box around the same points, or null, may tell more.
     ///
     /// Its power in the circle of w is minus the power of w in its circle, times the ratio of the
     /// distances of both from the edge. The rounding of a circle through w is at most 60 units of
     /// the last place of (d / sine) (d / sine + reach), where d is the largest distance from the
     /// edge's start and the sine that of the angle between the edge and w.
-    bool surely_beats(const Box2& box, double nearest) const {
-        const double farthest = base_.farthest_cross(box);
+    bool surely_beats(const Box2& box, double nearest, const SlantedBox* slanted) const {
+        double farthest = base_.farthest_cross(box);
+        double gap_squared = length_squared(gap(box, circle_.centre));
+        if (slanted) {
+            nearest = std::max(nearest, base_.nearest_cross(*slanted));
+            farthest = std::min(farthest, base_.farthest_cross(*slanted));
+            const double distance = slanted->least_distance(circle_.centre);
+            gap_squared = std::max(gap_squared, distance * distance);
+        }
+        if (!(nearest > fill_eps)) return false;
         const double w = length(span(box, base_.start()));
         const double d = std::max(w, std::max(edge_, distance_));
-        const double power = length_squared(gap(box, circle_.centre)) - circle_.squared_radius -
-                             rounding(d * edge_ * distance_ / cross_);
+        const double power =
+            gap_squared - circle_.squared_radius - rounding(d * edge_ * distance_ / cross_);
         return cross_ * power > farthest * (2.0 * fill_eps + rounding(d * edge_ * w / nearest));
     }
 
@@ -147,57 +165,5 @@ inline Box2 around(const Circumcircle& circle, double reach) {
     const double radius = std::sqrt(circle.squared_radius) * (1.0 + 1.0e-14) + rounding;
     return {c - Vec2{radius, radius}, c + Vec2{radius, radius}};
 }
-
-/// A box along the chord of a run of points that follow a smooth curve, and nothing for other runs.
-/// Its coordinates are rounded: whoever asks it leaves a margin.
-class SlantedBox {
-  public:
-    // cppcheck-suppress uninitMemberVar // an element of work memory, made before it is read
-    SlantedBox() = default;
-
-    /// Around the points first to last of those that `point(i)` gives.
-    template <class Point>
-    static SlantedBox around(int first, int last, Point point) {
-        const Vec2 from = point(first);
-        const Vec2 chord = point(last) - from;
-        const auto is_near = [&](int quarters) {
-            const Vec2 p =
-                point(first + static_cast<int>((last - first) * std::int64_t{quarters} / 4));
-            return std::fabs(cross(chord, p - from)) < most_height * length_squared(chord);
-        };
-        if (is_null(chord) || !is_near(1) || !is_near(2) || !is_near(3)) return {false, {}, {}};
-        SlantedBox slanted{true, chord * (1.0 / length(chord)), empty_box};
-        for (int i = first; i <= last; ++i)
-            expand(slanted.box_, slanted.turned(point(i)));
-        return slanted;
-    }
-
-    bool is_thin() const { return is_thin_; }
-
-    /// The squared distance from a circle's centre beyond which no point of a box is inside it,
-    /// where none is farther from the origin than `reach`.
-    static double squared_bound(const Circumcircle& circle, double reach) {
-        const Vec2 c = circle.centre;
-        const double rounding = 2.0e-15 * (std::fabs(c.x) + std::fabs(c.y) + 2.0 * reach);
-        const double radius = std::sqrt(circle.squared_radius) + rounding;
-        return (1.0 + 1.0e-14) * (radius * radius);
-    }
-
-    /// Whether the box, which is thin, is farther from the centre.
-    bool is_beyond(double squared_bound, Vec2 centre) const {
-        return length_squared(gap(box_, turned(centre))) > squared_bound;
-    }
-
-  private:
-    static constexpr double most_height = 0.2;  // of a thin run, as a part of its chord
-
-    SlantedBox(bool is_thin, Vec2 way, const Box2& box) : is_thin_(is_thin), way_(way), box_(box) {}
-
-    Vec2 turned(Vec2 p) const { return {dot(way_, p), cross(way_, p)}; }
-
-    bool is_thin_;
-    Vec2 way_;
-    Box2 box_;  // turned
-};
 
 }  // namespace ztmath

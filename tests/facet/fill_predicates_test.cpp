@@ -47,7 +47,7 @@ TEST(FillPredicates, EdgesThatTouchADiagonalCountFromItsLeftOnly) {
 
 TEST(FillPredicates, WhatIsSaidOfABoxHoldsForEveryPointInIt) {
     Random random;
-    int said[5] = {};
+    int said[8] = {};
     const int tries = rounds(20000);
     for (int round = 0; round < tries; ++round) {
         // Small whole numbers make ties; the offset makes rounding.
@@ -64,23 +64,24 @@ TEST(FillPredicates, WhatIsSaidOfABoxHoldsForEveryPointInIt) {
         const Circumcircle circle = base.circle_through(p);
         const Goal goal(base, p, 2e6);
         const double nearest = base.nearest_cross(box);
-        const bool beaten =
-            !base.rejects(p) && nearest > fill_eps && goal.surely_beats(box, nearest);
-        const auto slanted = SlantedBox::around(0, 2, [&](int i) { return inside[i]; });
-        const bool beyond =
-            slanted.is_thin() &&
-            slanted.is_beyond(SlantedBox::squared_bound(circle, 2e6), circle.centre);
-        const bool claims[] = {is_outside(circle, box), base.rejects_all(box),
+        const auto slanted = SlantedBox::around(0, 2, 2e6, [&](int i) { return inside[i]; });
+        const bool thin = slanted.is_thin();
+        const bool beats = !base.rejects(p);
+        const bool claims[] = {is_outside(circle, box),
+                               thin && slanted.is_beyond(squared_bound(circle), circle.centre),
+                               base.rejects_all(box),
+                               thin && base.rejects_all(slanted),
                                diagonal.is_clear_of(box) || !meet(box, around(diagonal, 2e6)),
-                               beaten, beyond};
-        for (int k = 0; k < 5; ++k)
+                               thin && diagonal.is_clear_of(slanted),
+                               beats && goal.surely_beats(box, nearest, nullptr),
+                               beats && thin && goal.surely_beats(box, nearest, &slanted)};
+        for (int k = 0; k < 8; ++k)
             said[k] += claims[k];
         for (const Vec2 q : inside) {
-            ASSERT_FALSE(claims[0] && is_inside(circle, q));
-            ASSERT_FALSE(claims[1] && !base.rejects(q));
-            ASSERT_FALSE(claims[2] && diagonal.is_crossed_by(q, inside[0]));
-            ASSERT_FALSE(claims[4] && is_inside(circle, q));
-            ASSERT_FALSE(claims[3] && (base.rejects(q) || !goal.beats(q)));
+            ASSERT_FALSE((claims[0] || claims[1]) && is_inside(circle, q));
+            ASSERT_FALSE((claims[2] || claims[3]) && !base.rejects(q));
+            ASSERT_FALSE((claims[4] || claims[5]) && diagonal.is_crossed_by(q, inside[0]));
+            ASSERT_FALSE((claims[6] || claims[7]) && (base.rejects(q) || !goal.beats(q)));
         }
     }
     for (const int count : said)

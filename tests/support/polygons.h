@@ -88,6 +88,15 @@ inline Polygon spiral_polygon(int n) {
     return p;
 }
 
+inline Polygon turned(Polygon p, double angle) {
+    for (std::size_t i = 0; i < p.size(); i += 2) {
+        const double x = p[i], y = p[i + 1];
+        p[i] = x * std::cos(angle) - y * std::sin(angle);
+        p[i + 1] = x * std::sin(angle) + y * std::cos(angle);
+    }
+    return p;
+}
+
 /// Every coordinate rounded to a multiple of the step: collinear runs, ties, and vertices that may
 /// fall together.
 inline Polygon snapped(Polygon p, double step) {

@@ -98,7 +98,7 @@ class SvdIteration {
         for (int i = 0; i < n_; ++i) {
             super_[i] = left_of_diagonal;
             w_[i] = i < m_ ? reflect_column(i) : 0.0;
-            left_of_diagonal = i < m_ && i != n_ - 1 ? reflect_row(i) : 0.0;
+            left_of_diagonal = i < m_ ? reflect_row(i) : 0.0;
         }
     }
 

@@ -218,6 +218,9 @@ TEST(CircleFit, FallsBackOnThreePointsUnlessThePointsAreStraight) {
         // A bow: its points are root 2 thirds of its height away from their line.
         {{0, 0, 1, 0.010, 2, 0}, 1, none},
         {{0, 0, 1, 0.011, 2, 0}, 0, (1 + 0.011 * 0.011) / 0.022},
+        // It is straight by its angle, of up to a thousandth of a degree, as well.
+        {{0, 0, 1e6, 20, 2e6, 0}, 0, (1e12 + 400) / 40},
+        {{0, 0, 1e6, 15, 2e6, 0}, 1, none},
         {{0, 0, 1, 1, 2, 2, 7, 7}, 1, none},
         {{3, 4, 3, 4, 3, 4}, 1, none},
         {{3, 4, 5, 6}, 1, none},
@@ -234,6 +237,8 @@ TEST(CircleFit, FallsBackOnThreePointsUnlessThePointsAreStraight) {
         EXPECT_TRUE(c.failed == 0 || r.centre == nothing);
     }
     EXPECT_EQ(recorder.reports(), Reports{internal("lsfit", "There are no input points.")});
+    // Three of them as near to each other as points may be.
+    EXPECT_EQ(fit<2>({0, 0, 5e8, 7e8, 1.2e-10, 0.35e-10, -2e9, 3e8, 2.4e-10, 0}).failed, 0);
 }
 
 struct SpaceCircle : Result {

@@ -247,6 +247,14 @@ TEST(Cholesky, FactorInverseAndSolutionAgree) {
     }
 }
 
+TEST(Cholesky, OfNoUnknownsTouchesNothing) {
+    int status = -1;
+    NR_cholesky_decomp(0, nullptr, nullptr, &status);
+    NR_cholesky_inverse(0, nullptr, nullptr);
+    NR_cholesky_solver(nullptr, 0, nullptr, nullptr, nullptr);
+    EXPECT_EQ(status, 0);
+}
+
 TEST(Cholesky, RefusesRemaindersBelowItsBound) {
     for (const double last : {1e-10, std::nextafter(1e-10, 0.0)}) {
         Matrix a(2, 2, {1, 0, 0, last});

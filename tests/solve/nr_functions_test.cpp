@@ -233,6 +233,9 @@ TEST(Odeint, ErrorFollowsTheToleranceAndTheFifthOrder) {
             EXPECT_NEAR(static_cast<double>(c.good) / last_steps, 2.51, 0.5);
         }
         last_steps = c.good;
+        if (eps == 1e-6) {
+            EXPECT_NEAR(c.accepted_x[3], 0.5334175663139844, 1e-9) << "by the first three errors";
+        }
         EXPECT_LE(c.bad, 2 + c.good / 8);
     }
     // With a single step of the length asked for, the error goes with its sixth power.
@@ -413,6 +416,8 @@ TEST(Qsimp, IsExactForCubicsAndOfOrderSixWithTheCorrection) {
         errors[i] = std::fabs(all.value - (std::exp(4.0) - 1.0));
     }
     EXPECT_NEAR(std::log2(errors[0] / errors[1]), 6.0, 0.3);
+    // The rounding that is passed over is eight epsilons: this error is nine.
+    EXPECT_EQ(integrate([](double x) { return std::exp(x); }, 0, 3, 0.0, 10).status, 1);
 }
 
 TEST(Qsimp, GoesOverItAgainWhenTheFirstGuessOfTheSizeWasTooLarge) {
@@ -432,6 +437,12 @@ TEST(Qsimp, DividesAsOftenAsTheTestsOfTheErrorSay) {
     for (const auto& [tolerance, evaluations] :
          {std::pair{1.0, 33}, {1e-3, 37}, {4e-6, 97}, {1e-7, 249}, {0.0, 39649}})
         EXPECT_EQ(integrate(witch, -1, 1, tolerance, 60).evaluations, evaluations) << tolerance;
+    // Down to neighbours among the doubles, on either side of 0 and of powers of 2.
+    for (const auto& [a, b, jump] :
+         {std::tuple{1.0, 3.0, 2.0}, {1.0, 8.0, 2.0}, {-2.0, 2.0, std::nextafter(-2.0, 0.0)}}) {
+        const auto step = [at = jump](double x) { return x < at ? 1.0 : 3.0; };
+        EXPECT_EQ(integrate(step, a, b, 0.0, 60).evaluations, 233) << jump;
+    }
 }
 
 TEST(Qsimp, SaysWhatIsWrong) {

@@ -241,6 +241,16 @@ TEST(CircleFit, FallsBackOnThreePointsUnlessThePointsAreStraight) {
     EXPECT_EQ(fit<2>({0, 0, 5e8, 7e8, 1.2e-10, 0.35e-10, -2e9, 3e8, 2.4e-10, 0}).failed, 0);
 }
 
+// About a parabola, residuals whose length divides the quadratic coefficient.
+TEST(CircleFit, TakesAQuadraticCoefficientUpTo1e19thForALine) {
+    for (const double coefficient : {0.99e-19, 1.01e-19}) {
+        const double y = 1e18 * coefficient * 100 * std::sqrt(70.0);
+        const Result r =
+            fit<2>({-2e9, 4 * y + 100, -1e9, y - 400, 0, 600, 1e9, y - 400, 2e9, 4 * y + 100});
+        EXPECT_EQ(r.failed, coefficient < 1e-19);
+    }
+}
+
 struct SpaceCircle : Result {
     SpaceCircle(const std::vector<double>& points, const Vector& given) : normal(given) {
         LSFIT_circle_to_points_3d(points.data(), static_cast<int>(points.size() / 3),

@@ -172,6 +172,17 @@ TEST(GeneralizedEigen, SolvesThePencilWithVectorsOfLengthOneInB) {
     }
 }
 
+TEST(GeneralizedEigen, BesideTheIdentityIsThatOfTheUpperTriangle) {
+    Random random;
+    Matrix a = random_symmetric(random, 4), b = identity(4);
+    const Eigen alone(a);
+    a(1, 0) += 1;
+    double values[4], *block = b.flat();
+    int rotations, status;
+    NR_generalized_eigenvalues_symm(a.flat(), b.flat(), 4, 60, values, &block, &rotations, &status);
+    EXPECT_TRUE(std::equal(values, values + 4, alone.d.data()));
+}
+
 TEST(GeneralizedEigen, PassesOnThatBIsNotPositiveDefinite) {
     Matrix a = identity(2), b(2, 2, {4, 0, 0, 0});
     double values[2], *block = nullptr;

@@ -261,6 +261,10 @@ TEST(Odeint, IsExactForQuarticSlopesAndRunsBothWays) {
         EXPECT_NEAR(c.y[0], 10.0, 1e-12);
         EXPECT_EQ(c.reached, -1.0);
     }
+    // The last step is that which leaves next to nothing.
+    for (const double first : {1.0 - 1.0e-12, 1.0 - 1.1e-12})
+        EXPECT_EQ((Course{power, {0.0}}.integrate(0, 1, {1.0, first, 0.0, 1})),
+                  first < 1.0 - 1.0e-12);
     Course nowhere{power, {1.0}};
     EXPECT_EQ(nowhere.integrate(2.0, 2.0), 0);
     EXPECT_EQ(nowhere.reached, 2.0);

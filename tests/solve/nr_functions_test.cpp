@@ -23,13 +23,21 @@ constexpr double pi = std::numbers::pi;
 
 using Objective = std::function<double(const Vector&)>;
 
-/// A simplex of a start and steps along the axes, with the function that is minimised.
+/// A start and steps along the axes.
+std::vector<Vector> corners(const Vector& start, double size) {
+    std::vector<Vector> vertices(start.size() + 1, start);
+    for (std::size_t i = 0; i < start.size(); ++i)
+        vertices[i + 1][i] += size;
+    return vertices;
+}
+
+/// A simplex with the function that is minimised.
 class Simplex {
   public:
     Simplex(Objective objective, const Vector& start, double size)
-        : n(static_cast<int>(start.size())), vertices(n + 1, start), f_(std::move(objective)) {
-        for (int i = 0; i < n; ++i)
-            vertices[i + 1][i] += size;
+        : Simplex(std::move(objective), corners(start, size)) {}
+    Simplex(Objective objective, const std::vector<Vector>& start)
+        : n(static_cast<int>(start.size()) - 1), vertices(start), f_(std::move(objective)) {
         for (Vector& vertex : vertices) {
             rows_.push_back(vertex.data());
             y.push_back(f_(vertex));
@@ -105,14 +113,14 @@ TEST(Amoeba, FindsTheMinimumInAnyDimension) {
     }
 }
 
-/// From (3, 5), a step beside it and one above with the values 0, 1 and 2, by the value across from
-/// the worst. The points are seen from (3, 5).
+/// From (3, 5), a step beside it and one above with the values 0, 1 and 2, in any order, by the
+/// value across from the worst. The points are seen from (3, 5).
 TEST(Amoeba, ReflectsExpandsContractsAndShrinks) {
-    const std::pair<double, std::vector<Vector>> rows[] = {
-        {9, {{1, -1}, {0.25, 0.5}, {0.5, 0}, {0, 0.5}}},
-        {1.5, {{1, -1}, {0.75, -0.5}}},
-        {0.5, {{1, -1}}},
-        {-1, {{1, -1}, {1.5, -2}}}};
+    const std::pair<double, std::vector<Vector>> rows[] = {{9, {{1, -1}, {0.25, 0.5}}},
+                                                           {2, {{1, -1}, {0.25, 0.5}}},
+                                                           {1.5, {{1, -1}, {0.75, -0.5}}},
+                                                           {0.5, {{1, -1}}},
+                                                           {-1, {{1, -1}, {1.5, -2}}}};
     for (const auto& [across, expected] : rows) {
         std::vector<Vector> tried;
         const auto f = [&, value = across](const Vector& p) {
@@ -121,15 +129,32 @@ TEST(Amoeba, ReflectsExpandsContractsAndShrinks) {
             if (x == Vector{1, -1}) return value;
             return x[0] + x[1] == x[0] * x[0] + x[1] * x[1] ? x[0] + 2 * x[1] : 9;  // a corner
         };
-        Simplex s(f, {3, 5}, 1);
-        tried.clear();
-        EXPECT_EQ(s.minimise(0, static_cast<int>(expected.size())), 1);
-        tried.resize(expected.size());  // the others are looked at by the check of what is left
-        EXPECT_EQ(tried, expected);
+        std::vector<Vector> start = {{3, 5}, {3, 6}, {4, 5}};
+        do {
+            Simplex s(f, start);
+            tried.clear();
+            EXPECT_EQ(s.minimise(0, static_cast<int>(expected.size())), 1);
+            tried.resize(expected.size());  // the others are looked at by the check of what is left
+            EXPECT_EQ(tried, expected);
+        } while (std::next_permutation(start.begin(), start.end()));
     }
-    Simplex equals([](const Vector& x) { return x[0] + x[1]; }, {0, 0}, 1);
-    EXPECT_EQ(equals.minimise(0, 2), 1);
-    EXPECT_EQ(equals.vertices[1], (Vector{-1, 1})) << "the first of equals is moved";
+    Simplex shrunk([](const Vector& x) { return x[0] == 3 || x[1] == 5 ? x[0] + x[1] : 99; },
+                   {3, 5}, 1);
+    EXPECT_EQ(shrunk.minimise(0, 4), 1);
+    EXPECT_EQ(shrunk.vertices, (std::vector<Vector>{{3, 5}, {3.5, 5}, {3, 5.5}}));
+    // Of equals the first is moved, but of the first two the second.
+    const std::tuple<Objective, int, Vector> equal_ones[] = {
+        {[](const Vector& x) { return x[0] + x[1]; }, 2, {-1, 0}},
+        {[](const Vector& x) { return 1 - x[1]; }, 1, {-1, 1}}};
+    for (const auto& [f, most, best] : equal_ones) {
+        Simplex equals(f, {0, 0}, 1);
+        EXPECT_EQ(equals.minimise(0, most), 1);
+        EXPECT_EQ(equals.vertices[0], best);
+        EXPECT_EQ(std::count(equals.vertices.begin(), equals.vertices.end(), Vector{-1, 1}), 1);
+    }
+    Simplex flat([](const Vector& x) { return std::max(x[0], -1.0); }, {0, 0}, 1);
+    EXPECT_EQ(flat.minimise(0, 2), 1);
+    EXPECT_EQ(flat.vertices[0], (Vector{-1, 1})) << "what an expansion finds is not lower";
 }
 
 TEST(Amoeba, RefusesBadArgumentsAndNumbersThatAreNone) {
@@ -137,9 +162,9 @@ TEST(Amoeba, RefusesBadArgumentsAndNumbersThatAreNone) {
     for (const auto& [tolerance, most] : {std::pair{-1e-3, 10}, {NAN, 10}, {1e-3, 0}})
         EXPECT_EQ(s.minimise(tolerance, most), 2);
     EXPECT_EQ(Simplex(bowl, {}, 1.0).minimise(1e-3, 10), 2);
-    EXPECT_EQ(Simplex([](const Vector& x) { return x[0] > 10 ? NAN : 1; }, {10.0}, 1.0)
-                  .minimise(1e-3, 10),
-              3);
+    Simplex at_once([](const Vector& x) { return x[0] > 10 ? NAN : 1; }, {10.0}, 1.0);
+    EXPECT_EQ(at_once.minimise(1e-3, 10), 3);
+    EXPECT_EQ(at_once.calls, 0);
     Simplex edge([](const Vector& x) { return std::log(x[0]) + x[1] * x[1]; }, {1.0, 1.0}, 0.3);
     EXPECT_EQ(edge.minimise(0.0, 1000), 3);
     edge.expect_consistent();

@@ -210,7 +210,8 @@ TEST(Line3dFit, TakesTheCallersPlaneUnlessToldOtherwise) {
     const Line3d fitted(points);
     EXPECT_EQ(refitted.normal, fitted.normal);
     EXPECT_EQ(Line3d(points, {0, 0, 0.99e-10}).normal, fitted.normal);
-    EXPECT_EQ(Line3d(points, {0, 0, 1e-10}).normal, (Vector{0, 0, 1e-10}));
+    const Vector least = {0, 8.68e-19, std::nextafter(1e-10, 0)};  // whose square is 1e-20
+    EXPECT_EQ(Line3d(points, least).normal, least);
     EXPECT_EQ(refitted.collinear, 0);
 }
 

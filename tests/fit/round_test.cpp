@@ -224,6 +224,7 @@ TEST(CircleFit, FallsBackOnThreePointsUnlessThePointsAreStraight) {
         {{0, 0, 1, 1, 2, 2, 7, 7}, 1, none},
         {{3, 4, 3, 4, 3, 4}, 1, none},
         {{3, 4, 5, 6}, 1, none},
+        {{3, 4}, 1, none},
         {{}, 1, none},
         // Too large for an eigenvalue of 1e-10: the first point, that of index n / 2, the last.
         {{1e9, 0, 5e8, 7e8, 0, 1e9, -2e9, 3e8, -1e9, 0}, 0, 1e9},
@@ -307,6 +308,10 @@ TEST(CircleFit, InSpaceEndsWhereThePlaneFitFindsALine) {
     EXPECT_EQ(line.radius, none);
     EXPECT_NEAR(length(line.normal), 1, 1e-15);
     EXPECT_EQ(line.frame.axes, Matrix{});
+    const ReportRecorder recorder;
+    EXPECT_EQ(SpaceCircle({}, {0, 0, 1}).normal, nothing);
+    EXPECT_EQ(SpaceCircle({4, 5, 6}, {0, 0, 1}).plane_point, (Vector{4, 5, 6}));
+    EXPECT_EQ(recorder.reports(), Reports{internal("lsfit", "There are no input points.")});
 }
 
 TEST(SphereFit, FallsBackOnFourPointsThatAreSpread) {

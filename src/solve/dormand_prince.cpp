@@ -105,7 +105,7 @@ class Controller {
         last_error_ = std::max(error, 1.0e-4);
         const double limit = failed_ ? 1.0 : 10.0;  // no growth straight after a failure
         failed_ = false;
-        return std::clamp(change, 0.2, limit);
+        return std::min(change, limit);
     }
 
     double after_failed(double error) {

@@ -131,17 +131,19 @@ void substitute_known(const double* const* a, int first_row, Range known, double
         b[first_row + r] = sum[r];
 }
 
-/// Calls substitute_known on `rows` rows: four side by side, so that no sum waits for itself.
-void substitute_known(const double* const* a, Range rows, Range known, double* b) {
-    int i = rows.begin;
-    for (; i + 4 <= rows.end; i += 4)
-        substitute_known<4>(a, i, known, b);
-    for (; i < rows.end; ++i)
-        substitute_known<1>(a, i, known, b);
-}
-
 /// Rows that are substituted among themselves once the known part has been.
 constexpr int substitution_block = 4;
+
+/// Calls substitute_known on a block of rows: on a whole one side by side, so that no sum waits for
+/// itself.
+void substitute_known(const double* const* a, Range rows, Range known, double* b) {
+    if (rows.end - rows.begin == substitution_block) {
+        substitute_known<substitution_block>(a, rows.begin, known, b);
+        return;
+    }
+    for (int i = rows.begin; i < rows.end; ++i)
+        substitute_known<1>(a, i, known, b);
+}
 
 void substitute_forward(const double* const* a, int n, double* b) {
     const int first =

@@ -1,6 +1,7 @@
 // Real roots of quartics in closed form: Ferrari's two quadratic factors, from a root of the
 // resolvent cubic.
 #include <cmath>
+#include <optional>
 
 #include "frame/acom.h"
 #include "solve/roots.h"
@@ -102,23 +103,21 @@ double chosen_root(const MonicQuartic& a, const Resolvent& k) {
     const RealRoots roots = real_cubic_roots(k.k0, k.k1, k.k2, 1.0, 0.0);
     double largest = -1.0e20;
     double smallest = 1.0e20;
-    double best = 0.0;
+    std::optional<double> best;
     double fallback = 0.0;
-    bool found = false;
-    for (int i = 0; i < roots.count; ++i) {
-        const ResolventRoot root = polished(k, roots.x[i]);
+    for (const double x : roots) {
+        const ResolventRoot root = polished(k, x);
         const double key = a.a3 * a.a3 / 4.0 - a.a2 + root.y;
         if (root.is_exact() && key > largest) {
             largest = key;
             best = root.y;
-            found = true;
         }
         if (root.size() < smallest) {
             smallest = root.size();
             fallback = root.y;
         }
     }
-    return found ? best : fallback;
+    return best.value_or(fallback);
 }
 
 double resolvent_root(const MonicQuartic& a) {
@@ -246,18 +245,18 @@ RealRoots general_quartic_roots(const double* c) {
     const MonicQuartic a = monic(c);
     const DepressedQuartic f = depressed(a);
     RealRoots roots = is_insignificant(f.r, rounding) ? roots_with_null(f) : ferrari_roots(a, f);
-    for (int i = 0; i < roots.count; ++i)
-        roots.x[i] -= a.a3 / 4.0;
+    for (double& root : roots)
+        root -= a.a3 / 4.0;
     return roots;
 }
 
 RealRoots biquadratic_roots(double c0, double c2, double c4) {
     const RealRoots squares = real_quadratic_roots(c0, c2, c4);
     RealRoots roots;
-    for (int i = 0; i < squares.count; ++i) {
-        if (!(squares.x[i] > 0.0)) continue;
-        roots.append(std::sqrt(squares.x[i]));
-        roots.append(-std::sqrt(squares.x[i]));
+    for (const double square : squares) {
+        if (!(square > 0.0)) continue;
+        roots.append(std::sqrt(square));
+        roots.append(-std::sqrt(square));
     }
     return roots;
 }

@@ -18,6 +18,11 @@ struct RealRoots {
     double x[largest_degree];
 
     void append(double root) { x[count++] = root; }
+
+    double* begin() { return x; }
+    double* end() { return x + count; }
+    const double* begin() const { return x; }
+    const double* end() const { return x + count; }
 };
 
 /// Roots of c0 + c1 x + c2 x^2 where c2 is not 0.

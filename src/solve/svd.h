@@ -98,7 +98,7 @@ class SvdIteration {
         for (int i = 0; i < n_; ++i) {
             super_[i] = left_of_diagonal;
             w_[i] = i < m_ ? reflect_column(i) : 0.0;
-            left_of_diagonal = i < m_ && i != n_ - 1 ? reflect_row(i) : 0.0;
+            left_of_diagonal = i < m_ ? reflect_row(i) : 0.0;
         }
     }
 
@@ -112,7 +112,7 @@ class SvdIteration {
     /// Turns x into the vector of its reflection, divided by its size; a size of 0 leaves it.
     static Reflection reflection(double* x, int length) {
         const double size = lane_sum(length, [=](int k) { return std::fabs(x[k]); });
-        if (size == 0.0) return {0.0, 0.0, 0.0};
+        if (size == 0.0) return {};
         for (int k = 0; k < length; ++k)
             x[k] /= size;
         const double f = x[0];

@@ -62,18 +62,6 @@ struct Line3d {
     Frame frame{{7, 7, 7}, {7, 7, 7, 7, 7, 7, 7, 7, 7}};
 };
 
-/// Points near the plane of a frame's X and Y axes.
-std::vector<double> points_near_plane(Random& random, int count, const Frame& frame, double noise) {
-    std::vector<double> points;
-    for (int i = 0; i < count; ++i) {
-        const double u = random.uniform(-40, 40);
-        const double v = random.uniform(-25, 25);
-        const Vector p = frame.at({u, v, noise * random.normal()});
-        points.insert(points.end(), p.begin(), p.end());
-    }
-    return points;
-}
-
 TEST(Line2dFit, MeasuresFromTheCentroidsXInBothCoordinates) {
     const Line2d fit({0, 3, 1, 3, 2, 3});
     EXPECT_EQ(fit.point, (Pair{1, 1}));
@@ -83,33 +71,25 @@ TEST(Line2dFit, MeasuresFromTheCentroidsXInBothCoordinates) {
     EXPECT_EQ(fit.stats, (Vector{2, 0, 2}));
 }
 
-TEST(Line2dFit, MinimisesThePerpendicularDistances) {
-    Random random;
-    const double angle = 0.7;
+TEST(Line2dFit, RunsBetweenTwoRowsOfPoints) {
+    const double angle = 0.7, s = std::sin(angle), c = std::cos(angle);
     std::vector<double> points;
-    for (int i = 0; i < 301; ++i) {
-        const double t = random.uniform(-50, 50);
-        const double d = 0.1 * random.normal();
-        points.push_back(t * std::cos(angle) - d * std::sin(angle));
-        points.push_back(t * std::sin(angle) + d * std::cos(angle));
-    }
+    for (int t = -150; t <= 150; ++t)
+        for (const double d : {-0.1, 0.1})
+            points.insert(points.end(), {t * c - d * s, t * s + d * c});
     const Line2d fit(points);
-    const auto rms_about_centroid = [&](double a, double b) {
-        long double mean = 0, squares = 0;
-        for (int i = 0; i < 301; ++i) {
-            const long double d = a * points[2 * i] + b * points[2 * i + 1];
-            mean += d / 301;
-            squares += d * d / 301;
-        }
-        return std::sqrt(static_cast<double>(squares - mean * mean));
-    };
-    const double best = rms_about_centroid(fit.normal[0], fit.normal[1]);
-    EXPECT_NEAR(fit.stats[1], best, 1e-12);
-    for (const double turn : {-1e-3, 1e-3})
-        EXPECT_GT(
-            rms_about_centroid(std::cos(turn) * fit.normal[0] - std::sin(turn) * fit.normal[1],
-                               std::sin(turn) * fit.normal[0] + std::cos(turn) * fit.normal[1]),
-            best);
+    EXPECT_NEAR(std::fabs(c * fit.normal[1] - s * fit.normal[0]), 1.0, 1e-15);
+    for (const double distance : fit.stats)
+        EXPECT_NEAR(distance, 0.1, 1e-11);
+}
+
+TEST(Line2dFit, TakesEigenvaluesUpTo1e19AndForZeroUpTo1e10th) {
+    for (const double part : {0.99, 1.01}) {
+        const double large = std::sqrt(part * 1e19 / 2), small = std::sqrt(part * 1e-10 / 2);
+        const Line2d far({-1e10, 1e9, 1e10, 1e9, 0, 1e9 - large, 0, 1e9 + large});
+        EXPECT_NEAR(far.point[1], part < 1 ? 0 : 1e9, 1);
+        EXPECT_EQ(Line2d({-5, 0, 5, 0, 0, small, 0, -small}).stats[1] == 0, part < 1);
+    }
 }
 
 TEST(Line2dFit, WithoutAUsableEigenvalueTakesTheFarthestPoint) {
@@ -135,26 +115,29 @@ TEST(PlaneFit, RecoversPlaneAndNoiseAlsoFarFromTheOrigin) {
     for (const int count : {3, 4, 99, 512, 513, 5000})
         for (const double far : {0.0, 1e3, 1e7}) {
             const Frame frame({far, -2 * far, 0.5 * far}, random_rotation(random));
-            const std::vector<double> points =
-                points_near_plane(random, count, frame, count == 3 ? 0.0 : 0.01);
+            std::vector<double> points;
+            for (int i = 0; i < count; ++i) {
+                const double off_plane = count == 3 ? 0.0 : 0.01 * random.normal();
+                const Vector p =
+                    frame.at({random.uniform(-40, 40), random.uniform(-25, 25), off_plane});
+                points.insert(points.end(), p.begin(), p.end());
+            }
             const Plane fit(points);
             EXPECT_NEAR(std::fabs(dot(fit.normal, row(frame.axes, 2))), 1.0, 1e-3);
-            // Against distances measured in extended precision from the plane that came out.
-            long double squares = 0, sum = 0, largest = 0;
-            for (int i = 0; i < count; ++i) {
-                long double d = 0;
-                for (int k = 0; k < 3; ++k)
-                    d += (static_cast<long double>(points[3 * i + k]) - fit.point[k]) *
-                         fit.normal[k];
+            // Against distances from the plane that came out.
+            double squares = 0, sum = 0, largest = 0;
+            for (auto p = points.begin(); p != points.end(); p += 3) {
+                const double d =
+                    std::fabs(dot(moved({p[0], p[1], p[2]}, -1, fit.point), fit.normal));
                 squares += d * d;
-                sum += std::fabs(d);
-                largest = std::max(largest, std::fabs(d));
+                sum += d;
+                largest = std::max(largest, d);
             }
             const double tolerance = 2e-10 + 4e-16 * far;
-            EXPECT_NEAR(fit.stats[0], static_cast<double>(largest), tolerance);
-            EXPECT_NEAR(fit.stats[2], static_cast<double>(sum / count), tolerance);
+            EXPECT_NEAR(fit.stats[0], largest, tolerance);
+            EXPECT_NEAR(fit.stats[2], sum / count, tolerance);
             // An eigenvalue up to 1e-10 counts as 0.
-            EXPECT_NEAR(fit.stats[1], static_cast<double>(std::sqrt(squares / count)),
+            EXPECT_NEAR(fit.stats[1], std::sqrt(squares / count),
                         tolerance + 1e-5 / std::sqrt(count));
         }
 }
@@ -183,7 +166,7 @@ TEST(PlaneFit, WithoutAUsableEigenvalueFallsBackOnFarthestPoints) {
 
     ReportRecorder quiet;
     const Plane nan({0, 0, 0, 5, 5, 5, NAN, NAN, NAN});
-    EXPECT_EQ(nan.normal[2], 1);
+    EXPECT_EQ(nan.normal, (Vector{0, 0, 1}));
     EXPECT_EQ(nan.collinear, 0);
     EXPECT_EQ(nan.status, 0);
 }
@@ -227,6 +210,8 @@ TEST(Line3dFit, TakesTheCallersPlaneUnlessToldOtherwise) {
     const Line3d fitted(points);
     EXPECT_EQ(refitted.normal, fitted.normal);
     EXPECT_EQ(Line3d(points, {0, 0, 0.99e-10}).normal, fitted.normal);
+    const Vector least = {0, 8.68e-19, std::nextafter(1e-10, 0)};  // whose square is 1e-20
+    EXPECT_EQ(Line3d(points, least).normal, least);
     EXPECT_EQ(refitted.collinear, 0);
 }
 
@@ -239,7 +224,7 @@ TEST(Line3dFit, CollinearPointsOfTheCallersPlaneRunThroughTheFarthest) {
     EXPECT_DOUBLE_EQ(line.point[0], 2.25);
     EXPECT_EQ(line.point[2], 3);
 
-    const Line3d apart({0, 0, 3, 0.003, 0, 3}, {0, 0, 1}, 5);
+    const Line3d apart({-0.001, 0, 3, 0.001, 0, 3}, {0, 0, 1}, 5);
     EXPECT_EQ(apart.coincident, 0);
     EXPECT_EQ(apart.collinear, 5);
     const Line3d coincident({0, 0, 3, 0.001, 0, 3}, {0, 0, 1}, 5);

@@ -218,9 +218,13 @@ TEST(CircleFit, FallsBackOnThreePointsUnlessThePointsAreStraight) {
         // A bow: its points are root 2 thirds of its height away from their line.
         {{0, 0, 1, 0.010, 2, 0}, 1, none},
         {{0, 0, 1, 0.011, 2, 0}, 0, (1 + 0.011 * 0.011) / 0.022},
+        // It is straight by its angle, of up to a thousandth of a degree, as well.
+        {{0, 0, 1e6, 20, 2e6, 0}, 0, (1e12 + 400) / 40},
+        {{0, 0, 1e6, 15, 2e6, 0}, 1, none},
         {{0, 0, 1, 1, 2, 2, 7, 7}, 1, none},
         {{3, 4, 3, 4, 3, 4}, 1, none},
         {{3, 4, 5, 6}, 1, none},
+        {{3, 4}, 1, none},
         {{}, 1, none},
         // Too large for an eigenvalue of 1e-10: the first point, that of index n / 2, the last.
         {{1e9, 0, 5e8, 7e8, 0, 1e9, -2e9, 3e8, -1e9, 0}, 0, 1e9},
@@ -234,6 +238,18 @@ TEST(CircleFit, FallsBackOnThreePointsUnlessThePointsAreStraight) {
         EXPECT_TRUE(c.failed == 0 || r.centre == nothing);
     }
     EXPECT_EQ(recorder.reports(), Reports{internal("lsfit", "There are no input points.")});
+    // Three of them as near to each other as points may be.
+    EXPECT_EQ(fit<2>({0, 0, 5e8, 7e8, 1.2e-10, 0.35e-10, -2e9, 3e8, 2.4e-10, 0}).failed, 0);
+}
+
+// About a parabola, residuals whose length divides the quadratic coefficient.
+TEST(CircleFit, TakesAQuadraticCoefficientUpTo1e19thForALine) {
+    for (const double coefficient : {0.99e-19, 1.01e-19}) {
+        const double y = 1e18 * coefficient * 100 * std::sqrt(70.0);
+        const Result r =
+            fit<2>({-2e9, 4 * y + 100, -1e9, y - 400, 0, 600, 1e9, y - 400, 2e9, 4 * y + 100});
+        EXPECT_EQ(r.failed, coefficient < 1e-19);
+    }
 }
 
 struct SpaceCircle : Result {
@@ -292,6 +308,10 @@ TEST(CircleFit, InSpaceEndsWhereThePlaneFitFindsALine) {
     EXPECT_EQ(line.radius, none);
     EXPECT_NEAR(length(line.normal), 1, 1e-15);
     EXPECT_EQ(line.frame.axes, Matrix{});
+    const ReportRecorder recorder;
+    EXPECT_EQ(SpaceCircle({}, {0, 0, 1}).normal, nothing);
+    EXPECT_EQ(SpaceCircle({4, 5, 6}, {0, 0, 1}).plane_point, (Vector{4, 5, 6}));
+    EXPECT_EQ(recorder.reports(), Reports{internal("lsfit", "There are no input points.")});
 }
 
 TEST(SphereFit, FallsBackOnFourPointsThatAreSpread) {

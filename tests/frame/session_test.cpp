@@ -94,6 +94,8 @@ TEST(Settings, OutOfRangeAreAssertedWhenCheckingAndStoredAllTheSame) {
         PX_ask_default_face_grid_counts(asked.data());
         EXPECT_EQ(asked, set);
     };
+    const auto u_count = [&](int u) { counts({u, 0}); };
+    const auto v_count = [&](int v) { counts({0, v}); };
     const char* const bad_status = "display_status == 0 || display_status == 1";
     const std::tuple<std::function<void(int)>, int, int, std::vector<std::string>> rows[] = {
         {color, 6, 0, {"color >= DISPLAY_MIN_COLOR", "GCA(6) >= DISPLAY_MIN_COLOR"}},
@@ -106,18 +108,8 @@ TEST(Settings, OutOfRangeAreAssertedWhenCheckingAndStoredAllTheSame) {
         {WCS_set_wcs_display, 49, -1, {bad_status}},
         {WCS_set_wcs_display, 49, 0, {}},
         {WCS_set_wcs_display, 49, 1, {}},
-        {[&](int u) {
-             counts({u, 0});
-         },
-         17,
-         -1,
-         {"u_and_v_grid_counts[0] >= 0", "GCA(17) >= 0"}},
-        {[&](int v) {
-             counts({0, v});
-         },
-         18,
-         -2,
-         {"u_and_v_grid_counts[1] >= 0", "GCA(18) >= 0"}},
+        {u_count, 17, -1, {"u_and_v_grid_counts[0] >= 0", "GCA(17) >= 0"}},
+        {v_count, 18, -2, {"u_and_v_grid_counts[1] >= 0", "GCA(18) >= 0"}},
     };
     for (const int level : {0, -1, 1, 2})
         for (const auto& [set_and_ask, element, value, failed] : rows) {

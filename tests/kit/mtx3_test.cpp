@@ -206,6 +206,8 @@ TEST(Mtx3OrthoNormalize, KeepsPerpendicularXAndZAndSnapsRowsToTheAxes) {
         {{1.0e6, 0, 0, 9, 9, 9, 0, 1.0e-14, 0}, {1, 0, 0, 0, -1, 0, 0, 0, -1}},
         // A pitch of a right angle once the first element is 0, and roll is not read below.
         {{1.0e-10, 0, 1, 0, 1, 0, -1, 0, 0}, {0, 0, 1, 0, 1, 0, -1, 0, 0}},
+        {{1e-11, 0.6, 0.8, 0, 0.8, -0.6, -1, 0, 0}, {0, 0.6, 0.8, 0, 0.8, -0.6, -1, 0, 0}},
+        {{1e-11, -0.6, -0.8, 0, 0.8, -0.6, 1, 0, 0}, {0, -0.6, -0.8, 0, 0.8, -0.6, 1, 0, 0}},
     };
     for (const auto& [m, expected] : rows)
         EXPECT_EQ(repaired(m), expected);

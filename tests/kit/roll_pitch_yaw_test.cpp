@@ -147,6 +147,9 @@ TEST(AllRollPitchYaw, TestSixElementsWithinTheTolerance) {
     EXPECT_EQ(all_angles_of({1, 1e-10, 0, 0, 1, 0, 0, 0, 1}).size(), 2U);
     const double upmost = 1 - 1e-14, rest = std::cos(std::asin(upmost));  // itself no right angle
     EXPECT_EQ(all_angles_of({0, upmost, rest, 0, rest, -upmost, -1, 0, 0}).size(), 2U);
+    Matrix beyond = matrix_of({pi / 2, 0.2, 0.3});
+    beyond[7] *= 1 + 1e-15;
+    EXPECT_EQ(all_angles_of(beyond).size(), 3U) << "a sine of more than 1";
     // Pitch is taken as a right angle beyond a sine of 0.9999999999, itself not included.
     const double edge = 0.9999999999, cosine = std::sqrt(1 - edge * edge);
     Matrix m = {cosine, 0, edge, 0, 1, 0, -edge, 0, cosine};

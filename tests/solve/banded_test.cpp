@@ -247,6 +247,7 @@ TEST(Banded, DumpsRowsWithWhatThereIs) {
 TEST(UniqueReals, CompareWithTheValueBefore) {
     const Vector rows[][2] = {
         {{0.0, 0.9e-10, 1.8e-10, 2.7e-10, 3.6e-10}, {0.0}},
+        {{5.0}, {5.0}},
         {{0.0, 1e-10}, {0.0}},
         {{0.0, 1.01e-10}, {0.0, 1.01e-10}},
         {{1.0, 0.0, 1.0, 1.0, 0.0}, {1.0, 0.0, 1.0, 0.0}},

@@ -118,6 +118,10 @@ TEST(Jacobi, HasTheBitsOfThePlainScheme) {
     };
     for (const int n : {1, 2, 3, 4, 5, 7, 10, 23, 50})
         matrices.push_back(random_symmetric(random, n));
+    Matrix& coupled = matrices[9];  // two equal ones by next to nothing, apart from the others
+    for (const int i : {0, 1})
+        for (int j = 0; j < coupled.rows(); ++j)
+            coupled(i, j) = coupled(j, i) = i == j ? 2 : i + j == 1 ? 5e-13 : 0;
     for (const Matrix& a : matrices) {
         const int n = a.rows();
         const PlainJacobi plain(a);
@@ -139,7 +143,8 @@ TEST(Jacobi, CountsSweepsAndReportsExhaustion) {
     Eigen(diagonal({3, 1, 2}), 1);
     // What is no number goes on as long as others are left to turn.
     EXPECT_EQ(Eigen({3, 3, {1, std::nan(""), 2, 0, 1, 3, 0, 0, 1}}, 1'000'000'000).rotations, 1);
-    EXPECT_EQ(recorder.take(), (Reports{exhausted, exhausted}));
+    EXPECT_EQ(Eigen({3, 3, {1, std::nan(""), 0, 0, 1, 0, 0, 0, 1}}, 1'000'000'000).rotations, 0);
+    EXPECT_EQ(recorder.take(), Reports(3, exhausted));
 }
 
 TEST(GeneralizedEigen, SolvesThePencilWithVectorsOfLengthOneInB) {
@@ -166,6 +171,17 @@ TEST(GeneralizedEigen, SolvesThePencilWithVectorsOfLengthOneInB) {
         EXPECT_LT(distance(a * x, b * x * diagonal(values)), 1e-9);
         EXPECT_LT(distance(transposed(x) * b * x, identity(n)), 1e-12);
     }
+}
+
+TEST(GeneralizedEigen, BesideTheIdentityIsThatOfTheUpperTriangle) {
+    Random random;
+    Matrix a = random_symmetric(random, 4), b = identity(4);
+    const Eigen alone(a);
+    a(1, 0) += 1;
+    double values[4], *block = b.flat();
+    int rotations, status;
+    NR_generalized_eigenvalues_symm(a.flat(), b.flat(), 4, 60, values, &block, &rotations, &status);
+    EXPECT_TRUE(std::equal(values, values + 4, alone.d.data()));
 }
 
 TEST(GeneralizedEigen, PassesOnThatBIsNotPositiveDefinite) {
@@ -245,6 +261,14 @@ TEST(Cholesky, FactorInverseAndSolutionAgree) {
         expected(0, 0) = (inverse * b)(0, 0);
         EXPECT_LT(distance(x, expected), 1e-11);
     }
+}
+
+TEST(Cholesky, OfNoUnknownsTouchesNothing) {
+    int status = -1;
+    NR_cholesky_decomp(0, nullptr, nullptr, &status);
+    NR_cholesky_inverse(0, nullptr, nullptr);
+    NR_cholesky_solver(nullptr, 0, nullptr, nullptr, nullptr);
+    EXPECT_EQ(status, 0);
 }
 
 TEST(Cholesky, RefusesRemaindersBelowItsBound) {

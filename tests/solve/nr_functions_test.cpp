@@ -23,13 +23,21 @@ constexpr double pi = std::numbers::pi;
 
 using Objective = std::function<double(const Vector&)>;
 
-/// A simplex of a start and steps along the axes, with the function that is minimised.
+/// A start and steps along the axes.
+std::vector<Vector> corners(const Vector& start, double size) {
+    std::vector<Vector> vertices(start.size() + 1, start);
+    for (std::size_t i = 0; i < start.size(); ++i)
+        vertices[i + 1][i] += size;
+    return vertices;
+}
+
+/// A simplex with the function that is minimised.
 class Simplex {
   public:
     Simplex(Objective objective, const Vector& start, double size)
-        : n(static_cast<int>(start.size())), vertices(n + 1, start), f_(std::move(objective)) {
-        for (int i = 0; i < n; ++i)
-            vertices[i + 1][i] += size;
+        : Simplex(std::move(objective), corners(start, size)) {}
+    Simplex(Objective objective, const std::vector<Vector>& start)
+        : n(static_cast<int>(start.size()) - 1), vertices(start), f_(std::move(objective)) {
         for (Vector& vertex : vertices) {
             rows_.push_back(vertex.data());
             y.push_back(f_(vertex));
@@ -105,14 +113,14 @@ TEST(Amoeba, FindsTheMinimumInAnyDimension) {
     }
 }
 
-/// From (3, 5), a step beside it and one above with the values 0, 1 and 2, by the value across from
-/// the worst. The points are seen from (3, 5).
+/// From (3, 5), a step beside it and one above with the values 0, 1 and 2, in any order, by the
+/// value across from the worst. The points are seen from (3, 5).
 TEST(Amoeba, ReflectsExpandsContractsAndShrinks) {
-    const std::pair<double, std::vector<Vector>> rows[] = {
-        {9, {{1, -1}, {0.25, 0.5}, {0.5, 0}, {0, 0.5}}},
-        {1.5, {{1, -1}, {0.75, -0.5}}},
-        {0.5, {{1, -1}}},
-        {-1, {{1, -1}, {1.5, -2}}}};
+    const std::pair<double, std::vector<Vector>> rows[] = {{9, {{1, -1}, {0.25, 0.5}}},
+                                                           {2, {{1, -1}, {0.25, 0.5}}},
+                                                           {1.5, {{1, -1}, {0.75, -0.5}}},
+                                                           {0.5, {{1, -1}}},
+                                                           {-1, {{1, -1}, {1.5, -2}}}};
     for (const auto& [across, expected] : rows) {
         std::vector<Vector> tried;
         const auto f = [&, value = across](const Vector& p) {
@@ -121,15 +129,32 @@ TEST(Amoeba, ReflectsExpandsContractsAndShrinks) {
             if (x == Vector{1, -1}) return value;
             return x[0] + x[1] == x[0] * x[0] + x[1] * x[1] ? x[0] + 2 * x[1] : 9;  // a corner
         };
-        Simplex s(f, {3, 5}, 1);
-        tried.clear();
-        EXPECT_EQ(s.minimise(0, static_cast<int>(expected.size())), 1);
-        tried.resize(expected.size());  // the others are looked at by the check of what is left
-        EXPECT_EQ(tried, expected);
+        std::vector<Vector> start = {{3, 5}, {3, 6}, {4, 5}};
+        do {
+            Simplex s(f, start);
+            tried.clear();
+            EXPECT_EQ(s.minimise(0, static_cast<int>(expected.size())), 1);
+            tried.resize(expected.size());  // the others are looked at by the check of what is left
+            EXPECT_EQ(tried, expected);
+        } while (std::next_permutation(start.begin(), start.end()));
     }
-    Simplex equals([](const Vector& x) { return x[0] + x[1]; }, {0, 0}, 1);
-    EXPECT_EQ(equals.minimise(0, 2), 1);
-    EXPECT_EQ(equals.vertices[1], (Vector{-1, 1})) << "the first of equals is moved";
+    Simplex shrunk([](const Vector& x) { return x[0] == 3 || x[1] == 5 ? x[0] + x[1] : 99; },
+                   {3, 5}, 1);
+    EXPECT_EQ(shrunk.minimise(0, 4), 1);
+    EXPECT_EQ(shrunk.vertices, (std::vector<Vector>{{3, 5}, {3.5, 5}, {3, 5.5}}));
+    // Of equals the first is moved, but of the first two the second.
+    const std::tuple<Objective, int, Vector> equal_ones[] = {
+        {[](const Vector& x) { return x[0] + x[1]; }, 2, {-1, 0}},
+        {[](const Vector& x) { return 1 - x[1]; }, 1, {-1, 1}}};
+    for (const auto& [f, most, best] : equal_ones) {
+        Simplex equals(f, {0, 0}, 1);
+        EXPECT_EQ(equals.minimise(0, most), 1);
+        EXPECT_EQ(equals.vertices[0], best);
+        EXPECT_EQ(std::count(equals.vertices.begin(), equals.vertices.end(), Vector{-1, 1}), 1);
+    }
+    Simplex flat([](const Vector& x) { return std::max(x[0], -1.0); }, {0, 0}, 1);
+    EXPECT_EQ(flat.minimise(0, 2), 1);
+    EXPECT_EQ(flat.vertices[0], (Vector{-1, 1})) << "what an expansion finds is not lower";
 }
 
 TEST(Amoeba, RefusesBadArgumentsAndNumbersThatAreNone) {
@@ -137,9 +162,9 @@ TEST(Amoeba, RefusesBadArgumentsAndNumbersThatAreNone) {
     for (const auto& [tolerance, most] : {std::pair{-1e-3, 10}, {NAN, 10}, {1e-3, 0}})
         EXPECT_EQ(s.minimise(tolerance, most), 2);
     EXPECT_EQ(Simplex(bowl, {}, 1.0).minimise(1e-3, 10), 2);
-    EXPECT_EQ(Simplex([](const Vector& x) { return x[0] > 10 ? NAN : 1; }, {10.0}, 1.0)
-                  .minimise(1e-3, 10),
-              3);
+    Simplex at_once([](const Vector& x) { return x[0] > 10 ? NAN : 1; }, {10.0}, 1.0);
+    EXPECT_EQ(at_once.minimise(1e-3, 10), 3);
+    EXPECT_EQ(at_once.calls, 0);
     Simplex edge([](const Vector& x) { return std::log(x[0]) + x[1] * x[1]; }, {1.0, 1.0}, 0.3);
     EXPECT_EQ(edge.minimise(0.0, 1000), 3);
     edge.expect_consistent();
@@ -235,6 +260,9 @@ TEST(Odeint, ErrorFollowsTheToleranceAndTheFifthOrder) {
         last_steps = c.good;
         EXPECT_LE(c.bad, 2 + c.good / 8);
     }
+    // A step's length goes by the errors of two, of which the first is next to nothing here.
+    EXPECT_NEAR(oscillated(10.0, {.eps = 1e-6, .h_first = 0.01}).first.accepted_x[4],
+                0.43084778259843315, 1e-9);
     // With a single step of the length asked for, the error goes with its sixth power.
     const auto [c, error] = oscillated(0.1, {.eps = 1.0, .h_first = 0.1, .max_steps = 1});
     EXPECT_EQ(c.good, 1);
@@ -258,6 +286,10 @@ TEST(Odeint, IsExactForQuarticSlopesAndRunsBothWays) {
         EXPECT_NEAR(c.y[0], 10.0, 1e-12);
         EXPECT_EQ(c.reached, -1.0);
     }
+    // The last step is that which leaves next to nothing.
+    for (const double first : {1.0 - 1.0e-12, 1.0 - 1.1e-12})
+        EXPECT_EQ((Course{power, {10.0}}.integrate(0, 1, {1.0, first, 0.0, 1})),
+                  first < 1.0 - 1.0e-12);
     Course nowhere{power, {1.0}};
     EXPECT_EQ(nowhere.integrate(2.0, 2.0), 0);
     EXPECT_EQ(nowhere.reached, 2.0);
@@ -413,6 +445,8 @@ TEST(Qsimp, IsExactForCubicsAndOfOrderSixWithTheCorrection) {
         errors[i] = std::fabs(all.value - (std::exp(4.0) - 1.0));
     }
     EXPECT_NEAR(std::log2(errors[0] / errors[1]), 6.0, 0.3);
+    // The rounding that is passed over is eight epsilons: this error is nine.
+    EXPECT_EQ(integrate([](double x) { return std::exp(x); }, 0, 3, 0.0, 10).status, 1);
 }
 
 TEST(Qsimp, GoesOverItAgainWhenTheFirstGuessOfTheSizeWasTooLarge) {
@@ -432,6 +466,12 @@ TEST(Qsimp, DividesAsOftenAsTheTestsOfTheErrorSay) {
     for (const auto& [tolerance, evaluations] :
          {std::pair{1.0, 33}, {1e-3, 37}, {4e-6, 97}, {1e-7, 249}, {0.0, 39649}})
         EXPECT_EQ(integrate(witch, -1, 1, tolerance, 60).evaluations, evaluations) << tolerance;
+    // Down to neighbours among the doubles, on either side of 0 and of powers of 2.
+    for (const auto& [a, b, jump] :
+         {std::tuple{1.0, 3.0, 2.0}, {1.0, 8.0, 2.0}, {-2.0, 2.0, std::nextafter(-2.0, 0.0)}}) {
+        const auto step = [at = jump](double x) { return x < at ? 1.0 : 3.0; };
+        EXPECT_EQ(integrate(step, a, b, 0.0, 60).evaluations, 233) << jump;
+    }
 }
 
 TEST(Qsimp, SaysWhatIsWrong) {

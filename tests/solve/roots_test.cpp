@@ -261,6 +261,17 @@ TEST(ClosedForms, GiveExactRootsInTheirOrder) {
         {expanded({{1.25, 4.75}, {{6, 3.5}}}, 1.0), {4.75, 1.25}},
         {expanded({{-11.25, -8.75}, {{-10 + 0x1p-17, 1.25}}}, 1.0), {-8.75, -11.25}},
         {expanded({{5, 15}, {{10 + 0x1p-36, 4}}}, 1.0), {15, 5}},
+        {expanded({{126, 130}, {{128 + 0x1p-7, 7.5}}}, 1.0), {130, 126}},
+        {expanded({{95, 97}, {{96.25, 3}}}, 1.0), {97, 95}},
+        {expanded({{2043, 2053}, {{2049, 3}}}, 1.0), {2053, 2043}},
+        {expanded({{56.5, 71.5}, {{64.125, 2}}}, 1.0), {71.5, 56.5}},
+        {expanded({{-1, 1.25, 9, 11.25}, {}}, 1.0), {11.25, -1, 9, 1.25}},
+        {expanded({{-2, 4 + 0x1p-39, 6 + 0x1p-39, 12}, {}}, 1.0),
+         {6 + 0x1p-39, 4 + 0x1p-39, 12, -2}},
+        {expanded({{-7, 8, 8, 8 + 0x1p-21}, {}}, 1.0), {8, 8, 8 + 0x1p-21, -7}},
+        {expanded({{-9.5, -5, -5 + 0x1p-16, -0.5}, {}}, 1.0), {-0.5, -5 + 0x1p-16, -5, -9.5}},
+        // A pair apart by less than rounding may make of it is one root twice.
+        {expanded({{8 + 0x1p-18, 8 - 0x1p-18}, {{-8, 1}}}, 1.0), {8, 8}},
     };
     for (const auto& [coeffs, roots] : rows)
         EXPECT_EQ(closed(coeffs), roots) << ::testing::PrintToString(coeffs);
@@ -303,6 +314,8 @@ TEST(ClosedForms, TakeCoefficientsForZeroUpToPowersOfTheTolerance) {
     EXPECT_NE(closed({std::nextafter(cube, 1.0), 6, -5, 1}).back(), 0.0);
     EXPECT_NE(closed({2 * fourth, 2, -3, 0, 1}).back(), 0.0);
     EXPECT_NE(closed({4, 2 * coarse, -5, 0, 1})[0], 2);
+    const NumberTolerance tiny(1e-60);
+    EXPECT_EQ(closed({1e-200, 0, 1e150, 0, 1}), Roots{}) << "a square that rounds to 0";
 }
 
 TEST(ClosedForms, OrderInexactRootsByTheirFormulas) {

@@ -26,6 +26,7 @@ TEST(TermSum, RoundsInTheOrderOfTheBins) {
     EXPECT_EQ(sum_by_magnitude({1e5, -1e5, 0x1p-60}).value, 0x1p-60);
     EXPECT_EQ(sum_by_magnitude({1.2e-5, -1.2e-5, 0x1p-90}).value, 0x1p-90);
     EXPECT_EQ(sum_by_magnitude({1e-5, -1e-5, 0x1p-90}).value, 0);
+    EXPECT_EQ(sum_by_magnitude({1.25, -1.0, 0.1}).value, (0.1 - 1.0) + 1.25);
 }
 
 TEST(TermSum, KnowsTheSizeOfItsTerms) {

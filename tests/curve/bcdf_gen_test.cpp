@@ -45,6 +45,7 @@ TEST(CurveValidation, FindsTheFirstFault) {
         {1005320, 4, 0, 0, [](BCDF* r) { BCDF_replace_curvature(r, up, 0, 0), r->order = 3; }},
         {1005318, 4, 0, 0, [](BCDF* r) { BCDF_replace_curvature(r, up, 0, 0); }},
         {0, 10, 0, 1, [](BCDF*) {}},
+        {0, 4, 0, 1, [](BCDF*) {}},
         {0, 10, 0, 1, [](BCDF* r) { r->ls_num_segments = 7; }},
         {1005005, 10, 0, 1, [](BCDF* r) { r->ls_num_segments = 8; }},
         {1005005, 10, 0, 1, [](BCDF* r) { r->ls_num_segments = -1; }},
@@ -120,7 +121,8 @@ TEST(CurveSearches, StopAtTheirLimits) {
         EXPECT_EQ(BCDF_slope_at_point(record.get(), 4 - steps, &at), 0);
     }
     at = 7;  // which stays where there is nothing to search
-    for (const auto search : {BCDF_slope_at_point, BCDF_curvature_at_point})
+    for (const auto search :
+         {BCDF_slope_at_point, BCDF_curvature_at_point, BCDF_curvature_at_slope})
         EXPECT_EQ(search(record.get(), 9, &at) + search(close.get(), 1, &at), 0);
     EXPECT_EQ(at, 7);
     int* positions = BCDF_create_slope_pos_array(record.get(), &number);
@@ -152,6 +154,12 @@ TEST(CurveEditing, PointsTakeTheirSlopesWithThemAndNoOther) {
     EXPECT_EQ(vector_in(ring->points, 1), (Vector{1, 0, 0})) << "two that are one";
     BCDF_replace_defining_point(ring.get(), up, 0, 3);
     EXPECT_EQ(vector_in(ring->points, 1), (Vector{0, 1, 0}));
+    // Where the array has room behind the last point, a point of weight 1 comes to stand there.
+    const Record weighted = new_record({0, 0, 0, 2, 0, 0, 0, 2}, 4);
+    weighted->points->num_points = 1;
+    BCDF_replace_defining_point(weighted.get(), up, 1, 3);
+    weighted->points->num_points = 2;
+    EXPECT_EQ(values_of(weighted->points), (Values{0, 0, 0, 2, 0, 1, 0, 1}));
 }
 
 TEST(CurveEditing, ReportsAndGoesOn) {
@@ -237,7 +245,8 @@ TEST(CurveEditing, CurvaturesTurnWithTheirSlopes) {
     } cases[] = {
         {{0, 3, 0}, {0, 5, 0}, {-3, 0, 0}},      {{0, -3, 0}, {0, 5, 0}, {-3, 0, 0}},
         {{0, 3, 0}, {4, 0, 1}, {0, 3, 0}},       {{0, 1e-10, 0}, {0, 5, 0}, {-1e-10, 0, 0}},
-        {{0, 3, 0}, {3, 4, 12}, {-2.4, 1.8, 0}}, {{0, 0, 3}, {0, 0, 5}, {0, 0, 3}}};
+        {{0, 3, 0}, {3, 4, 12}, {-2.4, 1.8, 0}}, {{0, 0, 3}, {0, 0, 5}, {0, 0, 3}},
+        {{3, 4, 0}, {0, 5, 0}, {3.2, -2.4, 0}}};
     for (const auto& c : cases) {
         const Record record = row_of(4);
         BCDF_replace_slope(record.get(), along, 1, 1);

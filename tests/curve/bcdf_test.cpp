@@ -209,6 +209,9 @@ TEST(CurveRecord, NormalisesParametersAndBack) {
     BCDF_replace_curvature(one.get(), corner.data(), 0, 0);
     BCDF_normalize_parameters(one.get());
     EXPECT_EQ(values_of(one->curvature_parameters), Values{1});
+    one->parameters->num_points = 0;
+    BCDF_normalize_parameters(one.get());
+    EXPECT_EQ(values_of(one->curvature_parameters), Values{1}) << "by no last parameter";
 }
 
 TEST(CurveRecord, DropsTheFourthCoordinateOfSlopesWithoutDividing) {

@@ -243,9 +243,11 @@ TEST(ArcSplinePrimitives, LinesMeet) {
     EXPECT_EQ(parms, (Pair{9, 9}));
     d2 = direction_at(0.9);
     EXPECT_EQ(status({0, 0}, {0, 1}), 1);
-    d2 = {0, 1e-9};
-    EXPECT_EQ(status({0, 0}, {0, 1}), 1);
-    EXPECT_EQ(cosine, 1);
+    for (const double size : {0.9e-8, 1.1e-8}) {  // the first without a direction
+        d2 = {0, size};
+        EXPECT_EQ(status({0, 0}, {0, 1}), size < 1e-8);
+        EXPECT_EQ(cosine, size < 1e-8);
+    }
 }
 
 }  // namespace

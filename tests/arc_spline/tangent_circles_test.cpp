@@ -287,6 +287,8 @@ TEST(TangentCircles, TakeTheToleranceItselfForNothing) {
     EXPECT_GT(of_radius(a, b, 3).circles[0].center[1], 0) << "from left to right all the same";
     EXPECT_EQ(of_radius(a, b, 1).count, 2);
     EXPECT_EQ(of_radius(a, {{2, 0}, 1}, 3).count, 8) << "where centres meet in one point, too";
+    EXPECT_EQ(through_two({1, 0}, {3, 1}, a).count, 1) << "no point is on a circle";
+    EXPECT_EQ(through_two({3, 1}, {1, 0}, a).count, 1);
     tols = right_angle;
     EXPECT_EQ(at_point(line({0, 0}, {0, 1}), x_axis, {3, 0}).count, 1);
     tols = fine;

@@ -130,8 +130,8 @@ TEST(Tangents, CountAndFail) {
         {from_point, null, null, 2, 0, 0},
         {from_point, tiny, arc(1.5e-9, 0, 1), 3, 0, 0},
         {from_point, null, equal, 4, 0, 0},
-        {from_point, arc(0, 0, 2, 0), equal, 0, 2, std::sqrt(32.0 / 9.0)},
-        {from_point, arc(0, 0, 2, 0), small, 0, 2, -std::sqrt(20.0 / 9.0)},
+        {from_point, arc(0, 0, 0.25, 0), arc(0.75, 0, 1), 0, 2, std::sqrt(1.0 / 18)},
+        {from_point, arc(0, 0, 0.25, 0), arc(0.375, 0, 1), 0, 2, -std::sqrt(5.0 / 144)},
         {exterior, big, equal, 0, 2, 2},
         {exterior, equal, big, 0, 2, -2},
         {exterior, big, arc(0.9e-9, 0, 2), 0, 0, 0},
@@ -189,6 +189,10 @@ TEST(Tangents, TakeTheToleranceItselfForNothing) {
     EXPECT_EQ(tangents(from_point, &big, &far).status, 3);
     const Segment beside = arc(3, 0, 1);
     EXPECT_EQ(tangents(interior, &big, &beside).count, 0);
+    const double hair[] = {1e-12, 1e-7};  // the circle of Thales is too small to cross another
+    const Segment speck = arc(0, 0, 1e-10), next = arc(1.5e-10, 0, 1);
+    tols = hair;
+    EXPECT_EQ(tangents(from_point, &speck, &next).status, 4);
     tols = fine;
 }
 

@@ -246,10 +246,12 @@ TEST(CurveCalculations, CorrectedSlopesOfQuinticsWhereTheRuleDividesByZero) {
     EXPECT_DOUBLE_EQ(on[0], (9 * 1.0 + 2 * 0.5) / 11);
     BCDF_CALC_normalized_slope(record.get(), 5, 0, square.data());
     EXPECT_DOUBLE_EQ(square[1], 1.6);
-    const Record shortest = new_record({0, 0, 0, 1e-10, 0, 0});  // chord that has a direction
-    BCDF_add_params(shortest.get(), Values{0, 0.5}.data());
-    BCDF_CALC_normalized_slope(shortest.get(), 5, 0, (square = {0, 7, 0}).data());
-    EXPECT_DOUBLE_EQ(square[1], 4e-10);
+    for (const double chord : {1e-10, std::nextafter(1e-10, 0.0)}) {  // the last without a direction
+        const Record shortest = new_record({0, 0, 0, chord, 0, 0});
+        BCDF_add_params(shortest.get(), Values{0, 0.125}.data());
+        BCDF_CALC_normalized_slope(shortest.get(), 5, 0, (square = {0, 7, 0}).data());
+        EXPECT_DOUBLE_EQ(square[1], chord < 1e-10 ? 8e-10 : 16e-10);
+    }
 }
 
 /// The closing point of a ring is its first one, whichever of the two has the slope.

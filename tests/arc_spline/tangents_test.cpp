@@ -103,6 +103,7 @@ TEST(Tangents, TouchWhatTheyMust) {
                 EXPECT_EQ(side_of(a.center, along, x.lines[k].start_point) > 0, k == 0);
             }
             EXPECT_EQ(x.flags[k], -1);
+            EXPECT_TRUE(kind != from_point || (bounded.flags[k] == 1) == (k >= bounded.count));
             const bool touches_arc =
                 std::fmod(sense * (x.parms[0][k] - from) + 1080.0, 360.0) <= turn;
             EXPECT_TRUE(!touches_arc || bounded.parms[0][inside++] == x.parms[0][k]);

@@ -236,6 +236,8 @@ TEST(CurveEditing, NeededAndUpdatedSlopes) {
     EXPECT_EQ(record->ls_tolerance, 0.5);
     EXPECT_NE(record->weights, nullptr);
     EXPECT_EQ(record->ls_num_segments, 0);
+    BCDF_change_number_of_segments(record.get(), 7);
+    EXPECT_EQ(record->ls_tolerance, 0);
 }
 
 /// A curvature turns with its slope about z only, to the side that is tried first.

@@ -290,6 +290,7 @@ TEST(TangentCircles, TakeTheToleranceItselfForNothing) {
     EXPECT_EQ(of_radius(a, {{2, 0}, 1}, 3).count, 8) << "where centres meet in one point, too";
     EXPECT_EQ(through_two({1, 0}, {3, 1}, a).count, 1) << "no point is on a circle";
     EXPECT_EQ(through_two({3, 1}, {1, 0}, a).count, 1);
+    EXPECT_EQ(through_two({3, 1}, {0, 0}, a).count, 0);
     tols = right_angle;
     EXPECT_EQ(at_point(line({0, 0}, {0, 1}), x_axis, {3, 0}).count, 1);
     tols = fine;

@@ -96,7 +96,9 @@ TEST(EarClipping, IsThePlainRuleTriangleForTriangle) {
               spiral_polygon(n), convex_polygon(n), crossing})
             for (const Polygon& q : {p, snapped(p, step), densified(p, 4 * n / 3), reversed(p)})
                 for (const Frame& frame : {flat, Frame(random)}) {
-                    const Vectors points = lifted(q, frame);
+                    Vectors points = lifted(q, frame);
+                    const int first = random.integer(1, static_cast<int>(points.size()));
+                    std::ranges::rotate(points, points.end() - first);
                     const Vector normal = scaled(row(frame.axes, 2), random.uniform(0.1, 5));
                     ASSERT_EQ(clipping(points, normal), plain_clipping(points, normal))
                         << "round " << round;

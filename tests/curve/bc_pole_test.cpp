@@ -80,6 +80,7 @@ TEST(Poles, AreComparedWithTheirOwnTolerances) {
         EXPECT_EQ(bc_POLE_identical_poles_in_3d(one, n), 1) << n;
     const double last_is_none[] = {1, 1, 1, 1, 1, 1, 1, 1, NAN, 1, 1, 1};
     EXPECT_EQ(bc_POLE_identical_poles_in_3d(last_is_none, 3), 0);
+    EXPECT_EQ(bc_POLE_identical_poles_in_3d(last_is_none + 4, 2), 0);
     // Equal to callers, yet farther apart than identical poles may be.
     const double apart[] = {1, 1, 1, 1, 1 + 1e-9, 1, 1, 1, 1, 1, 1, 1};
     EXPECT_EQ(bc_POLE_equal_in_3d(apart, apart + 4), 1);

@@ -246,7 +246,8 @@ TEST(CurveCalculations, CorrectedSlopesOfQuinticsWhereTheRuleDividesByZero) {
     EXPECT_DOUBLE_EQ(on[0], (9 * 1.0 + 2 * 0.5) / 11);
     BCDF_CALC_normalized_slope(record.get(), 5, 0, square.data());
     EXPECT_DOUBLE_EQ(square[1], 1.6);
-    for (const double chord : {1e-10, std::nextafter(1e-10, 0.0)}) {  // the last without a direction
+    for (const double chord :
+         {1e-10, std::nextafter(1e-10, 0.0)}) {  // the last without a direction
         const Record shortest = new_record({0, 0, 0, chord, 0, 0});
         BCDF_add_params(shortest.get(), Values{0, 0.125}.data());
         BCDF_CALC_normalized_slope(shortest.get(), 5, 0, (square = {0, 7, 0}).data());

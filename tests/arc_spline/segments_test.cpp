@@ -232,8 +232,11 @@ TEST(ArcSplineSegments, Statuses) {
         EXPECT_EQ(status, c.foot);
     }
     const Segment half = made_arc({0, 0}, 20, 180, 1, 1).arc;
-    EXPECT_EQ(Data(&half).status, 2);  // no corner
-    EXPECT_EQ(Data(&half, 0).status, 0);
+    for (const int want_corner : {0, 1}) {
+        const Data data(&half, want_corner);
+        EXPECT_EQ(data.status, 2 * want_corner);
+        EXPECT_EQ(data.corner, (Pair{9, 9})) << "none";
+    }
     Segment odd = half;
     odd.type = 2;
     Pair place{9, 9};

@@ -289,6 +289,7 @@ TEST(TangentCircles, TakeTheToleranceItselfForNothing) {
     EXPECT_GT(through_point({{0, 3}, 2}, {{-2, 3}, 6}, {-0.5, -1.5}).circles[0].radius, 2);
     tols = exact;
     EXPECT_EQ(at_point(circle, x_axis, {1, 0}).count, 0);
+    EXPECT_EQ(through_two({0, 1}, {1, 0}, a).count, 0);
     tols = negative;
     EXPECT_GT(of_radius(a, b, 3).circles[0].center[1], 0) << "from left to right all the same";
     EXPECT_EQ(of_radius(a, b, 1).count, 2);

@@ -255,6 +255,12 @@ TEST(CurveCalculations, CorrectedSlopesOfQuinticsWhereTheRuleDividesByZero) {
     }
 }
 
+TEST(CurveCalculations, CorrectedSlopesAmongPointsThatAreOneStay) {
+    Vector v = {0, 7, 0};
+    BCDF_CALC_normalized_slope(new_record(Values(9)).get(), 5, 1, v.data());
+    EXPECT_EQ(v, (Vector{0, 7, 0}));
+}
+
 /// The closing point of a ring is its first one, whichever of the two has the slope.
 TEST(CurveCalculations, RingsMayStartAnywhere) {
     const Values turns = {0, 0.7, 1.9, 2.6, 4.1, 5.5};

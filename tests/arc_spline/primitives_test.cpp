@@ -170,9 +170,9 @@ TEST(ArcSplinePrimitives, FeetAndMirrorImages) {
     Random random;
     for (int i = 0; i < rounds(200); ++i) {
         const Pair p = random.vector<2>(), a = random.vector<2>();
-        const Pair d = direction_at(random.uniform(0, 360)), b = moved(a, 1.5, d);
+        const Pair d = direction_at(random.uniform(0, 360)), b = moved(a, 0.5, d);
         const double aside = dot(left_of(d), minus(p, a)), ahead = dot(d, minus(p, a));
-        const double kept = std::clamp(ahead, 0.0, 1.5);
+        const double kept = std::clamp(ahead, 0.0, 0.5);
         const Foot free = foot_on_line(p, a, d, 1e-9), same = foot_between(p, a, b, 0);
         EXPECT_NEAR(free.distance, std::fabs(aside), 1e-14);
         EXPECT_NEAR(same.distance, std::fabs(aside), 1e-14);

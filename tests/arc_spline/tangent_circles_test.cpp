@@ -235,6 +235,8 @@ TEST(TangentCircles, AreAsManyAsTheyMustBe) {
     const Circle a{{0, 0}, 1}, b{{4, 0}, 1};
     EXPECT_EQ(of_radius(a, b, 1.0).count, 1) << "between the two";
     EXPECT_EQ(of_radius(a, b, 3.0).count, 7);
+    for (const double radius : {1.0, 3.0})
+        expect_touching(of_radius(a, b, radius), {a, b}, {});
     for (const double y : {-9.0, 9.0})
         EXPECT_GT(of_radius({{0, y}, 1}, {{4, y}, 1}, 3.0).circles[0].center[1], y)
             << "from left to right";

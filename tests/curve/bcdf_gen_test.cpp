@@ -167,6 +167,9 @@ TEST(CurveEditing, ReportsAndGoesOn) {
     const ReportRecorder recorder;
     const CheckingLevel checking(1);
     const Record record = row_of(5);
+    for (const int type : {-1, 6})
+        BCDF_change_slope(record.get(), type, along, 2);
+    EXPECT_EQ(record->slopes, nullptr) << "of no type there is none";
     for (const int order : {25, 26, 2, 1}) {
         BCDF_change_order(record.get(), order);
         EXPECT_EQ(record->order, order);

@@ -173,18 +173,10 @@ TEST(ArcSplineConstructions, AlongATangent) {
         const Segment s = touching_at(pt, p, d).s[0];
         const int side = static_cast<int>(sign(dot(left_of(d), way)));
         EXPECT_LT(off(s, pt), 1e-9);
-        const Pair center = moved(p, side * s.radius / 3, left_of(d));
-        expect_equal(s,
-                     {1,
-                      side,
-                      {p[0], p[1]},
-                      angle,
-                      angle + side * 360,
-                      {center[0], center[1]},
-                      {},
-                      s.radius,
-                      s.radius},
-                     1e-9);
+        const Pair c = moved(p, side * s.radius / 3, left_of(d));
+        const Segment expected{1,  side,     {p[0], p[1]}, angle, angle + side * 360, {c[0], c[1]},
+                               {}, s.radius, s.radius};
+        expect_equal(s, expected, 1e-9);
         const Segment arc = chord(p, d, pt).s[0];
         EXPECT_NEAR(arc.radius / s.radius, 1, 1e-12);
         EXPECT_TRUE(arc.start_angle == s.start_angle && arc.orientation == side);

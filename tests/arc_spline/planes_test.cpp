@@ -231,8 +231,8 @@ TEST(HouseholderRotation, IsTheSmallestThatTakesOneDirectionToTheOther) {
     Random random;
     for (int i = 0; i < rounds(200); ++i) {
         const Vector f = random_unit(random);
-        // From opposite within 1e-9 to anywhere.
-        const double off = std::pow(10, random.uniform(-9, 1));
+        // Opposite, from opposite within 1e-9 to anywhere.
+        const double off = i % 8 == 0 ? 0 : std::pow(10, random.uniform(-9, 1));
         const Vector t = moved(scaled(f, -1), off, random.vector());
         const auto [r, status] = smallest_rotation(scaled(f, 3), t);
         ASSERT_EQ(status, 0);
@@ -241,15 +241,6 @@ TEST(HouseholderRotation, IsTheSmallestThatTakesOneDirectionToTheOther) {
         // The smallest angle is that of the directions.
         EXPECT_NEAR(r[0] + r[4] + r[8], 1 + 2 * dot(f, t) / length(t), 1e-14);
     }
-}
-
-TEST(HouseholderRotation, OfOppositeDirectionsIsAHalfTurn) {
-    const Vector f{0, 0, 2};
-    const auto [r, status] = smallest_rotation(f, scaled(f, -1));
-    EXPECT_EQ(status, 0);
-    EXPECT_LT(rotation_defect(r), 1e-15);
-    EXPECT_EQ(times(r, f), (Vector{0, 0, -2}));
-    EXPECT_EQ(r[0] + r[4] + r[8], -1);
 }
 
 TEST(TransformsOfVectors, ReflectMoveAndCombine) {

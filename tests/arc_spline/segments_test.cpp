@@ -115,6 +115,7 @@ TEST(ArcSplineSegments, StraightsAreMeasuredFromTheirStart) {
     EXPECT_EQ(ARC_SPLINE_ask_arcl_of_trimmed_1_seg_2d(&s, parms, &status), 3);
     EXPECT_EQ(ARC_SPLINE_ask_radius_of_1_seg_2d(&s), 1e19);
     EXPECT_EQ(Data(&s, 0).corner, (Pair{2.5, 4}));
+    EXPECT_EQ(Data(&s).curvature, 0);
     // One that has no length: the fallback as given, and the end moved onto the start.
     Pair end{1, 1e-11};
     Segment null{};
@@ -188,6 +189,10 @@ TEST(ArcSplineSegments, DomainsAreClosedAndEndsAttract) {
     ARC_SPLINE_ask_dist_pt_to_1_seg_2d(&straight, Pair{2.125, 1}.data(), 1, wide, foot.data(),
                                        &parm, &far, &status);
     EXPECT_TRUE(far == 1 && parm == 2) << "near enough to the end";
+    const Segment half = made_arc({0, -1}, 0, 180, 1, 1).arc;
+    ARC_SPLINE_ask_dist_pt_to_1_seg_2d(&half, Pair{-3, 0}.data(), 1, wide, foot.data(), &parm, &far,
+                                       &status);
+    EXPECT_EQ(parm, 0) << "the start of ends equally near";
     for (parm = 10; parm <= 90; parm += 80)  // the ends themselves
         EXPECT_EQ(ARC_SPLINE_ask_is_parm_in_arc_domain(&left, -1, &parm), 1);
 }

@@ -175,28 +175,23 @@ TEST(VertexNormal, ReportsWhatItCannotWeigh) {
                         wide = facet(none, scaled(y, 4), scaled(z, 4));
     FACET_facet_t elsewhere = flat;
     elsewhere.ids[0] = 8;
+    const Report not_given_said = said("The common vertex is not input as expected."),
+                 elsewhere_said = said("The facet is not incident at the given vertex.");
     const struct {
-        std::vector<FACET_facet_t> facets;
-        int weight_type;
+        int weight_type, given;
         double tolerance;
-        int given;
         Vector normal;
+        std::vector<FACET_facet_t> facets;
         Reports reports;
     } cases[] = {
-        {{flat, good}, 0, 1e-3, 1, z, {flat_said}},
-        {{flat}, 0, 1e-3, 1, none, {flat_said}},
-        {{flat, good}, 0, 0, 1, z, {}},
-        {{good}, 0, 1.01, 1, z, {flat_said}},  // small: reported, and weighed
-        {{elsewhere, good},
-         1,
-         1e-3,
-         0,
-         z,
-         {said("The common vertex is not input as expected."),
-          said("The facet is not incident at the given vertex.")}},
-        {{good, good}, 2, 1e-3, 1, none, {type_said, type_said}},
+        {0, 1, 1e-3, z, {flat, good}, {flat_said}},
+        {0, 1, 1e-3, none, {flat}, {flat_said}},
+        {0, 1, 0, z, {flat, good}, {}},
+        {0, 1, 1.01, z, {good}, {flat_said}},  // small: reported, and weighed
+        {1, 0, 1e-3, z, {elsewhere, good}, {not_given_said, elsewhere_said}},
+        {2, 1, 1e-3, none, {good, good}, {type_said, type_said}},
         // An area whose reciprocal is within half the squared tolerance decides alone.
-        {{wide, facet(none, scaled(x, 3), scaled(z, 2))}, 0, 0.6, 1, x, {}},
+        {0, 1, 0.6, x, {wide, facet(none, scaled(x, 3), scaled(z, 2))}, {}},
     };
     for (const auto& c : cases) {
         ReportRecorder recorder;

@@ -372,6 +372,8 @@ TEST(TangentCircles, SayWhatCannotBeServed) {
     EXPECT_EQ(at_point(circle, x_axis, {3, 1}).status, 3);
     EXPECT_EQ(at_point(circle, circle, {3, 1}).status, 2);
     EXPECT_EQ(at_point(x_axis, x_axis, {3, 1}).status, 3);
+    EXPECT_EQ(at_point({}, x_axis, {3, 0}).status, 1) << "a line without a direction";
+    EXPECT_EQ(at_point(x_axis, {}, {3, 0}).status, 2);
     EXPECT_EQ(recorder.take(), Reports{});
     EXPECT_EQ(of_radius(a, null, 1.0).status, 2);
     EXPECT_EQ(of_radius(null, b, 0.0).status, 4);

@@ -167,18 +167,13 @@ TEST(CurveRecord, CreatorsThatFailTakeNothing) {
 }
 
 TEST(CurveRecord, KnowsSplinesWithSlopesAtTheirEnds) {
-    struct Case {
-        std::vector<int> slopes;
+    const struct {
         int order, periodicity, spline, continuity;
-    };
-    for (const Case& c : {Case{{0, 3}, 4, 0, 1, 2},
-                          {{0, 1, 3}, 4, 0, 1, 1},
-                          {{0, 3}, 4, 1, 1, 1},
-                          {{0, 3}, 3, 0, 0, 1},
-                          {{0}, 4, 0, 0, 2},
-                          {{1, 3}, 4, 0, 0, 2},
-                          {{0, 2}, 4, 0, 0, 2},
-                          {{}, 6, 0, 0, 4}}) {
+        std::vector<int> slopes;
+    } cases[] = {{4, 0, 1, 2, {0, 3}}, {4, 0, 1, 1, {0, 1, 3}}, {4, 1, 1, 1, {0, 3}},
+                 {3, 0, 0, 1, {0, 3}}, {4, 0, 0, 2, {0}},       {4, 0, 0, 2, {1, 3}},
+                 {4, 0, 0, 2, {0, 2}}, {6, 0, 0, 4, {}}};
+    for (const auto& c : cases) {
         const Record record = sloped(c.slopes, corner, c.periodicity);
         record->order = c.order;
         EXPECT_EQ(BCDF_is_zt_spline(record.get()), c.spline);
@@ -233,24 +228,16 @@ TEST(CurveRecord, DropsTheFourthCoordinateOfSlopesWithoutDividing) {
 }
 
 TEST(CurveRecord, ReducesItsSlopesForAFit) {
-    struct Case {
-        std::vector<int> slopes;
-        Values sites;  // where slopes are left
-    };
-    for (const Case& c : {Case{{1, 2}, {}},
-                          {{0, 1, 2, 3}, {0, 30}},
-                          {{0, 3}, {0, 30}},
-                          {{0}, {0, 30}},
-                          {{3}, {0, 30}},
-                          {{0, 1, 2}, {0, 17, 30}},  // the last interior one stays
-                          {{1, 2, 3}, {0, 17, 30}}}) {
-        const Record record = sloped(c.slopes);
+    // Which points have slopes, and where slopes are left; the last interior one stays.
+    const std::pair<std::vector<int>, Values> cases[] = {
+        {{1, 2}, {}},   {{0, 1, 2, 3}, {0, 30}},  {{0, 3}, {0, 30}},       {{0}, {0, 30}},
+        {{3}, {0, 30}}, {{0, 1, 2}, {0, 17, 30}}, {{1, 2, 3}, {0, 17, 30}}};
+    for (const auto& [slopes, sites] : cases) {
+        const Record record = sloped(slopes);
         BCDF_make_least_squares_slopes(record.get());
-        EXPECT_EQ(values_of(record->slope_parameters), c.sites);
-        for (std::size_t k = 0; k < c.sites.size(); ++k) {
-            const double* s = record->slopes->points + 3 * k;
-            EXPECT_NEAR(std::hypot(s[0], s[1], s[2]), 1.0, 1e-15);
-        }
+        EXPECT_EQ(values_of(record->slope_parameters), sites);
+        for (int k = 0; k < std::ssize(sites); ++k)
+            EXPECT_NEAR(length(vector_in(record->slopes, k)), 1.0, 1e-15);
     }
 }
 

@@ -136,6 +136,7 @@ TEST(Tangents, CountAndFail) {
         {exterior, big, equal, 0, 2, 2},
         {exterior, equal, big, 0, 2, -2},
         {exterior, big, arc(0.9e-9, 0, 2), 0, 0, 0},
+        {exterior, big, arc(1.1e-9, 0, 2), 0, 2, 2},
         {exterior, big, arc(1 - 0.4e-9, 0, 1), 4, 0, 0},
         {exterior, huge, near, 5, 0, 0},
         {exterior, near, huge, 4, 0, 0},

@@ -170,6 +170,15 @@ TEST(CommonLine, OfPlanesApartByTheToleranceIsThatOfOnePlane) {
     tols = no_angle;
     EXPECT_EQ(common_line({{0, 0, 1}, 0, 1}, {{0, 0, 1}, -0.25, 1}).status, 2);
     EXPECT_EQ(hit({0, 0, 0.25}, {0, 0, 0}, {0, 0, 1}, {1, 0, 0}).status, -1);
+    const Vector p1{7, 1, 1}, n1{0, 0, 1}, p2{3, 5, 4}, n2{0.6, 0, 0.8};
+    for (const double sine : {0.6, 0.59}) {  // of planes given by points and normals
+        Common c;
+        h634_(p1.data(), n1.data(), p2.data(), n2.data(), &sine, tols, c.point.data(),
+              c.along.data(), &c.status);
+        EXPECT_EQ(c.status, sine < 0.6 ? 0 : 1);
+        EXPECT_LT(distance(c.along, {0, sine < 0.6 ? 1.0 : 0, 0}), 1e-15);
+        EXPECT_LT(distance(c.point, {sine < 0.6 ? 7 : 0.0, 0, sine < 0.6 ? 1 : 0.0}), 1e-14);
+    }
     tols = fine;
 }
 
@@ -197,6 +206,9 @@ TEST(Projection, LandsOnThePlane) {
         ARC_SPLINE_proj_pt_to_pln(n.data(), q.data(), p.data(), foot.data());
         EXPECT_NEAR(dot(moved(foot, -1, q), n), 0, 1e-14);
         EXPECT_NEAR(length(cross(moved(p, -1, foot), n)), 0, 1e-14);
+        Vector adjusted = p;
+        ARC_SPLINE_adjust_pt_on_pln(n.data(), q.data(), adjusted.data());
+        EXPECT_EQ(adjusted, foot);
         ARC_SPLINE_proj_vec_to_pln(n.data(), p.data(), part.data());
         EXPECT_NEAR(dot(part, n), 0, 1e-14);
         EXPECT_EQ(ARC_SPLINE_adjust_vec_on_pln(1, n.data(), unit.data()), 1);

@@ -155,6 +155,9 @@ TEST(CurveEditing, PointsTakeTheirSlopesWithThemAndNoOther) {
     EXPECT_EQ(vector_in(ring->points, 1), (Vector{1, 0, 0})) << "two that are one";
     BCDF_replace_defining_point(ring.get(), up, 0, 3);
     EXPECT_EQ(vector_in(ring->points, 1), (Vector{0, 1, 0}));
+    ring->parameters->points[1] = 9;
+    BCDF_remove_defining_points(ring.get(), 0, 0);
+    EXPECT_EQ(values_of(ring->parameters).back(), 1) << "parameters are new, though nothing went";
     // Where the array has room behind the last point, a point of weight 1 comes to stand there.
     const Record weighted = new_record({0, 0, 0, 2, 0, 0, 0, 2}, 4);
     weighted->points->num_points = 1;

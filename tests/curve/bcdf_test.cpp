@@ -307,10 +307,14 @@ TEST(CurveRecord, ReportsOnlyWithChecking) {
               raised("bcdf", 1005303, "Parameter Array Is NULL"), no_parameters, no_parameters});
     ReportRecorder recorder;
     const CheckingLevel checking(1);
-    const Record narrow = new_record(corner);
-    narrow->points->dimension = 1;
-    BCDF_convert_to_least_squares(narrow.get());
-    EXPECT_EQ(recorder.take().at(0), internal("bcdf", "Points Are An Invalid Dimension"));
+    const Report invalid = internal("bcdf", "Points Are An Invalid Dimension");
+    for (const int dimension : {3, 1}) {
+        const Record record = new_record(corner);
+        record->points->dimension = dimension;
+        BCDF_convert_to_least_squares(record.get());
+        const Reports reports = recorder.take();
+        EXPECT_EQ(!reports.empty() && reports[0] == invalid, dimension == 1);
+    }
 }
 
 }  // namespace

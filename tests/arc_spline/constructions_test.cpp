@@ -200,6 +200,7 @@ TEST(ArcSplineConstructions, AlongATangent) {
 TEST(ArcSplineConstructions, TakeTheToleranceItselfForNothing) {
     tols = no_angle;  // nothing is collinear, and the bisectors are parallel
     EXPECT_EQ(through_3({0, 0}, {1, 0}, {3, 0}).status, 1);
+    EXPECT_EQ(touching({-1, 1}, {1, 1}, {0, 0}, {1, 0}).count, 1) << "but what is";
     tols = no_length;  // nor is anything half the chord
     EXPECT_EQ(on_chord({1, 1}, {1, 5}, 2, 0).count, 0);
     tols = negative;  // no point is on a line, but some are on neither side

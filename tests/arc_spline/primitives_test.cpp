@@ -199,6 +199,7 @@ TEST(ArcSplinePrimitives, FeetAndMirrorImages) {
         EXPECT_NEAR(f.distance, far, 1e-3);
         EXPECT_EQ(f.side, side);
     }
+    EXPECT_EQ(foot_between({0.5, 2}, {0, 0}, {1, 0}, 1).distance, 2);
     ReportRecorder recorder;
     const Foot null = foot_between({4, 4}, {1, 0}, {1, 1e-9}, 1);
     EXPECT_TRUE(null.distance == 5 && null.parm == 0 && null.side == -1);

@@ -54,6 +54,8 @@ TEST(CurveCalculations, ParametersAndWeights) {
     EXPECT_EQ(BCDF_CALC_single_weight(2, t.data(), 2), 0.0);
     EXPECT_EQ(BCDF_CALC_single_weight(1, t.data(), 0), 0.0);
     EXPECT_EQ(recorder.reports(), Reports{internal("bcdf_calc", "Not Enough Parameters")});
+    BCDF_CALC_weights(1, t.data(), w.data());
+    EXPECT_EQ(w[0], 0.0);
     const double same[3] = {1, 1, 2};
     EXPECT_EQ(BCDF_CALC_quadratic_apprx(same, same, same, same, 0, 0.0, 0, t.data()), 1);
     EXPECT_EQ(t, (Values{0, 1, 3, 7}));
@@ -305,6 +307,8 @@ TEST(CurveCalculations, MirroredAndUnitSlopes) {
     BCDF_CALC_auto_slope(record.get(), 2, out.data());
     BCDF_CALC_normalized_slope(record.get(), 2, -1, out.data());
     EXPECT_EQ(BCDF_CALC_denormalize_param(record.get(), 0.5), std::sqrt(13.0) / 2);
+    record->parameters->num_points = 0;
+    EXPECT_EQ(BCDF_CALC_denormalize_param(record.get(), 0.5), 0);
     const Reports expected = {
         raised("bcdf_calc", 1005314, "The Input Slope Has Zero Length"),
         raised("bcdf_calc", 1005315, "An Invalid Point Position Was Given By Calling Routine"),

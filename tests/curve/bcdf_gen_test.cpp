@@ -218,12 +218,15 @@ TEST(CurveEditing, NeededAndUpdatedSlopes) {
     // By type: renewed, kept, as long as the mean speed, kept, turned to the automatic side; and as
     // long as an arc that turns by 120 degrees, the most that counts.
     const double expected[] = {1, -2, -1, -2, 1, -4};
-    for (int type = 0; type < 6; ++type) {
-        const Record record = row_of(5);
-        BCDF_replace_slope(record.get(), Vector{-2, 0, 0}.data(), 2, type);
-        BCDF_update_slopes(record.get());
-        EXPECT_NEAR(vector_in(record->slopes, 0)[0], expected[type], 1e-14) << type;
-    }
+    for (int type = 0; type < 6; ++type)
+        for (const int at : {0, 1}) {  // by itself, and between slopes at the ends
+            const Record record = row_of(5);
+            BCDF_replace_slope(record.get(), Vector{-2, 0, 0}.data(), 2, type);
+            for (const int end : {0, 4})
+                if (at == 1) BCDF_replace_slope(record.get(), along, end, 1);
+            BCDF_update_slopes(record.get());
+            EXPECT_NEAR(vector_in(record->slopes, at)[0], expected[type], 1e-14) << type;
+        }
     for (const int end : {4, 0}) {
         const Record last = row_of(5);
         BCDF_replace_slope(last.get(), along, end, 0);

@@ -246,6 +246,7 @@ TEST(ArcSplineConstructions, FromRayToRay) {
     expect_equal(ray_to_ray({0, 0}, {1, 0}, {3, 2}, {1, 0}).s[0],
                  {1, 1, {0, 0}, 0, 180, {0, 1}, {}, 1, 1});
     EXPECT_EQ(ray_to_ray({0, 0}, {1, 0}, {3, 2}, {0, 1e-8}).status, 1);
+    EXPECT_EQ(ray_to_ray({0, 0}, {1e-8, 0}, {3, 2}, {0, 1}).status, 1);
     EXPECT_EQ(ray_to_ray({0, 0}, {1, 0}, {3, 0}, {-1, 0}).status, 2);
     ReportRecorder recorder;
     EXPECT_EQ(ray_to_ray({0, 0}, {1, 0}, {0, 3}, {0, 1}).status, 3);

@@ -180,7 +180,7 @@ TEST(ArcSplinePredicates, Intervals) {
         {0, 6, 2, 9, 1},     {9, 6, 2, 9, 1},       {1, 6, 2, 9, 1},       {2, 6, 2, 9, 12},
         {6, 6, 2, 9, 11},    {3, 6, 2, 9, 0},       {-1, 6, 2, 9, 0},      {10, 6, 2, 9, 0},
         {5, 2, 2, 9, 0},     {-1e-10, 0, 2, 0, 11}, {0, 6, 2, 1e-10, 0},   {inf, 6, 2, inf, 0},
-        {inf, 0, inf, 0, 0}, {-inf, -inf, 2, 0, 0}};
+        {inf, 0, inf, 0, 0}, {-inf, -inf, 2, 0, 0}, {-5e-11, 6, 2, 9, 1}};
     for (const auto& [t, a, b, period, answer] : cases)
         EXPECT_EQ(ARC_SPLINE_ask_is_parm_in_interval(t, a, b, period), answer) << t << ' ' << a;
     EXPECT_EQ(ARC_SPLINE_ask_sign_of_var(-1e-10, 1e-10), 0);

@@ -28,6 +28,12 @@ Record sloped(const std::vector<int>& positions, const Values& points = corner,
     return record;
 }
 
+BCDF* created(int periodicity, int least_squares, PNTLST* points, PNTLST* weights,
+              PNTLST* slopes = nullptr) {
+    return BCDF_create_from_pntlst(periodicity, 4, least_squares, points, nullptr, weights, slopes,
+                                   nullptr, nullptr, nullptr, nullptr, nullptr);
+}
+
 Record with_everything() {
     Record record = sloped({0, 1, 3});
     const double curvature[3] = {1.0, 0.0, 0.5};
@@ -110,15 +116,13 @@ TEST(CurveRecord, HandsOutItsArrays) {
 
 TEST(CurveRecord, CreatorsTakeWhatTheyAreGiven) {
     const NoBlocksLeft watch;
-    const auto create = [](int fits, PNTLST* points, PNTLST* weights, PNTLST* slopes = nullptr) {
-        return Record(BCDF_create_from_pntlst(0, 5, fits, points, nullptr, weights, slopes, nullptr,
-                                              nullptr, nullptr, nullptr, nullptr));
-    };
-    const Record plain = create(0, new_list(corner).release(), new_list({1, 1, 1, 1}, 1).release());
+    const Record plain(
+        created(0, 0, new_list(corner).release(), new_list({1, 1, 1, 1}, 1).release()));
     EXPECT_EQ(BCDF_is_least_squares(plain.get()), 0);
     EXPECT_EQ(values_of(plain->parameters), (Values{0, 5, 17, 30}));
     EXPECT_EQ(BCDF_ask_max_npoles_for_fit(plain.get()), 0);
-    const Record fit = create(1, new_list(corner).release(), new_list({4, 3, 2, 1}, 1).release());
+    const Record fit(
+        created(0, 1, new_list(corner).release(), new_list({4, 3, 2, 1}, 1).release()));
     EXPECT_EQ(values_of(fit->weights), (Values{4, 3, 2, 1}));
     EXPECT_EQ(BCDF_ask_max_npoles_for_fit(fit.get()), 4);
     fit->periodicity = 1;
@@ -140,24 +144,19 @@ TEST(CurveRecord, CreatorsThatFailTakeNothing) {
     const NoBlocksLeft watch;
     const CheckingLevel checking(1);
     struct Left {};
-    const List points = new_list(corner);
-    const List weights = new_list({1, 1, 1, 1}, 1);
-    const auto create = [&](int periodicity, PNTLST* p, PNTLST* w, PNTLST* slopes) {
-        return BCDF_create_from_pntlst(periodicity, 4, 1, p, nullptr, w, slopes, nullptr, nullptr,
-                                       nullptr, nullptr, nullptr);
-    };
+    const List points = new_list(corner), weights = new_list({1, 1, 1, 1}, 1);
     {
         const ReportRecorder leaving([](const Report&) { throw Left{}; });
-        EXPECT_THROW(create(1, points.get(), nullptr, nullptr), Left);
+        EXPECT_THROW(created(1, 1, points.get(), nullptr), Left);
     }
     ReportRecorder recorder;
-    EXPECT_EQ(create(0, nullptr, weights.get(), nullptr), nullptr);
-    EXPECT_EQ(create(0, points.get(), weights.get(), weights.get()), nullptr);
+    EXPECT_EQ(created(0, 1, nullptr, weights.get()), nullptr);
+    EXPECT_EQ(created(0, 1, points.get(), weights.get(), weights.get()), nullptr);
     EXPECT_EQ(recorder.take(),
               (Reports{raised("bcdf_gen", 1005304, "The Point List Is NULL"),
                        raised("bcdf_gen", 1005306, "Slope Position Array Is NULL")}));
     const Record weighted(
-        create(1, new_list(corner).release(), new_list({1, 1, 1, 1}, 1).release(), nullptr));
+        created(1, 1, new_list(corner).release(), new_list({1, 1, 1, 1}, 1).release()));
     EXPECT_EQ(BCDF_is_least_squares(weighted.get()), 1) << "with weights of its own";
     EXPECT_EQ(recorder.take(), Reports{});
     // Where the host goes on, a fit that cannot be periodic interpolates.

@@ -48,7 +48,7 @@ struct Touched {
 };
 
 struct CommonTangents {
-    int status = 0;
+    int status;
     int count = 0;
     Segment straights[2] = {};
     double parms[2][2] = {};  // circle by circle, of the two tangents
@@ -60,8 +60,7 @@ bool is_kept(Vec2 point, const PointOnSegment& on) {
 }
 
 CommonTangents straights_between(const Touched& touched, const TwoSides& two, const double* tols) {
-    CommonTangents made;
-    made.status = touched.status;
+    CommonTangents made{touched.status};
     for (int k = 0; k < touched.count; ++k) {
         const auto& [p1, p2] = touched.points[k];
         const PointOnSegment on_1 = point_on(two.sides[0].arc, p1, two.sides[0].bounded, tols);

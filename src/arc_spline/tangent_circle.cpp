@@ -78,7 +78,8 @@ double worst_gap(const Circle& c, const Touching (&three)[3]) {
         {std::fabs(gap(c, three[0])), std::fabs(gap(c, three[1])), std::fabs(gap(c, three[2]))});
 }
 
-/// One step of Newton's method on the gaps; the circle itself where there is none.
+/// One step of Newton's method on the gaps; the circle itself where there is none. From a centre
+/// that all radii of one circle lead to, the step leads nowhere: its numbers are none.
 Circle stepped(const Circle& c, const Touching (&three)[3]) {
     double slopes[9];
     double gaps[3];
@@ -86,7 +87,6 @@ Circle stepped(const Circle& c, const Touching (&three)[3]) {
     for (std::size_t i = 0; i < 3; ++i) {
         const Vec2 way = c.center - three[i].circle.center;
         const double distance = length(way);
-        if (distance == 0.0) return c;
         const bool shrinks = c.radius + three[i].excess() < 0.0;
         store(Vec3{way.x / distance, way.y / distance, shrinks ? 1.0 : -1.0}, slopes + 3 * i);
         gaps[i] = gap(c, three[i]);

@@ -73,7 +73,7 @@ void insert(const Attached& a, int dimension, int k, Vec3 v, double parameter, i
     open_place(*a.parameters, k);
     vector_place.keep();
     std::copy_backward(a.types + k, a.types + number, a.types + number + 1);
-    a.parameters->points[static_cast<std::ptrdiff_t>(k) * a.parameters->dimension] = parameter;
+    *point_at(*a.parameters, k) = parameter;
     overwrite(a, k, v, type);
 }
 

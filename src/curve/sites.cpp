@@ -41,7 +41,7 @@ Found find_parameter(std::span<const double> ascending, double t) {
 
 Found slope_at_point(const BCDF& record, int position) {
     const auto slopes = slope_sites(record);
-    if (slopes.empty() || !is_site(record, position)) return {false, 0};
+    if (!is_site(record, position)) return {false, 0};
     const Surroundings site = surroundings(parameters(record), position);
     const double eps = parameter_tolerance * site.span;
     const auto is_near = [&](double s) { return std::fabs(s - site.t) <= eps; };

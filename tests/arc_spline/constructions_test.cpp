@@ -117,9 +117,7 @@ TEST(ArcSplineConstructions, ThroughTwoPointsWithARadius) {
         EXPECT_EQ(one.count, 1);
         expect_equal(one.s[0], {1, 1, {1, 1}, 0, 360, {1, 3}, {}, 2, 2});
         EXPECT_EQ(on_chord({1, 1}, {1, 5}, 2 + 2e-6, selector).count, 0);
-        EXPECT_EQ(on_chord({1, 1}, {1, 5}, 9e-7, selector).count, 0);
     }
-    EXPECT_EQ(on_chord({1, 1}, {1, 1 + 1.9e-6}, 1e-7, 0).status, 1);
 }
 
 TEST(ArcSplineConstructions, ThroughTwoPointsTouchingALine) {
@@ -175,18 +173,10 @@ TEST(ArcSplineConstructions, AlongATangent) {
         const Segment s = touching_at(pt, p, d).s[0];
         const int side = static_cast<int>(sign(dot(left_of(d), way)));
         EXPECT_LT(off(s, pt), 1e-9);
-        const Pair center = moved(p, side * s.radius / 3, left_of(d));
-        expect_equal(s,
-                     {1,
-                      side,
-                      {p[0], p[1]},
-                      angle,
-                      angle + side * 360,
-                      {center[0], center[1]},
-                      {},
-                      s.radius,
-                      s.radius},
-                     1e-9);
+        const Pair c = moved(p, side * s.radius / 3, left_of(d));
+        const Segment expected{1,  side,     {p[0], p[1]}, angle, angle + side * 360, {c[0], c[1]},
+                               {}, s.radius, s.radius};
+        expect_equal(s, expected, 1e-9);
         const Segment arc = chord(p, d, pt).s[0];
         EXPECT_NEAR(arc.radius / s.radius, 1, 1e-12);
         EXPECT_TRUE(arc.start_angle == s.start_angle && arc.orientation == side);
@@ -203,7 +193,6 @@ TEST(ArcSplineConstructions, AlongATangent) {
     EXPECT_EQ(touching_at({0, 0}, {1, 0}, {0, 9e-11}).status, 2);
     expect_equal(chord({0, 0}, {3, 0}, {2, 9e-7}).s[0], ahead, 0);
     EXPECT_EQ(chord({0, 0}, {3, 0}, {2, 0}).status, 0);
-    EXPECT_EQ(chord({0, 0}, {3, 0}, {9e-7, 0}).status, 1);
     EXPECT_EQ(chord({0, 0}, {3, 0}, {-2, 9e-7}).status, 2);
 }
 
@@ -211,6 +200,7 @@ TEST(ArcSplineConstructions, AlongATangent) {
 TEST(ArcSplineConstructions, TakeTheToleranceItselfForNothing) {
     tols = no_angle;  // nothing is collinear, and the bisectors are parallel
     EXPECT_EQ(through_3({0, 0}, {1, 0}, {3, 0}).status, 1);
+    EXPECT_EQ(touching({-1, 1}, {1, 1}, {0, 0}, {1, 0}).count, 1) << "but what is";
     tols = no_length;  // nor is anything half the chord
     EXPECT_EQ(on_chord({1, 1}, {1, 5}, 2, 0).count, 0);
     tols = negative;  // no point is on a line, but some are on neither side
@@ -256,6 +246,7 @@ TEST(ArcSplineConstructions, FromRayToRay) {
     expect_equal(ray_to_ray({0, 0}, {1, 0}, {3, 2}, {1, 0}).s[0],
                  {1, 1, {0, 0}, 0, 180, {0, 1}, {}, 1, 1});
     EXPECT_EQ(ray_to_ray({0, 0}, {1, 0}, {3, 2}, {0, 1e-8}).status, 1);
+    EXPECT_EQ(ray_to_ray({0, 0}, {1e-8, 0}, {3, 2}, {0, 1}).status, 1);
     EXPECT_EQ(ray_to_ray({0, 0}, {1, 0}, {3, 0}, {-1, 0}).status, 2);
     ReportRecorder recorder;
     EXPECT_EQ(ray_to_ray({0, 0}, {1, 0}, {0, 3}, {0, 1}).status, 3);

@@ -159,10 +159,12 @@ TEST(Intersections, ThatAreNone) {
     const Segment left = arc({coarse, 0}, 12), above = arc({coarse, 1.5e-10}, 12);
     const Segment below = arc({coarse, -1.5e-10}, 12), rim = arc({5, 0}, tiny);
     const Segment huge = arc({0, 0}, 1e200);
+    // One end of its chord is beyond all numbers.
+    const Segment afar = arc({1.5e308, 1}, 2), wide{0, 0, {1.5e308, 0}, 0, 0, {}, {1e308, 0}, 1, 1};
     using Couples = std::vector<std::array<const Segment*, 2>>;
     const std::pair<int, Couples> cases[] = {
         {0, {{&circle, &ring}, {&circle, &circle}, {&circle, &apart}, {&circle, &dot}}},
-        {0, {{&dot, &line}, {&line, &line}, {&line, &parallel}, {&huge, &apart}}},
+        {0, {{&dot, &line}, {&line, &line}, {&line, &parallel}, {&huge, &apart}, {&afar, &wide}}},
         {1, {{&bad, &bad}, {&aimless, &circle}}},
         {2, {{&circle, &bad}, {&circle, nullptr}}},
         {3, {{&small, &line}, {&line, &small}, {&row[0], &row[1]}}},

@@ -5,6 +5,7 @@
 
 #include <cmath>
 
+#include "support/plane.h"
 #include "support/vectors.h"
 
 namespace {
@@ -96,26 +97,22 @@ TEST(CirclePoint, ComesBackAsTheCircleDownToItsPoint) {
 TEST(PolarPlane, HoldsTheCirclesThatCutItAtRightAngles) {
     Random random;
     for (int i = 0; i < rounds(200); ++i) {
-        const double c1[] = {random.normal(), random.normal()};
-        const double c2[] = {random.normal(), random.normal()};
-        const double r1 = random.uniform(0.1, 2);
-        const double squared = std::pow(c1[0] - c2[0], 2) + std::pow(c1[1] - c2[1], 2) - r1 * r1;
-        Plane plane;
-        ARC_SPLINE_ask_polar_plane_of_circle(c1, r1, &plane);
+        const Pair c1 = random.vector<2>(), c2 = random.vector<2>(), way = moved(c1, -1, c2);
+        const double r1 = random.uniform(0.1, 2), squared = dot(way, way) - r1 * r1;
+        Plane plane, unit;
+        ARC_SPLINE_ask_polar_plane_of_circle(c1.data(), r1, &plane);
         EXPECT_EQ(plane.normalised, 0);
         EXPECT_EQ(plane.normal[2], -1.0);
-        Vector p{c2[0], c2[1], c2[0] * c2[0] + c2[1] * c2[1] - squared};
+        const Vector p{c2[0], c2[1], dot(c2, c2) - squared};
         EXPECT_NEAR(value(plane, p), 0, 1e-13);
 
         // Normalised, a copy is the same plane, with the same nearest point of the origin.
-        Plane unit;
         ARC_SPLINE_copy_monge_plane(&plane, &unit);
         ARC_SPLINE_normalize_monge_plane(&unit);
         EXPECT_EQ(unit.normalised, 1);
         EXPECT_NEAR(value(unit, p), 0, 1e-13);
         for (const Plane& one : {plane, unit}) {
-            Vector nearest;
-            Vector normal;
+            Vector nearest, normal;
             ARC_SPLINE_ask_pt_and_normal_of_monge_plane(&one, nearest.data(), normal.data());
             EXPECT_NEAR(length(normal), 1, 1e-15);
             EXPECT_NEAR(value(plane, nearest), 0, 1e-13);
@@ -132,8 +129,7 @@ TEST(PolarPlane, OfTheUnitCircleIsNormalised) {
     EXPECT_EQ(plane.normal[2], -1);
     EXPECT_EQ(plane.offset, 1);
     plane.normal[2] = -4;  // trusted by the flag alone
-    Vector point;
-    Vector normal;
+    Vector point, normal;
     ARC_SPLINE_ask_pt_and_normal_of_monge_plane(&plane, point.data(), normal.data());
     EXPECT_EQ(point, (Vector{0, 0, 4}));
     EXPECT_EQ(normal, (Vector{0, 0, -4}));
@@ -142,8 +138,7 @@ TEST(PolarPlane, OfTheUnitCircleIsNormalised) {
 TEST(CommonLine, LiesOnBothPlanesNearestTheOrigin) {
     Random random;
     for (int i = 0; i < rounds(200); ++i) {
-        Plane a{{}, random.normal(), 0};
-        Plane b{{}, random.normal(), 0};
+        Plane a{{}, random.normal(), 0}, b{{}, random.normal(), 0};
         std::ranges::copy(random.vector(), a.normal);
         std::ranges::copy(random.vector(), b.normal);
         const auto [point, along, parm, status] = common_line(a, b);
@@ -175,13 +170,20 @@ TEST(CommonLine, OfPlanesApartByTheToleranceIsThatOfOnePlane) {
     tols = no_angle;
     EXPECT_EQ(common_line({{0, 0, 1}, 0, 1}, {{0, 0, 1}, -0.25, 1}).status, 2);
     EXPECT_EQ(hit({0, 0, 0.25}, {0, 0, 0}, {0, 0, 1}, {1, 0, 0}).status, -1);
+    const Vector p1{7, 1, 1}, n1{0, 0, 1}, p2{3, 5, 4}, n2{0.6, 0, 0.8};
+    for (const double sine : {0.6, 0.59}) {  // of planes given by points and normals
+        Common c;
+        h634_(p1.data(), n1.data(), p2.data(), n2.data(), &sine, tols, c.point.data(),
+              c.along.data(), &c.status);
+        EXPECT_EQ(c.status, sine < 0.6 ? 0 : 1);
+        EXPECT_LT(distance(c.along, {0, sine < 0.6 ? 1.0 : 0, 0}), 1e-15);
+        EXPECT_LT(distance(c.point, {sine < 0.6 ? 7 : 0.0, 0, sine < 0.6 ? 1 : 0.0}), 1e-14);
+    }
     tols = fine;
 }
 
 TEST(CommonPoint, OfThreePlanesIsNotLookedFor) {
-    const Plane x{{1, 0, 0}, -1, 0};
-    const Plane y{{0, 1, 0}, -2, 0};
-    const Plane z{{0, 0, 1}, -3, 0};
+    const Plane x{{1, 0, 0}, -1, 0}, y{{0, 1, 0}, -2, 0}, z{{0, 0, 1}, -3, 0};
     const auto statuses = [](const Plane& a, const Plane& b, const Plane& c) {
         Vector point{7, 7, 7};
         int s[3];
@@ -199,17 +201,16 @@ TEST(CommonPoint, OfThreePlanesIsNotLookedFor) {
 TEST(Projection, LandsOnThePlane) {
     Random random;
     for (int i = 0; i < rounds(100); ++i) {
-        const Vector n = random_unit(random);
-        const Vector q = random.vector();
-        const Vector p = random.vector();
-        Vector foot;
+        const Vector n = random_unit(random), q = random.vector(), p = random.vector();
+        Vector foot, part, unit = p;
         ARC_SPLINE_proj_pt_to_pln(n.data(), q.data(), p.data(), foot.data());
         EXPECT_NEAR(dot(moved(foot, -1, q), n), 0, 1e-14);
         EXPECT_NEAR(length(cross(moved(p, -1, foot), n)), 0, 1e-14);
-        Vector part;
+        Vector adjusted = p;
+        ARC_SPLINE_adjust_pt_on_pln(n.data(), q.data(), adjusted.data());
+        EXPECT_EQ(adjusted, foot);
         ARC_SPLINE_proj_vec_to_pln(n.data(), p.data(), part.data());
         EXPECT_NEAR(dot(part, n), 0, 1e-14);
-        Vector unit = p;
         EXPECT_EQ(ARC_SPLINE_adjust_vec_on_pln(1, n.data(), unit.data()), 1);
         EXPECT_LT(distance(scaled(unit, length(part)), part), 1e-14);
 
@@ -242,8 +243,8 @@ TEST(HouseholderRotation, IsTheSmallestThatTakesOneDirectionToTheOther) {
     Random random;
     for (int i = 0; i < rounds(200); ++i) {
         const Vector f = random_unit(random);
-        // From opposite within 1e-9 to anywhere.
-        const double off = std::pow(10, random.uniform(-9, 1));
+        // Opposite, from opposite within 1e-9 to anywhere.
+        const double off = i % 8 == 0 ? 0 : std::pow(10, random.uniform(-9, 1));
         const Vector t = moved(scaled(f, -1), off, random.vector());
         const auto [r, status] = smallest_rotation(scaled(f, 3), t);
         ASSERT_EQ(status, 0);
@@ -254,15 +255,6 @@ TEST(HouseholderRotation, IsTheSmallestThatTakesOneDirectionToTheOther) {
     }
 }
 
-TEST(HouseholderRotation, OfOppositeDirectionsIsAHalfTurn) {
-    const Vector f{0, 0, 2};
-    const auto [r, status] = smallest_rotation(f, scaled(f, -1));
-    EXPECT_EQ(status, 0);
-    EXPECT_LT(rotation_defect(r), 1e-15);
-    EXPECT_EQ(times(r, f), (Vector{0, 0, -2}));
-    EXPECT_EQ(r[0] + r[4] + r[8], -1);
-}
-
 TEST(TransformsOfVectors, ReflectMoveAndCombine) {
     Random random;
     const auto image = [](const double* m, const Vector& p) {
@@ -271,19 +263,14 @@ TEST(TransformsOfVectors, ReflectMoveAndCombine) {
             r[i] = m[4 * i] * p[0] + m[4 * i + 1] * p[1] + m[4 * i + 2] * p[2] + m[4 * i + 3];
         return r;
     };
-    const Vector q = random.vector();
-    const Vector n = random.vector();
-    const Vector v = random.vector();
-    const Vector p = random.vector();
-    double mirror[16];
+    const Vector q = random.vector(), n = random.vector(), v = random.vector(), p = random.vector();
+    double mirror[16], move[16], both[16];
     int status = 9;
     ARC_SPLINE_ask_householder_transformation(q.data(), n.data(), mirror, &status);
     EXPECT_EQ(status, 0);
     const double off = 2 * dot(moved(p, -1, q), n) / dot(n, n);
     EXPECT_LT(distance(image(mirror, p), moved(p, -off, n)), 1e-14);
 
-    double move[16];
-    double both[16];
     ARC_SPLINE_ask_translation_matrix(v.data(), move);
     EXPECT_EQ(image(move, p), moved(p, 1, v));
     ARC_SPLINE_combine_translation_matrix(v.data(), mirror, both);
@@ -297,8 +284,7 @@ TEST(TransformsOfVectors, ReflectMoveAndCombine) {
 TEST(MapsOfVectors, TakePairsAndTriplesToTheirImages) {
     Random random;
     for (int i = 0; i < rounds(200); ++i) {
-        Vector a[3];
-        Vector b[3];
+        Vector a[3], b[3];
         for (std::size_t k = 0; k < 3; ++k)
             a[k] = random.vector(), b[k] = random.vector();
         const Map triple = map_of(a, b);
@@ -318,10 +304,7 @@ TEST(MapsOfVectors, TakePairsAndTriplesToTheirImages) {
 }
 
 TEST(MapsOfVectors, OfNullOrParallelVectorsAreTheIdentity) {
-    const Vector x{1, 0, 0};
-    const Vector y{0, 1, 0};
-    const Vector null{0, 0, 1e-10};
-    const Vector near{1, 0.9e-10, 0};
+    const Vector x{1, 0, 0}, y{0, 1, 0}, null{0, 0, 1e-10}, near{1, 0.9e-10, 0};
     const auto expect_none = [](const Map& map) {
         EXPECT_EQ(map.status, 1);
         EXPECT_EQ(map.r, identity);

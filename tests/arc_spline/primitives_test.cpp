@@ -170,9 +170,9 @@ TEST(ArcSplinePrimitives, FeetAndMirrorImages) {
     Random random;
     for (int i = 0; i < rounds(200); ++i) {
         const Pair p = random.vector<2>(), a = random.vector<2>();
-        const Pair d = direction_at(random.uniform(0, 360)), b = moved(a, 1.5, d);
+        const Pair d = direction_at(random.uniform(0, 360)), b = moved(a, 0.5, d);
         const double aside = dot(left_of(d), minus(p, a)), ahead = dot(d, minus(p, a));
-        const double kept = std::clamp(ahead, 0.0, 1.5);
+        const double kept = std::clamp(ahead, 0.0, 0.5);
         const Foot free = foot_on_line(p, a, d, 1e-9), same = foot_between(p, a, b, 0);
         EXPECT_NEAR(free.distance, std::fabs(aside), 1e-14);
         EXPECT_NEAR(same.distance, std::fabs(aside), 1e-14);
@@ -199,6 +199,7 @@ TEST(ArcSplinePrimitives, FeetAndMirrorImages) {
         EXPECT_NEAR(f.distance, far, 1e-3);
         EXPECT_EQ(f.side, side);
     }
+    EXPECT_EQ(foot_between({0.5, 2}, {0, 0}, {1, 0}, 1).distance, 2);
     ReportRecorder recorder;
     const Foot null = foot_between({4, 4}, {1, 0}, {1, 1e-9}, 1);
     EXPECT_TRUE(null.distance == 5 && null.parm == 0 && null.side == -1);
@@ -243,9 +244,11 @@ TEST(ArcSplinePrimitives, LinesMeet) {
     EXPECT_EQ(parms, (Pair{9, 9}));
     d2 = direction_at(0.9);
     EXPECT_EQ(status({0, 0}, {0, 1}), 1);
-    d2 = {0, 1e-9};
-    EXPECT_EQ(status({0, 0}, {0, 1}), 1);
-    EXPECT_EQ(cosine, 1);
+    for (const double size : {0.9e-8, 1.1e-8}) {  // the first without a direction
+        d2 = {0, size};
+        EXPECT_EQ(status({0, 0}, {0, 1}), size < 1e-8);
+        EXPECT_EQ(cosine, size < 1e-8);
+    }
 }
 
 }  // namespace

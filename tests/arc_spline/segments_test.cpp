@@ -115,13 +115,14 @@ TEST(ArcSplineSegments, StraightsAreMeasuredFromTheirStart) {
     EXPECT_EQ(ARC_SPLINE_ask_arcl_of_trimmed_1_seg_2d(&s, parms, &status), 3);
     EXPECT_EQ(ARC_SPLINE_ask_radius_of_1_seg_2d(&s), 1e19);
     EXPECT_EQ(Data(&s, 0).corner, (Pair{2.5, 4}));
+    EXPECT_EQ(Data(&s).curvature, 0);
     // One that has no length: the fallback as given, and the end moved onto the start.
     Pair end{1, 1e-11};
     Segment null{};
     ARC_SPLINE_cre_strt_seg_2d(Pair{1, 0}.data(), end.data(), Pair{0, -3}.data(), &null);
     EXPECT_EQ(end, (Pair{1, 0}));
     expect_equal(null, {0, 0, {1, 0}, 270, 270, {1, 0}, {0, -3}, 0, 0});
-    EXPECT_EQ(made_straight({0, 0}, {2e-10, 0}).radius, 2e-10);
+    EXPECT_EQ(made_straight({0, 0}, {1e-10, 0}).radius, 1e-10);
 }
 
 TEST(ArcSplineSegments, FullCircles) {
@@ -135,6 +136,11 @@ TEST(ArcSplineSegments, FullCircles) {
         expect_equal(s, {1, o, {5, 7}, 90, o == -1 ? -270.0 : 450.0, {5 - 2.0 * o, 7}, {}, 2, 2});
         expect_near(evaluated(s, 180, 1).point, moved({5 - 2.0 * o, 7}, 2.0 * o, {0, 1}), 1e-12);
     }
+    Segment copy{};
+    ARC_SPLINE_copy_1_seg_2d_pre_allocated(&s, &copy);
+    expect_equal(copy, s, 0);
+    ARC_SPLINE_init_1_seg_2d(&copy);
+    expect_equal(copy, {}, 0);
 }
 
 TEST(ArcSplineSegments, DomainsAreClosedAndEndsAttract) {
@@ -188,6 +194,10 @@ TEST(ArcSplineSegments, DomainsAreClosedAndEndsAttract) {
     ARC_SPLINE_ask_dist_pt_to_1_seg_2d(&straight, Pair{2.125, 1}.data(), 1, wide, foot.data(),
                                        &parm, &far, &status);
     EXPECT_TRUE(far == 1 && parm == 2) << "near enough to the end";
+    const Segment half = made_arc({0, -1}, 0, 180, 1, 1).arc;
+    ARC_SPLINE_ask_dist_pt_to_1_seg_2d(&half, Pair{-3, 0}.data(), 1, wide, foot.data(), &parm, &far,
+                                       &status);
+    EXPECT_EQ(parm, 0) << "the start of ends equally near";
     for (parm = 10; parm <= 90; parm += 80)  // the ends themselves
         EXPECT_EQ(ARC_SPLINE_ask_is_parm_in_arc_domain(&left, -1, &parm), 1);
 }
@@ -198,6 +208,11 @@ TEST(ArcSplineSegments, CentralAngles) {
                                {10, 300, 0, 0, 300},   {0, -400, 1, -40, -40}};
     for (const auto& [start, end, orientation, angle, end_after] : cases) {
         Segment arc{1, static_cast<int>(orientation), {}, start, end, {}, {}, 2, 2};
+        double moved_on = end;
+        EXPECT_EQ(
+            ARC_SPLINE_ask_central_angle_from_inclination_angles(start, &moved_on, arc.orientation),
+            angle);
+        EXPECT_EQ(moved_on, end_after);
         EXPECT_EQ(Data(&arc).angles[1], end_after);
         EXPECT_EQ(arc.end_angle, end);  // only the next call writes it
         EXPECT_EQ(ARC_SPLINE_ask_central_angle_of_1_seg_2d(&arc), angle);
@@ -211,19 +226,27 @@ TEST(ArcSplineSegments, Statuses) {
     const Segment other{5, 0, {}, 0, 0, {}, {}, 1, 1}, straight = made_straight({0, 0}, {1, 0});
     const struct {
         const Segment* s;
-        int measuring, data, circle, type, foot;
-    } cases[] = {{nullptr, 1, 0, 1, -1, 1},
-                 {&thin, 2, 1, 0, -1, 2},
-                 {&just, 0, 0, 0, 1, 3},
-                 {&other, 3, 3, 2, 5, 2},
-                 {&straight, 0, 0, 0, 0, 0}};
+        int measuring, data, ends, circle, type, foot;
+    } cases[] = {{nullptr, 1, 0, 1, 1, -1, 1},
+                 {&thin, 2, 1, 2, 0, -1, 2},
+                 {&just, 0, 0, 0, 0, 1, 3},
+                 {&other, 3, 3, 3, 2, 5, 2},
+                 {&straight, 0, 0, 0, 0, 0, 0}};
     for (const auto& c : cases) {
         int status = 9, type = 9, domain = 9;
         double radius = 0, parm = 0;
         Pair out{}, at{1e-10, 0};
         EXPECT_EQ(ARC_SPLINE_ask_arcl_of_1_seg_2d(c.s, &status) != 0, c.measuring == 0);
         EXPECT_EQ(status, c.measuring);
-        EXPECT_EQ(Data(c.s).status, c.data);
+        const Data data(c.s);
+        EXPECT_EQ(data.status, c.data);
+        std::array<Pair, 4> ends{};
+        ARC_SPLINE_ask_end_pts_of_1_seg_2d(c.s, ends[0].data(), ends[1].data(), ends[2].data(),
+                                           ends[3].data(), &status);
+        EXPECT_EQ(status, c.ends);
+        EXPECT_EQ(ends, status != 0 ? decltype(ends){}
+                                    : (std::array{data.start, data.start_tangent, data.end,
+                                                  data.end_tangent}));
         ARC_SPLINE_ask_center_radius_of_seg_2d(c.s, &type, &radius, out.data(), &status);
         EXPECT_TRUE(status == c.circle && type == c.type) << status << ' ' << type;
         EXPECT_EQ(radius > 0.0, status == 0);
@@ -232,8 +255,11 @@ TEST(ArcSplineSegments, Statuses) {
         EXPECT_EQ(status, c.foot);
     }
     const Segment half = made_arc({0, 0}, 20, 180, 1, 1).arc;
-    EXPECT_EQ(Data(&half).status, 2);  // no corner
-    EXPECT_EQ(Data(&half, 0).status, 0);
+    for (const int want_corner : {0, 1}) {
+        const Data data(&half, want_corner);
+        EXPECT_EQ(data.status, 2 * want_corner);
+        EXPECT_EQ(data.corner, (Pair{9, 9})) << "none";
+    }
     Segment odd = half;
     odd.type = 2;
     Pair place{9, 9};
@@ -342,9 +368,10 @@ TEST(ArcSplineSegments, AngleRanges) {
     h053_(&y, &x, &angle);
     EXPECT_EQ(angle, 0.0);
     Pair normal{};
-    ARC_SPLINE_ask_perp_vec(1, Pair{3, 4}.data(), normal.data());
-    ARC_SPLINE_ask_perp_vec(2, normal.data(), normal.data());  // 1 alone is right
-    EXPECT_EQ(normal, (Pair{3, 4}));
+    for (const int side : {0, 1, 2}) {  // 1 alone is right
+        ARC_SPLINE_ask_perp_vec(side, Pair{3, 4}.data(), normal.data());
+        EXPECT_EQ(normal, side == 1 ? (Pair{4, -3}) : (Pair{-4, 3}));
+    }
 }
 
 }  // namespace

@@ -149,10 +149,15 @@ TEST(TangentCircles, TouchWhatTheyMust) {
         const Circle a = random_circle(random), b = random_circle(random),
                      c = random_circle(random);
         const Pair p = random.vector<2>(), q = random.vector<2>();
+        const Similarity move(random);
+        const auto image = [&](const Circle& x) {
+            return Circle{move.point(x.c), move.scale * x.r};
+        };
         SCOPED_TRACE(round);
         const Answer three = touching_three(a, b, c);
         expect_touching(three, {a, b, c}, {});
         expect_order(three, {a, b, c});
+        EXPECT_EQ(touching_three(image(a), image(b), image(c)).count, three.count);
         const Answer two = through_point(a, b, p);
         expect_touching(two, {a, b}, {p});
         expect_order(two, {a, b});
@@ -230,6 +235,8 @@ TEST(TangentCircles, AreAsManyAsTheyMustBe) {
     const Circle a{{0, 0}, 1}, b{{4, 0}, 1};
     EXPECT_EQ(of_radius(a, b, 1.0).count, 1) << "between the two";
     EXPECT_EQ(of_radius(a, b, 3.0).count, 7);
+    for (const double radius : {1.0, 3.0})
+        expect_touching(of_radius(a, b, radius), {a, b}, {});
     for (const double y : {-9.0, 9.0})
         EXPECT_GT(of_radius({{0, y}, 1}, {{4, y}, 1}, 3.0).circles[0].center[1], y)
             << "from left to right";
@@ -242,8 +249,6 @@ TEST(TangentCircles, AreAsManyAsTheyMustBe) {
     EXPECT_EQ(through_point({{1, 0}, 1}, {{-1, 0}, 1}, {-3, 0}).count, 3) << "touching outside";
     EXPECT_EQ(through_point({{0, 0}, 2}, {{2, 0}, 4}, {5, 0}).count, 3) << "touching inside";
     EXPECT_EQ(through_two({-2, 1}, {2, 1}, a).count, 1) << "the line through them touches";
-    for (const double off : {0.9e-9, 1.1e-9})
-        EXPECT_EQ(through_two({-2, 1 + off}, {2, 1 + off}, a).count, off < 1e-9 ? 1 : 2);
     EXPECT_EQ(through_two({0, 1}, {3, 3}, a).count, 1);
     EXPECT_EQ(through_two({0, 0}, {-12.5, 0}, {{9.5, 0}, 5.5}).count, 2);
     EXPECT_EQ(through_two({0, 1}, {3, 1}, a).count, 0);
@@ -255,6 +260,7 @@ TEST(TangentCircles, TakeTheToleranceItselfForNothing) {
     tols = quarter;
     const Circle a{{0, 0}, 1}, b{{4, 0}, 1}, c{{0.25, 0}, 1.25};
     EXPECT_EQ(of_radius({{0, 0}, 0.25}, b, 3).status, 0);
+    EXPECT_EQ(touching_three({{0, -5}, 4}, {{0, 5}, 5}, {{0, 4}, 4}).count, 2) << "found once each";
     EXPECT_EQ(of_radius(a, {{2.5, 0}, 1}, 0.25).count, 1);
     EXPECT_EQ(of_radius(a, {{4.25, 0}, 1}, 1).count, 1);
     EXPECT_EQ(of_radius(a, {{2.25, 0}, 1}, 3).count, 6) << "two of them at the sides";
@@ -267,13 +273,14 @@ TEST(TangentCircles, TakeTheToleranceItselfForNothing) {
     EXPECT_EQ(through_two({2, 1}, {2, 1.25}, a).status, 1);
     EXPECT_DOUBLE_EQ(through_two({-2, 1.25}, {2, 1.25}, a).circles.at(0).radius, 145.0 / 72)
         << "the smaller one alone";
-    EXPECT_EQ(through_two({0, 1.25}, {3, 3}, a).count, 1);
-    EXPECT_EQ(through_two({3, 3}, {0, 1.25}, a).count, 1);
+    for (const Answer& x : {through_two({0, 1.25}, {3, 3}, a), through_two({3, 3}, {0, 1.25}, a)})
+        EXPECT_DOUBLE_EQ(x.circles.at(0).radius, 12.0625 / 3.5) << "touched at the point";
     EXPECT_EQ(through_two({0, 1}, {3, 1.25}, a).count, 0);
     const Segment circle = record(a), x_axis = line({0, 0}, {1, 0});
     EXPECT_EQ(at_point(circle, x_axis, {3, 0.25}).status, 0);
     EXPECT_EQ(at_point(circle, line({1.25, 0}, {24, -7}), {1.25, 0}).count, 0);
-    EXPECT_EQ(at_point(circle, line({3, 1.25}, {1, 0}), {3, 1.25}).count, 1);
+    EXPECT_EQ(at_point(circle, line({3, 1.25}, {1, 0}), {3, 1.25}).count, 1)
+        << "the line touches, too";
     EXPECT_EQ(at_point(line({0, 0.25}, {1, 0}), x_axis, {3, 0}).count, 0);
     EXPECT_EQ(at_point(line({0, -2}, {1, 0}), line({0, 0.25}, {1, 0}), {3, 0}).count, 1);
     const double exact[] = {0, 1e-7}, right_angle[] = {1e-9, 90}, negative[] = {-1, 1e-7},
@@ -283,34 +290,19 @@ TEST(TangentCircles, TakeTheToleranceItselfForNothing) {
     EXPECT_GT(through_point({{0, 3}, 2}, {{-2, 3}, 6}, {-0.5, -1.5}).circles[0].radius, 2);
     tols = exact;
     EXPECT_EQ(at_point(circle, x_axis, {1, 0}).count, 0);
+    EXPECT_EQ(through_two({0, 1}, {1, 0}, a).count, 0);
     tols = negative;
     EXPECT_GT(of_radius(a, b, 3).circles[0].center[1], 0) << "from left to right all the same";
     EXPECT_EQ(of_radius(a, b, 1).count, 2);
     EXPECT_EQ(of_radius(a, {{2, 0}, 1}, 3).count, 8) << "where centres meet in one point, too";
+    EXPECT_EQ(through_two({1, 0}, {3, 1}, a).count, 1) << "no point is on a circle";
+    EXPECT_EQ(through_two({3, 1}, {1, 0}, a).count, 1);
+    EXPECT_EQ(through_two({3, 1}, {0, 0}, a).count, 0);
     tols = right_angle;
     EXPECT_EQ(at_point(line({0, 0}, {0, 1}), x_axis, {3, 0}).count, 1);
     tols = fine;
     for (const double radius : {1e10, std::nextafter(1e10, HUGE_VAL)})
         EXPECT_EQ(of_radius(a, b, radius).count > 0, radius == 1e10);
-}
-
-TEST(TangentCircles, MoveWithTheData) {
-    Random random;
-    for (int round = 0; round < rounds(500); ++round) {
-        const Circle a = random_circle(random), b = random_circle(random),
-                     c = random_circle(random);
-        const Similarity move(random);
-        const auto image = [&](const Circle& x) {
-            return Circle{move.point(x.c), move.scale * x.r};
-        };
-        const Answer here = touching_three(a, b, c);
-        const Answer there = touching_three(image(a), image(b), image(c));
-        ASSERT_EQ(here.count, there.count);
-        for (int i = 0; i < here.count; ++i) {
-            const double r = here.circles[i].radius, slack = 1e-7 * move.scale * (1 + r * r);
-            expect_near(center_of(there.circles[i]), move.point(center_of(here.circles[i])), slack);
-        }
-    }
 }
 
 TEST(CirclesAtAPoint, TouchTheLineThereAndTheRest) {
@@ -356,14 +348,10 @@ TEST(CirclesAtAPoint, TouchTheLineThereAndTheRest) {
     }
     const Segment circle = record({{0, 0}, 1});
     const Segment x_axis = line({0, 0}, {1, 0});
-    EXPECT_EQ(at_point(circle, line({0, 1}, {1, 0}), {5, 1}).count, 1) << "the line touches, too";
-    EXPECT_EQ(at_point(circle, x_axis, {1, 0}).count, 0);
     EXPECT_EQ(at_point(record({{0, 1 + 1.5e-9}, 1}), x_axis, {0, 0}).count, 0)
         << "one is too small, the other is the given circle";
     EXPECT_EQ(at_point(circle, line({0, 3}, {1, 0}), {0, 3}, 90.0).count, 1);
-    EXPECT_EQ(at_point(line({0, 2}, {-1, 0}), x_axis, {7, 0}).count, 1) << "parallel";
     EXPECT_EQ(at_point(line({0, 0}, {0, 1}), x_axis, {3, 0}).count, 2) << "square";
-    EXPECT_EQ(at_point(line({0, 0}, {1, 1}), x_axis, {0, 0}).count, 0);
 }
 
 TEST(TangentCircles, SayWhatCannotBeServed) {
@@ -384,6 +372,8 @@ TEST(TangentCircles, SayWhatCannotBeServed) {
     EXPECT_EQ(at_point(circle, x_axis, {3, 1}).status, 3);
     EXPECT_EQ(at_point(circle, circle, {3, 1}).status, 2);
     EXPECT_EQ(at_point(x_axis, x_axis, {3, 1}).status, 3);
+    EXPECT_EQ(at_point({}, x_axis, {3, 0}).status, 1) << "a line without a direction";
+    EXPECT_EQ(at_point(x_axis, {}, {3, 0}).status, 2);
     EXPECT_EQ(recorder.take(), Reports{});
     EXPECT_EQ(of_radius(a, null, 1.0).status, 2);
     EXPECT_EQ(of_radius(null, b, 0.0).status, 4);

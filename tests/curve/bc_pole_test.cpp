@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "support/by_value.h"
 #include "support/session.h"
 #include "support/shared_block.h"
 #include "support/vectors.h"
@@ -35,13 +36,10 @@ TEST(Poles, AreMovedAndMeasuredAsTheirPoints) {
             p[3] = std::ldexp(1.0, random.integer(-3, 3));  // so that division is exact
             return p;
         };
-        const auto a = weighted();
-        const auto b = weighted();
-        const auto p = weighted();
+        const auto a = weighted(), b = weighted(), p = weighted();
         const auto t = random.vector();
-        double there[4];
-        double foot[4];
-        Vector difference;
+        double there[4], foot[4];
+        Vector difference, chord, off, from_a;
         bc_POLE_translate_pole(p.data(), t.data(), there);
         const double shift = bc_POLE_3d_distance(there, p.data(), difference.data());
         EXPECT_EQ(there[3], p[3]);
@@ -50,7 +48,6 @@ TEST(Poles, AreMovedAndMeasuredAsTheirPoints) {
 
         bc_POLE_project_to_line(p.data(), a.data(), b.data(), foot);
         EXPECT_EQ(foot[3], p[3]);
-        Vector chord, off, from_a;
         const double chord_length = bc_POLE_3d_distance(b.data(), a.data(), chord.data());
         bc_POLE_3d_distance(p.data(), foot, off.data());
         const double along = bc_POLE_3d_distance(foot, a.data(), from_a.data());
@@ -58,11 +55,8 @@ TEST(Poles, AreMovedAndMeasuredAsTheirPoints) {
         EXPECT_NEAR(std::fabs(dot(from_a, chord)), along * chord_length,
                     1e-12 * (1.0 + along * chord_length));
     }
-    const double a[3] = {1, 2, 3};
-    const double p[3] = {4, 5, 6};
-    double foot[3];
-    h430_(a, a, p, foot);
-    EXPECT_TRUE(std::equal(a, a + 3, foot));
+    const Vector a = {1, 2, 3}, p = {4, 5, 6};
+    EXPECT_EQ(written(h430_, a, a, p), a);
 }
 
 TEST(Poles, AreComparedWithTheirOwnTolerances) {
@@ -80,14 +74,15 @@ TEST(Poles, AreComparedWithTheirOwnTolerances) {
         EXPECT_EQ(bc_POLE_identical_poles_in_3d(one, n), 1) << n;
     const double last_is_none[] = {1, 1, 1, 1, 1, 1, 1, 1, NAN, 1, 1, 1};
     EXPECT_EQ(bc_POLE_identical_poles_in_3d(last_is_none, 3), 0);
+    EXPECT_EQ(bc_POLE_identical_poles_in_3d(last_is_none + 4, 2), 0);
     // Equal to callers, yet farther apart than identical poles may be.
     const double apart[] = {1, 1, 1, 1, 1 + 1e-9, 1, 1, 1, 1, 1, 1, 1};
     EXPECT_EQ(bc_POLE_equal_in_3d(apart, apart + 4), 1);
     EXPECT_EQ(bc_POLE_identical_poles_in_3d(apart, 3), 0);
     // With two poles the bound is half as wide as a pair's distance from its mean may be.
-    for (const double x : {1.2e-10, 0.9e-10}) {
+    for (const double x : {1.2e-10, 1e-10}) {
         const double pair[] = {0, 0, 0, 1, x, 0, 0, 1};
-        EXPECT_EQ(bc_POLE_identical_poles_in_3d(pair, 2), x < 1e-10);
+        EXPECT_EQ(bc_POLE_identical_poles_in_3d(pair, 2), x == 1e-10);
     }
 }
 
@@ -109,25 +104,21 @@ TEST(Poles, HaveAMeanAndABox) {
 
 TEST(Knots, GoOnFromPeriodToPeriodOrAreClamped) {
     const NoBlocksLeft watch;
-    struct Case {
+    const struct {
         std::vector<double> parameters;
         int periodic;
         std::vector<double> knots;  // none: refused
-    };
-    const Case cases[] = {
-        {{0, 1, 3}, 0, {0, 0, 0, 0, 1, 3, 3, 3, 3}},
-        {{0, 1, 3, 6, 10}, 1, {-9, -7, -4, 0, 1, 3, 6, 10, 11, 13, 16}},
-        {{0, 1, 3}, 1, {-5, -3, -2, 0, 1, 3, 4, 6, 7}},
-        {{2, 5}, 1, {-7, -4, -1, 2, 5, 8, 11, 14}},
-        {{1}, 0, {}},
-        {{0, 2, 1}, 0, {}},
-        {{0, 1, 1}, 0, {0, 0, 0, 0, 1, 1, 1, 1, 1}},
-    };
-    for (const Case& c : cases) {
+    } cases[] = {{{0, 1, 3}, 0, {0, 0, 0, 0, 1, 3, 3, 3, 3}},
+                 {{0, 1, 3, 6, 10}, 1, {-9, -7, -4, 0, 1, 3, 6, 10, 11, 13, 16}},
+                 {{0, 1, 3}, 1, {-5, -3, -2, 0, 1, 3, 4, 6, 7}},
+                 {{2, 5}, 1, {-7, -4, -1, 2, 5, 8, 11, 14}},
+                 {{0, 1, 1}, 0, {0, 0, 0, 0, 1, 1, 1, 1, 1}},
+                 {{1}, 0, {}},
+                 {{0, 2, 1}, 0, {}}};
+    for (const auto& c : cases) {
         const int n = static_cast<int>(c.parameters.size());
         double* knots = nullptr;
-        int count = -1;
-        int status = -1;
+        int count = -1, status = -1;
         knot_seq_order_4(c.parameters.data(), &n, &c.periodic, &knots, &count, &status);
         EXPECT_EQ(status, c.knots.empty() ? 1 : 0);
         EXPECT_EQ(std::vector<double>(knots, knots + count), c.knots);

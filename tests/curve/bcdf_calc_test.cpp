@@ -54,6 +54,8 @@ TEST(CurveCalculations, ParametersAndWeights) {
     EXPECT_EQ(BCDF_CALC_single_weight(2, t.data(), 2), 0.0);
     EXPECT_EQ(BCDF_CALC_single_weight(1, t.data(), 0), 0.0);
     EXPECT_EQ(recorder.reports(), Reports{internal("bcdf_calc", "Not Enough Parameters")});
+    BCDF_CALC_weights(1, t.data(), w.data());
+    EXPECT_EQ(w[0], 0.0);
     const double same[3] = {1, 1, 2};
     EXPECT_EQ(BCDF_CALC_quadratic_apprx(same, same, same, same, 0, 0.0, 0, t.data()), 1);
     EXPECT_EQ(t, (Values{0, 1, 3, 7}));
@@ -246,10 +248,15 @@ TEST(CurveCalculations, CorrectedSlopesOfQuinticsWhereTheRuleDividesByZero) {
     EXPECT_DOUBLE_EQ(on[0], (9 * 1.0 + 2 * 0.5) / 11);
     BCDF_CALC_normalized_slope(record.get(), 5, 0, square.data());
     EXPECT_DOUBLE_EQ(square[1], 1.6);
-    const Record shortest = new_record({0, 0, 0, 1e-10, 0, 0});  // chord that has a direction
-    BCDF_add_params(shortest.get(), Values{0, 0.5}.data());
-    BCDF_CALC_normalized_slope(shortest.get(), 5, 0, (square = {0, 7, 0}).data());
-    EXPECT_DOUBLE_EQ(square[1], 4e-10);
+    for (const double chord :
+         {1e-10, std::nextafter(1e-10, 0.0)}) {  // the last without a direction
+        const Record shortest = new_record({0, 0, 0, chord, 0, 0});
+        BCDF_add_params(shortest.get(), Values{0, 0.125}.data());
+        BCDF_CALC_normalized_slope(shortest.get(), 5, 0, (square = {0, 7, 0}).data());
+        EXPECT_DOUBLE_EQ(square[1], chord < 1e-10 ? 8e-10 : 16e-10);
+    }
+    BCDF_CALC_normalized_slope(new_record(Values(9)).get(), 5, 1, (square = {0, 7, 0}).data());
+    EXPECT_EQ(square[1], 7) << "among points that are one";
 }
 
 /// The closing point of a ring is its first one, whichever of the two has the slope.
@@ -296,6 +303,8 @@ TEST(CurveCalculations, MirroredAndUnitSlopes) {
     BCDF_CALC_auto_slope(record.get(), 2, out.data());
     BCDF_CALC_normalized_slope(record.get(), 2, -1, out.data());
     EXPECT_EQ(BCDF_CALC_denormalize_param(record.get(), 0.5), std::sqrt(13.0) / 2);
+    record->parameters->num_points = 0;
+    EXPECT_EQ(BCDF_CALC_denormalize_param(record.get(), 0.5), 0);
     const Reports expected = {
         raised("bcdf_calc", 1005314, "The Input Slope Has Zero Length"),
         raised("bcdf_calc", 1005315, "An Invalid Point Position Was Given By Calling Routine"),

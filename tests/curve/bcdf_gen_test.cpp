@@ -37,7 +37,8 @@ TEST(CurveValidation, FindsTheFirstFault) {
         {1005311, 4, 1, 0, [](BCDF*) {}},
         {0, 3, 0, 0, [](BCDF* r) { BCDF_add_needed_slopes(r); }},
         {1005317, 4, 0, 0, [](BCDF* r) { r->points->num_points = 2147483600; }},
-        {1005322, 4, 0, 0, [](BCDF* r) { r->parameters->points[2] = 1; }},
+        {1005322, 4, 0, 0, [](BCDF* r) { r->parameters->points[1] = 0; }},
+        {1005322, 4, 0, 0, [](BCDF* r) { r->parameters->points[3] = 2; }},
         {1005320, 4, 0, 0, [](BCDF* r) { BCDF_add_needed_slopes(r), r->order = 2; }},
         {0, 4, 0, 0, [](BCDF* r) { BCDF_add_needed_slopes(r), r->order = 3; }},
         {0, 4, 0, 0, [](BCDF* r) { r->order = 2; }},
@@ -45,6 +46,7 @@ TEST(CurveValidation, FindsTheFirstFault) {
         {1005320, 4, 0, 0, [](BCDF* r) { BCDF_replace_curvature(r, up, 0, 0), r->order = 3; }},
         {1005318, 4, 0, 0, [](BCDF* r) { BCDF_replace_curvature(r, up, 0, 0); }},
         {0, 10, 0, 1, [](BCDF*) {}},
+        {0, 4, 0, 1, [](BCDF*) {}},
         {0, 10, 0, 1, [](BCDF* r) { r->ls_num_segments = 7; }},
         {1005005, 10, 0, 1, [](BCDF* r) { r->ls_num_segments = 8; }},
         {1005005, 10, 0, 1, [](BCDF* r) { r->ls_num_segments = -1; }},
@@ -120,7 +122,8 @@ TEST(CurveSearches, StopAtTheirLimits) {
         EXPECT_EQ(BCDF_slope_at_point(record.get(), 4 - steps, &at), 0);
     }
     at = 7;  // which stays where there is nothing to search
-    for (const auto search : {BCDF_slope_at_point, BCDF_curvature_at_point})
+    for (const auto search :
+         {BCDF_slope_at_point, BCDF_curvature_at_point, BCDF_curvature_at_slope})
         EXPECT_EQ(search(record.get(), 9, &at) + search(close.get(), 1, &at), 0);
     EXPECT_EQ(at, 7);
     int* positions = BCDF_create_slope_pos_array(record.get(), &number);
@@ -152,12 +155,24 @@ TEST(CurveEditing, PointsTakeTheirSlopesWithThemAndNoOther) {
     EXPECT_EQ(vector_in(ring->points, 1), (Vector{1, 0, 0})) << "two that are one";
     BCDF_replace_defining_point(ring.get(), up, 0, 3);
     EXPECT_EQ(vector_in(ring->points, 1), (Vector{0, 1, 0}));
+    ring->parameters->points[1] = 9;
+    BCDF_remove_defining_points(ring.get(), 0, 0);
+    EXPECT_EQ(values_of(ring->parameters).back(), 1) << "parameters are new, though nothing went";
+    // Where the array has room behind the last point, a point of weight 1 comes to stand there.
+    const Record weighted = new_record({0, 0, 0, 2, 0, 0, 0, 2}, 4);
+    weighted->points->num_points = 1;
+    BCDF_replace_defining_point(weighted.get(), up, 1, 3);
+    weighted->points->num_points = 2;
+    EXPECT_EQ(values_of(weighted->points), (Values{0, 0, 0, 2, 0, 1, 0, 1}));
 }
 
 TEST(CurveEditing, ReportsAndGoesOn) {
     const ReportRecorder recorder;
     const CheckingLevel checking(1);
     const Record record = row_of(5);
+    for (const int type : {-1, 6})
+        BCDF_change_slope(record.get(), type, along, 2);
+    EXPECT_EQ(record->slopes, nullptr) << "of no type there is none";
     for (const int order : {25, 26, 2, 1}) {
         BCDF_change_order(record.get(), order);
         EXPECT_EQ(record->order, order);
@@ -203,12 +218,15 @@ TEST(CurveEditing, NeededAndUpdatedSlopes) {
     // By type: renewed, kept, as long as the mean speed, kept, turned to the automatic side; and as
     // long as an arc that turns by 120 degrees, the most that counts.
     const double expected[] = {1, -2, -1, -2, 1, -4};
-    for (int type = 0; type < 6; ++type) {
-        const Record record = row_of(5);
-        BCDF_replace_slope(record.get(), Vector{-2, 0, 0}.data(), 2, type);
-        BCDF_update_slopes(record.get());
-        EXPECT_NEAR(vector_in(record->slopes, 0)[0], expected[type], 1e-14) << type;
-    }
+    for (int type = 0; type < 6; ++type)
+        for (const int at : {0, 1}) {  // by itself, and between slopes at the ends
+            const Record record = row_of(5);
+            BCDF_replace_slope(record.get(), Vector{-2, 0, 0}.data(), 2, type);
+            for (const int end : {0, 4})
+                if (at == 1) BCDF_replace_slope(record.get(), along, end, 1);
+            BCDF_update_slopes(record.get());
+            EXPECT_NEAR(vector_in(record->slopes, at)[0], expected[type], 1e-14) << type;
+        }
     for (const int end : {4, 0}) {
         const Record last = row_of(5);
         BCDF_replace_slope(last.get(), along, end, 0);
@@ -228,6 +246,8 @@ TEST(CurveEditing, NeededAndUpdatedSlopes) {
     EXPECT_EQ(record->ls_tolerance, 0.5);
     EXPECT_NE(record->weights, nullptr);
     EXPECT_EQ(record->ls_num_segments, 0);
+    BCDF_change_number_of_segments(record.get(), 7);
+    EXPECT_EQ(record->ls_tolerance, 0);
 }
 
 /// A curvature turns with its slope about z only, to the side that is tried first.
@@ -237,7 +257,8 @@ TEST(CurveEditing, CurvaturesTurnWithTheirSlopes) {
     } cases[] = {
         {{0, 3, 0}, {0, 5, 0}, {-3, 0, 0}},      {{0, -3, 0}, {0, 5, 0}, {-3, 0, 0}},
         {{0, 3, 0}, {4, 0, 1}, {0, 3, 0}},       {{0, 1e-10, 0}, {0, 5, 0}, {-1e-10, 0, 0}},
-        {{0, 3, 0}, {3, 4, 12}, {-2.4, 1.8, 0}}, {{0, 0, 3}, {0, 0, 5}, {0, 0, 3}}};
+        {{0, 3, 0}, {3, 4, 12}, {-2.4, 1.8, 0}}, {{0, 0, 3}, {0, 0, 5}, {0, 0, 3}},
+        {{3, 4, 0}, {0, 5, 0}, {3.2, -2.4, 0}},  {{0, 9e-11, 0}, {0, 5, 0}, {0, 9e-11, 0}}};
     for (const auto& c : cases) {
         const Record record = row_of(4);
         BCDF_replace_slope(record.get(), along, 1, 1);

@@ -28,6 +28,12 @@ Record sloped(const std::vector<int>& positions, const Values& points = corner,
     return record;
 }
 
+BCDF* created(int periodicity, int least_squares, PNTLST* points, PNTLST* weights,
+              PNTLST* slopes = nullptr) {
+    return BCDF_create_from_pntlst(periodicity, 4, least_squares, points, nullptr, weights, slopes,
+                                   nullptr, nullptr, nullptr, nullptr, nullptr);
+}
+
 Record with_everything() {
     Record record = sloped({0, 1, 3});
     const double curvature[3] = {1.0, 0.0, 0.5};
@@ -110,15 +116,13 @@ TEST(CurveRecord, HandsOutItsArrays) {
 
 TEST(CurveRecord, CreatorsTakeWhatTheyAreGiven) {
     const NoBlocksLeft watch;
-    const auto create = [](int fits, PNTLST* points, PNTLST* weights, PNTLST* slopes = nullptr) {
-        return Record(BCDF_create_from_pntlst(0, 5, fits, points, nullptr, weights, slopes, nullptr,
-                                              nullptr, nullptr, nullptr, nullptr));
-    };
-    const Record plain = create(0, new_list(corner).release(), new_list({1, 1, 1, 1}, 1).release());
+    const Record plain(
+        created(0, 0, new_list(corner).release(), new_list({1, 1, 1, 1}, 1).release()));
     EXPECT_EQ(BCDF_is_least_squares(plain.get()), 0);
     EXPECT_EQ(values_of(plain->parameters), (Values{0, 5, 17, 30}));
     EXPECT_EQ(BCDF_ask_max_npoles_for_fit(plain.get()), 0);
-    const Record fit = create(1, new_list(corner).release(), new_list({4, 3, 2, 1}, 1).release());
+    const Record fit(
+        created(0, 1, new_list(corner).release(), new_list({4, 3, 2, 1}, 1).release()));
     EXPECT_EQ(values_of(fit->weights), (Values{4, 3, 2, 1}));
     EXPECT_EQ(BCDF_ask_max_npoles_for_fit(fit.get()), 4);
     fit->periodicity = 1;
@@ -140,24 +144,19 @@ TEST(CurveRecord, CreatorsThatFailTakeNothing) {
     const NoBlocksLeft watch;
     const CheckingLevel checking(1);
     struct Left {};
-    const List points = new_list(corner);
-    const List weights = new_list({1, 1, 1, 1}, 1);
-    const auto create = [&](int periodicity, PNTLST* p, PNTLST* w, PNTLST* slopes) {
-        return BCDF_create_from_pntlst(periodicity, 4, 1, p, nullptr, w, slopes, nullptr, nullptr,
-                                       nullptr, nullptr, nullptr);
-    };
+    const List points = new_list(corner), weights = new_list({1, 1, 1, 1}, 1);
     {
         const ReportRecorder leaving([](const Report&) { throw Left{}; });
-        EXPECT_THROW(create(1, points.get(), nullptr, nullptr), Left);
+        EXPECT_THROW(created(1, 1, points.get(), nullptr), Left);
     }
     ReportRecorder recorder;
-    EXPECT_EQ(create(0, nullptr, weights.get(), nullptr), nullptr);
-    EXPECT_EQ(create(0, points.get(), weights.get(), weights.get()), nullptr);
+    EXPECT_EQ(created(0, 1, nullptr, weights.get()), nullptr);
+    EXPECT_EQ(created(0, 1, points.get(), weights.get(), weights.get()), nullptr);
     EXPECT_EQ(recorder.take(),
               (Reports{raised("bcdf_gen", 1005304, "The Point List Is NULL"),
                        raised("bcdf_gen", 1005306, "Slope Position Array Is NULL")}));
     const Record weighted(
-        create(1, new_list(corner).release(), new_list({1, 1, 1, 1}, 1).release(), nullptr));
+        created(1, 1, new_list(corner).release(), new_list({1, 1, 1, 1}, 1).release()));
     EXPECT_EQ(BCDF_is_least_squares(weighted.get()), 1) << "with weights of its own";
     EXPECT_EQ(recorder.take(), Reports{});
     // Where the host goes on, a fit that cannot be periodic interpolates.
@@ -167,18 +166,13 @@ TEST(CurveRecord, CreatorsThatFailTakeNothing) {
 }
 
 TEST(CurveRecord, KnowsSplinesWithSlopesAtTheirEnds) {
-    struct Case {
-        std::vector<int> slopes;
+    const struct {
         int order, periodicity, spline, continuity;
-    };
-    for (const Case& c : {Case{{0, 3}, 4, 0, 1, 2},
-                          {{0, 1, 3}, 4, 0, 1, 1},
-                          {{0, 3}, 4, 1, 1, 1},
-                          {{0, 3}, 3, 0, 0, 1},
-                          {{0}, 4, 0, 0, 2},
-                          {{1, 3}, 4, 0, 0, 2},
-                          {{0, 2}, 4, 0, 0, 2},
-                          {{}, 6, 0, 0, 4}}) {
+        std::vector<int> slopes;
+    } cases[] = {{4, 0, 1, 2, {0, 3}}, {4, 0, 1, 1, {0, 1, 3}}, {4, 1, 1, 1, {0, 3}},
+                 {3, 0, 0, 1, {0, 3}}, {4, 0, 0, 2, {0}},       {4, 0, 0, 2, {1, 3}},
+                 {4, 0, 0, 2, {0, 2}}, {6, 0, 0, 4, {}}};
+    for (const auto& c : cases) {
         const Record record = sloped(c.slopes, corner, c.periodicity);
         record->order = c.order;
         EXPECT_EQ(BCDF_is_zt_spline(record.get()), c.spline);
@@ -209,6 +203,9 @@ TEST(CurveRecord, NormalisesParametersAndBack) {
     BCDF_replace_curvature(one.get(), corner.data(), 0, 0);
     BCDF_normalize_parameters(one.get());
     EXPECT_EQ(values_of(one->curvature_parameters), Values{1});
+    one->parameters->num_points = 0;
+    BCDF_normalize_parameters(one.get());
+    EXPECT_EQ(values_of(one->curvature_parameters), Values{1}) << "by no last parameter";
 }
 
 TEST(CurveRecord, DropsTheFourthCoordinateOfSlopesWithoutDividing) {
@@ -230,24 +227,16 @@ TEST(CurveRecord, DropsTheFourthCoordinateOfSlopesWithoutDividing) {
 }
 
 TEST(CurveRecord, ReducesItsSlopesForAFit) {
-    struct Case {
-        std::vector<int> slopes;
-        Values sites;  // where slopes are left
-    };
-    for (const Case& c : {Case{{1, 2}, {}},
-                          {{0, 1, 2, 3}, {0, 30}},
-                          {{0, 3}, {0, 30}},
-                          {{0}, {0, 30}},
-                          {{3}, {0, 30}},
-                          {{0, 1, 2}, {0, 17, 30}},  // the last interior one stays
-                          {{1, 2, 3}, {0, 17, 30}}}) {
-        const Record record = sloped(c.slopes);
+    // Which points have slopes, and where slopes are left; the last interior one stays.
+    const std::pair<std::vector<int>, Values> cases[] = {
+        {{1, 2}, {}},   {{0, 1, 2, 3}, {0, 30}},  {{0, 3}, {0, 30}},       {{0}, {0, 30}},
+        {{3}, {0, 30}}, {{0, 1, 2}, {0, 17, 30}}, {{1, 2, 3}, {0, 17, 30}}};
+    for (const auto& [slopes, sites] : cases) {
+        const Record record = sloped(slopes);
         BCDF_make_least_squares_slopes(record.get());
-        EXPECT_EQ(values_of(record->slope_parameters), c.sites);
-        for (std::size_t k = 0; k < c.sites.size(); ++k) {
-            const double* s = record->slopes->points + 3 * k;
-            EXPECT_NEAR(std::hypot(s[0], s[1], s[2]), 1.0, 1e-15);
-        }
+        EXPECT_EQ(values_of(record->slope_parameters), sites);
+        for (int k = 0; k < std::ssize(sites); ++k)
+            EXPECT_NEAR(length(vector_in(record->slopes, k)), 1.0, 1e-15);
     }
 }
 
@@ -317,10 +306,14 @@ TEST(CurveRecord, ReportsOnlyWithChecking) {
               raised("bcdf", 1005303, "Parameter Array Is NULL"), no_parameters, no_parameters});
     ReportRecorder recorder;
     const CheckingLevel checking(1);
-    const Record narrow = new_record(corner);
-    narrow->points->dimension = 1;
-    BCDF_convert_to_least_squares(narrow.get());
-    EXPECT_EQ(recorder.take().at(0), internal("bcdf", "Points Are An Invalid Dimension"));
+    const Report invalid = internal("bcdf", "Points Are An Invalid Dimension");
+    for (const int dimension : {3, 1}) {
+        const Record record = new_record(corner);
+        record->points->dimension = dimension;
+        BCDF_convert_to_least_squares(record.get());
+        const Reports reports = recorder.take();
+        EXPECT_EQ(!reports.empty() && reports[0] == invalid, dimension == 1);
+    }
 }
 
 }  // namespace

@@ -83,7 +83,9 @@ Vectors lifted(const Polygon& p, const Frame& frame) {
 TEST(EarClipping, IsThePlainRuleTriangleForTriangle) {
     const NoBlocksLeft watch;
     Random random;
-    const Frame flat({0, 0, 0}, identity);
+    const Frame along_axes[] = {{{0, 0, 0}, identity},
+                                {{0, 0, 0}, {0, 1, 0, 0, 0, 1, 1, 0, 0}},
+                                {{0, 0, 0}, {0, 0, 1, 1, 0, 0, 0, 1, 0}}};
     for (int round = 0; round < rounds(30); ++round) {
         const int n = round % 15 == 0 ? random.integer(100, 200) : random.integer(3, 50);
         const auto seed = static_cast<std::uint64_t>(round + 1);
@@ -95,9 +97,12 @@ TEST(EarClipping, IsThePlainRuleTriangleForTriangle) {
              {star_polygon(n, seed), monotone_polygon(n, seed), comb_polygon(n, 9),
               spiral_polygon(n), convex_polygon(n), crossing})
             for (const Polygon& q : {p, snapped(p, step), densified(p, 4 * n / 3), reversed(p)})
-                for (const Frame& frame : {flat, Frame(random)}) {
-                    const Vectors points = lifted(q, frame);
-                    const Vector normal = scaled(row(frame.axes, 2), random.uniform(0.1, 5));
+                for (const Frame& frame : {along_axes[round % 3], Frame(random)}) {
+                    Vectors points = lifted(q, frame);
+                    const int first = random.integer(1, static_cast<int>(points.size()));
+                    std::ranges::rotate(points, points.end() - first);
+                    const double size = random.integer(0, 1) == 0 ? 1 : random.uniform(0.1, 5);
+                    const Vector normal = scaled(row(frame.axes, 2), size);
                     ASSERT_EQ(clipping(points, normal), plain_clipping(points, normal))
                         << "round " << round;
                 }

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "support/by_value.h"
 #include "support/reports.h"
 #include "support/session.h"
 #include "support/vectors.h"
@@ -25,29 +26,27 @@ TEST(FacetLinesAndPlanes, MeetWhereTheyAreClosest) {
         const double d = random.normal(), e = random.normal(), tolerance = 1e-10;
         double s, t;
         Vector p, q, direction;
-        FACET_line_line_closest_point(a.data(), u.data(), b.data(), v.data(), &s, &t);
-        FACET_point_on_param_line(a.data(), u.data(), s, p.data());
-        const Vector gap = difference(moved(b, t, v), p);
+        called(FACET_line_line_closest_point, a, u, b, v, &s, &t);
+        const Vector gap = difference(moved(b, t, v), written(FACET_point_on_param_line, a, u, s));
         EXPECT_NEAR(dot(gap, u) + dot(gap, v), 0, tolerance);
-        const double distance_of_lines =
-            FACET_line_line_dist(a.data(), u.data(), b.data(), v.data());
-        EXPECT_NEAR(distance_of_lines, dot(gap, cross(u, v)) / length(cross(u, v)), tolerance);
+        EXPECT_NEAR(called(FACET_line_line_dist, a, u, b, v),
+                    dot(gap, cross(u, v)) / length(cross(u, v)), tolerance);
 
         FACET_point_line_proj(b.data(), a.data(), u.data(), 0, p.data(), &t);
         EXPECT_LE(distance(p, moved(a, t, u)), 1e-14);
         EXPECT_NEAR(dot(difference(b, p), u), 0, 1e-13);
-        EXPECT_NEAR(FACET_line_point_dist(a.data(), moved(a, 1, u).data(), b.data()),
-                    length(difference(b, p)), 1e-13);
-        EXPECT_NEAR(std::cos(FACET_compute_undirected_angle(u.data(), v.data())),
+        EXPECT_NEAR(called(FACET_line_point_dist, a, moved(a, 1, u), b), length(difference(b, p)),
+                    1e-13);
+        EXPECT_NEAR(std::cos(called(FACET_compute_undirected_angle, u, v)),
                     dot(u, v) / length(u) / length(v), 1e-14);
 
         ASSERT_EQ(FACET_line_int_plane(a.data(), b.data(), n.data(), d, p.data(), &t), 0);
         EXPECT_LE(distance(p, moved(a, t, difference(b, a))), 1e-12 * (1 + std::fabs(t)));
-        EXPECT_NEAR(FACET_point_plane_dist(p.data(), n.data(), d), 0, 1e-12 * (1 + std::fabs(t)));
+        EXPECT_NEAR(called(FACET_point_plane_dist, p, n, d), 0, 1e-12 * (1 + std::fabs(t)));
         ASSERT_EQ(FACET_point_plane_proj(a.data(), n.data(), d, q.data()), 0);
         EXPECT_LE(distance(q, moved(a, -dot(n, a) - d, n)), 1e-14);
-        FACET_ask_point_on_plane(scaled(n, 3).data(), d, q.data());
-        EXPECT_LE(distance(q, scaled(n, -d)), 1e-14);
+        EXPECT_LE(distance(written(FACET_ask_point_on_plane, scaled(n, 3), d), scaled(n, -d)),
+                  1e-14);
         ASSERT_EQ(FACET_plane_plane_int(n.data(), d, m.data(), e, p.data(), direction.data()), 2);
         EXPECT_LE(distance(direction, cross(n, m)), 1e-15);
         EXPECT_NEAR(dot(n, p) + d, 0, 1e-12 / dot(direction, direction));
@@ -66,23 +65,20 @@ TEST(FacetLinesAndPlanes, ParallelOrWithoutDirection) {
     double s, t;
     Vector p, direction;
     for (const auto& c : parallels) {
-        FACET_line_line_closest_point(a.data(), Vector{c.u, 0, 0}.data(), b.data(),
-                                      Vector{c.v, 0, 0}.data(), &s, &t);
+        called(FACET_line_line_closest_point, a, Vector{c.u, 0, 0}, b, Vector{c.v, 0, 0}, &s, &t);
         EXPECT_DOUBLE_EQ(s, c.s);
         EXPECT_DOUBLE_EQ(t, c.t);
     }
-    EXPECT_EQ(FACET_line_line_dist(a.data(), a.data(), b.data(), Vector{-2, 0, 0}.data()), 1);
-    EXPECT_EQ(FACET_line_point_dist(a.data(), Vector{1 + 9e-6, 0, 0}.data(), b.data()),
-              std::sqrt(5.0));
+    EXPECT_EQ(called(FACET_line_line_dist, a, a, b, Vector{-2, 0, 0}), 1);
+    EXPECT_EQ(called(FACET_line_point_dist, a, Vector{1 + 9e-6, 0, 0}, b), std::sqrt(5.0));
     FACET_point_line_proj(b.data(), a.data(), Vector{2, 0, 0}.data(), 1, p.data(), &t);
     EXPECT_EQ(t, 4);
     FACET_point_line_proj(b.data(), a.data(), none.data(), 0, p.data(), &t);
     EXPECT_EQ(t, 0);
     for (const auto& [unitize, length, expected] :
          {std::array{1.0, 5.0, 1.0}, {2, 5, 5}, {1, 1e-6, 1e-6}, {1, 1.1e-5, 1}}) {
-        double line[6];
-        FACET_points_to_param_line(a.data(), Vector{1, length, 0}.data(), static_cast<int>(unitize),
-                                   line);
+        const auto line = written<std::array<double, 6>>(
+            FACET_points_to_param_line, a, Vector{1, length, 0}, static_cast<int>(unitize));
         EXPECT_EQ(line[4], expected);
     }
     const struct {
@@ -179,28 +175,23 @@ TEST(VertexNormal, ReportsWhatItCannotWeigh) {
                         wide = facet(none, scaled(y, 4), scaled(z, 4));
     FACET_facet_t elsewhere = flat;
     elsewhere.ids[0] = 8;
+    const Report not_given_said = said("The common vertex is not input as expected."),
+                 elsewhere_said = said("The facet is not incident at the given vertex.");
     const struct {
-        std::vector<FACET_facet_t> facets;
-        int weight_type;
+        int weight_type, given;
         double tolerance;
-        int given;
         Vector normal;
+        std::vector<FACET_facet_t> facets;
         Reports reports;
     } cases[] = {
-        {{flat, good}, 0, 1e-3, 1, z, {flat_said}},
-        {{flat}, 0, 1e-3, 1, none, {flat_said}},
-        {{flat, good}, 0, 0, 1, z, {}},
-        {{good}, 0, 1.01, 1, z, {flat_said}},  // small: reported, and weighed
-        {{elsewhere, good},
-         1,
-         1e-3,
-         0,
-         z,
-         {said("The common vertex is not input as expected."),
-          said("The facet is not incident at the given vertex.")}},
-        {{good, good}, 2, 1e-3, 1, none, {type_said, type_said}},
+        {0, 1, 1e-3, z, {flat, good}, {flat_said}},
+        {0, 1, 1e-3, none, {flat}, {flat_said}},
+        {0, 1, 0, z, {flat, good}, {}},
+        {0, 1, 1.01, z, {good}, {flat_said}},  // small: reported, and weighed
+        {1, 0, 1e-3, z, {elsewhere, good}, {not_given_said, elsewhere_said}},
+        {2, 1, 1e-3, none, {good, good}, {type_said, type_said}},
         // An area whose reciprocal is within half the squared tolerance decides alone.
-        {{wide, facet(none, scaled(x, 3), scaled(z, 2))}, 0, 0.6, 1, x, {}},
+        {0, 1, 0.6, x, {wide, facet(none, scaled(x, 3), scaled(z, 2))}, {}},
     };
     for (const auto& c : cases) {
         ReportRecorder recorder;

@@ -7,11 +7,13 @@
 
 namespace ztmath_test {
 
-/// What a call is passed for a value: of an array its address.
+/// What a call is passed for a value: of an array its address, of what is owned a pointer.
 template <class Value>
 auto passed(const Value& value) {
     if constexpr (requires { value.data(); })
         return value.data();
+    else if constexpr (requires { value.get(); })
+        return value.get();
     else
         return value;
 }

@@ -88,12 +88,15 @@ inline Matrix random_definite(Random& random, int n, double least) {
     return m;
 }
 
-/// The largest absolute difference of elements.
+/// The largest absolute difference of elements; no number where one is none.
 inline double distance(const Matrix& a, const Matrix& b) {
     double largest = 0.0;
     for (int i = 0; i < a.rows(); ++i)
-        for (int j = 0; j < a.columns(); ++j)
-            largest = std::fmax(largest, std::fabs(a(i, j) - b(i, j)));
+        for (int j = 0; j < a.columns(); ++j) {
+            const double difference = std::fabs(a(i, j) - b(i, j));
+            if (std::isnan(difference)) return difference;
+            largest = std::fmax(largest, difference);
+        }
     return largest;
 }
 

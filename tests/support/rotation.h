@@ -32,12 +32,15 @@ inline Matrix random_rotation(Random& random) {
             entry(1 - s * (x * x + y * y))};
 }
 
-/// The largest difference of two elements.
+/// The largest difference of two elements; no number where one is none.
 template <std::size_t N>
 double distance(const std::array<double, N>& a, const std::array<double, N>& b) {
     double most = 0;
-    for (std::size_t i = 0; i < N; ++i)
-        most = std::fmax(most, std::fabs(a[i] - b[i]));
+    for (std::size_t i = 0; i < N; ++i) {
+        const double difference = std::fabs(a[i] - b[i]);
+        if (std::isnan(difference)) return difference;
+        most = std::fmax(most, difference);
+    }
     return most;
 }
 

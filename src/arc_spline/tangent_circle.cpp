@@ -78,8 +78,8 @@ double worst_gap(const Circle& c, const Touching (&three)[3]) {
         {std::fabs(gap(c, three[0])), std::fabs(gap(c, three[1])), std::fabs(gap(c, three[2]))});
 }
 
-/// One step of Newton's method on the gaps; the circle itself where there is none. From a centre
-/// that all radii of one circle lead to, the step leads nowhere: its numbers are none.
+/// One step of Newton's method on the gaps; the circle itself where there is none. About the centre
+/// of one of the three all ways are alike, and the step is no number.
 Circle stepped(const Circle& c, const Touching (&three)[3]) {
     double slopes[9];
     double gaps[3];

@@ -208,7 +208,7 @@ class SvdIteration {
             if (g == 0.0) {
                 std::fill_n(x, length, 0.0);
             } else {
-                for (int j = i + 1; j < n_ && length > 0; ++j) {
+                for (int j = i + 1; j < n_; ++j) {
                     double* const y = u(j) + i;
                     const double f = dot(x + 1, y + 1, length - 1) / x[0] / g;
                     add_scaled(y, f, x, length);

@@ -118,10 +118,14 @@ TEST(Jacobi, HasTheBitsOfThePlainScheme) {
     };
     for (const int n : {1, 2, 3, 4, 5, 7, 10, 23, 50})
         matrices.push_back(random_symmetric(random, n));
-    Matrix& coupled = matrices[9];  // two equal ones by next to nothing, apart from the others
-    for (const int i : {0, 1})
+    Matrix& coupled = matrices[10];  // two and two by next to nothing, apart from the others
+    for (const int i : {0, 1, 2, 3})
         for (int j = 0; j < coupled.rows(); ++j)
-            coupled(i, j) = coupled(j, i) = i == j ? 2 : i + j == 1 ? 5e-13 : 0;
+            coupled(i, j) = coupled(j, i) = 0;
+    coupled(0, 0) = coupled(1, 1) = 2;
+    coupled(0, 1) = 5e-13;
+    coupled(2, 3) = 1e-12;
+    coupled(3, 3) = 0x1p-37;
     for (const Matrix& a : matrices) {
         const int n = a.rows();
         const PlainJacobi plain(a);

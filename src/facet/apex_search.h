@@ -114,11 +114,7 @@ class ApexSearch {
                 },
                 [&](int i) {
                     if (!yields(candidate, i)) return false;
-                    if (leaps_ && !end_is_tried_ && i < last_ - 1 &&
-                        yields(candidate_at(i), last_ - 1)) {
-                        end_is_tried_ = true;
-                        if (leap_to_end(candidate, i)) return true;
-                    }
+                    if (leaves_for_end(candidate, i)) return true;
                     if (!can_be_joined(i)) return false;
                     const double before = candidate.circle.squared_radius;
                     candidate = candidate_at(i);
@@ -128,6 +124,15 @@ class ApexSearch {
             if (j < 0) return true;
         }
         return false;
+    }
+
+    /// Lets the candidate, which gives way to none before vertex i, give way to one of the last
+    /// vertices, if vertex i would give way to the very last; whether it has. It is tried once.
+    bool leaves_for_end(Candidate& candidate, int i) {
+        if (!leaps_ || end_is_tried_ || i == last_ - 1 || !yields(candidate_at(i), last_ - 1))
+            return false;
+        end_is_tried_ = true;
+        return leap_to_end(candidate, i);
     }
 
     /// Lets the candidate give way to many at once.

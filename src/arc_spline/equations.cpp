@@ -64,7 +64,7 @@ Angles solve_sine_cosine(double p, double q, double r, const Selection& selectio
     r /= size;
     // Kept as it stands: x = 180 degrees, whose half has no tangent, is never found.
     const QuadraticRoots roots = quadratic_roots(q - r, -2.0 * p, -(q + r), true);
-    if (roots.status == -3) return {-3, {}};
+    if (roots.status == -3) return {-3, {}};  // never reached: p, q and r are not all null
     Angles found{0, {}};
     for (int i = 0; i < roots.status; ++i) {
         const HalfAngle x = selection.angle_of(roots.x[i]);

@@ -88,6 +88,12 @@ TEST(FillPredicates, WhatIsSaidOfABoxHoldsForEveryPointInIt) {
         EXPECT_GT(count, tries / 200);
 }
 
+TEST(FillShadow, IsNoneWhereADiagonalMayBeSquareToTheEdge) {
+    const auto x_axis = Extension::beyond_end(BaseEdge({-1, 0}, {0, 0}));
+    for (const double upper : {0.5, 0.8, 0.9, 1.0, 1.1})
+        EXPECT_EQ(Shadow(x_axis, {upper, 0.4}, {1, -0.5}, 1).hides(), upper < 0.6 || upper > 1);
+}
+
 TEST(FillShadow, HidesWhatItSaysFromTheEndOfTheBaseEdge) {
     Random random;
     const int tries = rounds(20000);
@@ -112,7 +118,8 @@ TEST(FillShadow, HidesWhatItSaysFromTheEndOfTheBaseEdge) {
         const Shadow shadow(extension, u, v, 4e5);
         Box2 box{q, q};
         if (round % 3 == 0) expand(box, somewhere(0.0, 9.0));
-        if (base.rejects(q) || extension.above(q) > shadow.least_height(box)) continue;
+        if (base.rejects(q)) continue;
+        if (base.cross_with(q) > shadow.least_height(box) * length(base.way())) continue;
         ASSERT_TRUE(Diagonal(q, start).is_crossed_by(u, v));
         ++hidden;
     }

@@ -100,7 +100,7 @@ TEST(EarClipping, IsThePlainRuleTriangleForTriangle) {
                 for (const Frame& frame : {along_axes[round % 3], Frame(random)}) {
                     Vectors points = lifted(q, frame);
                     const int first = random.integer(1, static_cast<int>(points.size()));
-                    std::ranges::rotate(points, points.end() - first);
+                    std::rotate(points.begin(), points.end() - first, points.end());
                     const double size = random.integer(0, 1) == 0 ? 1 : random.uniform(0.1, 5);
                     const Vector normal = scaled(row(frame.axes, 2), size);
                     ASSERT_EQ(clipping(points, normal), plain_clipping(points, normal))

@@ -200,7 +200,7 @@ TEST(Mtx3OrthoNormalize, KeepsPerpendicularXAndZAndSnapsRowsToTheAxes) {
     const Matrix rows[][2] = {
         {{2, 0, 0, 5, 6, 7, 0, 0, 0.5}, identity},
         // X is short and still counts.
-        {{0, 1.0e-13, 0, 9, 9, 9, 0, 0, 1.0e6}, {0, 1, 0, -1, 0, 0, 0, 0, 1}},
+        {{0, 1.1e-14, 0, 9, 9, 9, 0, 0, 1.0e6}, {0, 1, 0, -1, 0, 0, 0, 0, 1}},
         // No longer than this, X and Z do not: yaw is read from Y, and no roll is half a turn.
         {{0, 1.0e-14, 0, 9, 9, 9, 0, 0, 1.0e6}, {0, -1, 0, 1, 0, 0, 0, 0, 1}},
         {{1.0e6, 0, 0, 9, 9, 9, 0, 1.0e-14, 0}, {1, 0, 0, 0, -1, 0, 0, 0, -1}},

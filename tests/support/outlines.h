@@ -9,8 +9,8 @@
 
 namespace ztmath_test {
 
-/// The largest ring of a country, in ten-thousandths of a degree. Divided finely, a degree's edges
-/// would have triangles that count as degenerate.
+/// The largest ring of a country, in ten-thousandths of a degree: in degrees, finely divided edges
+/// make triangles that count as degenerate.
 inline Polygon outline_of(const std::string& country) {
     std::ifstream file(ZTMATH_OUTLINES "/" + country + ".txt");
     Polygon outline;

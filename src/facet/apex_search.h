@@ -50,7 +50,7 @@ class ApexSearch {
     struct Candidate {
         int vertex;
         Circumcircle circle;
-        double bound;  // its squared bound
+        double squared_bound;
     };
 
     Candidate candidate_at(int k) const {
@@ -81,10 +81,10 @@ class ApexSearch {
         int count_ = 0;
     };
 
-    /// Whether what is claimed of a box holds for that of a run or, among many doubts, for its
+    /// Whether what is claimed of boxes is true of that of a run or, among many doubts, of its
     /// slanted one.
     template <class Claim>
-    bool holds(Claim claim, std::ptrdiff_t run, Doubts& doubts) const {
+    bool is_sure(Claim claim, std::ptrdiff_t run, Doubts& doubts) const {
         if (claim(box(run))) return true;
         if (!doubts.grow()) return false;
         const SlantedBox* const slanted = outline_.slanted(run);
@@ -92,11 +92,11 @@ class ApexSearch {
     }
 
     bool rejects_all(std::ptrdiff_t run, Doubts& doubts) const {
-        return holds([&](const auto& box) { return base_.rejects_all(box); }, run, doubts);
+        return is_sure([&](const auto& box) { return base_.rejects_all(box); }, run, doubts);
     }
 
     bool cannot_replace(const Candidate& candidate, std::ptrdiff_t run, Doubts& doubts) const {
-        return outline_.is_outside(candidate.circle, candidate.bound, run) ||
+        return outline_.is_outside(candidate.circle, candidate.squared_bound, run) ||
                rejects_all(run, doubts);
     }
 
@@ -317,7 +317,9 @@ class ApexSearch {
         Doubts doubts;
         const int k = outline_.first_near(
             place, first_, last_ - 1,
-            [&](std::ptrdiff_t run) { return !meet(box(run), place) || holds(clear, run, doubts); },
+            [&](std::ptrdiff_t run) {
+                return !meet(box(run), place) || is_sure(clear, run, doubts);
+            },
             [&](int i) {
                 return hides(i, to_last, blocks_last_) || hides(i, to_first, blocks_first_);
             });

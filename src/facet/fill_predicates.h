@@ -36,15 +36,14 @@ class BaseEdge {
     /// The largest and the least of it for points of a box.
     double farthest_cross(const Box2& box) const { return cross_with(extremes_.leftmost(box)); }
     double nearest_cross(const Box2& box) const { return cross_with(extremes_.rightmost(box)); }
+    double farthest_cross(const SlantedBox& box) const { return box.most_across(a_, way_); }
+    double nearest_cross(const SlantedBox& box) const { return box.least_across(a_, way_); }
 
     /// Whether the triangle with p is degenerate or clockwise. One that is not a number passes.
     template <class Point>
     [[gnu::always_inline]] auto rejects(const Point& p) const {
         return cross_with(p) <= fill_eps;
     }
-
-    double farthest_cross(const SlantedBox& box) const { return box.most_across(a_, way_); }
-    double nearest_cross(const SlantedBox& box) const { return box.least_across(a_, way_); }
 
     /// Whether every point of the box is rejected.
     template <class Box>

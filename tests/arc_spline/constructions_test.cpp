@@ -117,7 +117,9 @@ TEST(ArcSplineConstructions, ThroughTwoPointsWithARadius) {
         EXPECT_EQ(one.count, 1);
         expect_equal(one.s[0], {1, 1, {1, 1}, 0, 360, {1, 3}, {}, 2, 2});
         EXPECT_EQ(on_chord({1, 1}, {1, 5}, 2 + 2e-6, selector).count, 0);
+        EXPECT_EQ(on_chord({1, 1}, {1, 5}, 9e-7, selector).count, 0);
     }
+    EXPECT_EQ(on_chord({1, 1}, {1, 1 + 1.9e-6}, 1e-7, 0).status, 1);
 }
 
 TEST(ArcSplineConstructions, ThroughTwoPointsTouchingALine) {
@@ -193,6 +195,7 @@ TEST(ArcSplineConstructions, AlongATangent) {
     EXPECT_EQ(touching_at({0, 0}, {1, 0}, {0, 9e-11}).status, 2);
     expect_equal(chord({0, 0}, {3, 0}, {2, 9e-7}).s[0], ahead, 0);
     EXPECT_EQ(chord({0, 0}, {3, 0}, {2, 0}).status, 0);
+    EXPECT_EQ(chord({0, 0}, {3, 0}, {9e-7, 0}).status, 1);
     EXPECT_EQ(chord({0, 0}, {3, 0}, {-2, 9e-7}).status, 2);
 }
 

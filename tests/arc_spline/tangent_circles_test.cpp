@@ -157,7 +157,13 @@ TEST(TangentCircles, TouchWhatTheyMust) {
         const Answer three = touching_three(a, b, c);
         expect_touching(three, {a, b, c}, {});
         expect_order(three, {a, b, c});
-        EXPECT_EQ(touching_three(image(a), image(b), image(c)).count, three.count);
+        const Answer elsewhere = touching_three(image(a), image(b), image(c));
+        ASSERT_EQ(elsewhere.count, three.count);
+        for (int i = 0; i < three.count; ++i) {
+            const double r = three.circles[i].radius, slack = 1e-7 * move.scale * (1 + r * r);
+            expect_near(center_of(elsewhere.circles[i]), move.point(center_of(three.circles[i])),
+                        slack);
+        }
         const Answer two = through_point(a, b, p);
         expect_touching(two, {a, b}, {p});
         expect_order(two, {a, b});
@@ -249,6 +255,8 @@ TEST(TangentCircles, AreAsManyAsTheyMustBe) {
     EXPECT_EQ(through_point({{1, 0}, 1}, {{-1, 0}, 1}, {-3, 0}).count, 3) << "touching outside";
     EXPECT_EQ(through_point({{0, 0}, 2}, {{2, 0}, 4}, {5, 0}).count, 3) << "touching inside";
     EXPECT_EQ(through_two({-2, 1}, {2, 1}, a).count, 1) << "the line through them touches";
+    for (const double off : {0.9e-9, 1.1e-9})
+        EXPECT_EQ(through_two({-2, 1 + off}, {2, 1 + off}, a).count, off < 1e-9 ? 1 : 2);
     EXPECT_EQ(through_two({0, 1}, {3, 3}, a).count, 1);
     EXPECT_EQ(through_two({0, 0}, {-12.5, 0}, {{9.5, 0}, 5.5}).count, 2);
     EXPECT_EQ(through_two({0, 1}, {3, 1}, a).count, 0);
@@ -351,7 +359,9 @@ TEST(CirclesAtAPoint, TouchTheLineThereAndTheRest) {
     EXPECT_EQ(at_point(record({{0, 1 + 1.5e-9}, 1}), x_axis, {0, 0}).count, 0)
         << "one is too small, the other is the given circle";
     EXPECT_EQ(at_point(circle, line({0, 3}, {1, 0}), {0, 3}, 90.0).count, 1);
+    EXPECT_EQ(at_point(line({0, 2}, {-1, 0}), x_axis, {7, 0}).count, 1) << "parallel";
     EXPECT_EQ(at_point(line({0, 0}, {0, 1}), x_axis, {3, 0}).count, 2) << "square";
+    EXPECT_EQ(at_point(line({0, 0}, {1, 1}), x_axis, {0, 0}).count, 0) << "where they meet";
 }
 
 TEST(TangentCircles, SayWhatCannotBeServed) {

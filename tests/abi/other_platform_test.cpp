@@ -4,14 +4,8 @@
 #include "abi/other_platform.h"
 
 #include <dlfcn.h>
-#include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cmath>
 #include <csetjmp>
-#include <functional>
-#include <limits>
-#include <utility>
 
 #include "interface/table.h"
 #include "support/curve_record.h"

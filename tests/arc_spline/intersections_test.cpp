@@ -1,14 +1,6 @@
 // Where arcs and straights meet.
 #include "ztmath/arc_spline_intersections.h"
 
-#include <gtest/gtest.h>
-
-#include <array>
-#include <cmath>
-#include <tuple>
-#include <utility>
-#include <vector>
-
 #include "support/reports.h"
 #include "support/segments.h"
 

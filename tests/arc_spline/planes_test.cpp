@@ -1,10 +1,6 @@
 // Circles as points of space, planes, projections, rotations and maps from vectors.
 #include "ztmath/arc_spline_planes.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
 #include "support/plane.h"
 #include "support/vectors.h"
 

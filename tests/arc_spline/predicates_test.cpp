@@ -1,6 +1,4 @@
 // Three points, equations in one unknown, intervals, rays and inscribed angles.
-#include <algorithm>
-
 #include "support/segments.h"
 #include "support/vectors.h"
 #include "ztmath/arc_spline_primitives.h"

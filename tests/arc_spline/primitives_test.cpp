@@ -1,8 +1,6 @@
 // Planar primitives: angles, circles, lines, three points, equations, intervals, rays.
 #include "ztmath/arc_spline_primitives.h"
 
-#include <algorithm>
-
 #include "support/reports.h"
 #include "support/segments.h"
 #include "support/vectors.h"

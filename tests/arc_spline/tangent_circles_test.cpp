@@ -1,13 +1,6 @@
 // Circles that touch circles and lines.
 #include "ztmath/arc_spline_tangent_circles.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <functional>
-#include <vector>
-
 #include "support/reports.h"
 #include "support/segments.h"
 #include "support/session.h"

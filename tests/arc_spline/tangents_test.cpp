@@ -1,10 +1,6 @@
 // Tangent lines: through a point, common to two circles, at the other end of a chord.
 #include "ztmath/arc_spline_tangents.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
 #include "support/reports.h"
 #include "support/segments.h"
 

@@ -1,13 +1,6 @@
 // Poles of B-curves.
 #include "ztmath/bc_pole.h"
 
-#include <gtest/gtest.h>
-
-#include <climits>
-#include <cmath>
-#include <utility>
-#include <vector>
-
 #include "support/by_value.h"
 #include "support/session.h"
 #include "support/shared_block.h"

@@ -1,9 +1,5 @@
 #include "ztmath/bcdf_calc.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
 #include "support/curve_record.h"
 #include "support/reports.h"
 #include "support/session.h"

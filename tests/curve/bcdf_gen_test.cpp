@@ -1,9 +1,5 @@
 #include "ztmath/bcdf_gen.h"
 
-#include <gtest/gtest.h>
-
-#include <utility>
-
 #include "support/curve_record.h"
 #include "support/reports.h"
 #include "support/session.h"

@@ -1,12 +1,6 @@
 // Curve defining data: the record as a whole.
 #include "ztmath/bcdf.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <stdexcept>
-#include <utility>
-
 #include "support/curve_record.h"
 #include "support/reports.h"
 #include "support/session.h"

@@ -1,10 +1,6 @@
 // Point lists.
 #include "ztmath/pntlst.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
 #include "support/curve_record.h"
 #include "support/random.h"
 #include "support/reports.h"

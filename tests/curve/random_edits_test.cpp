@@ -1,9 +1,4 @@
 // Random sequences of edits against a plain model: points with their slopes and curvatures in maps.
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <map>
-
 #include "support/curve_record.h"
 #include "support/reports.h"
 #include "support/session.h"

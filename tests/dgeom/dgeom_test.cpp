@@ -1,10 +1,6 @@
 // Differential geometry, against curves and surfaces whose properties are known in closed form.
 #include "ztmath/dgeom.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
 #include "support/vectors.h"
 
 namespace {

@@ -1,10 +1,4 @@
 // Ear clipping against the plain rule, which tests every corner anew.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <vector>
-
 #include "support/outlines.h"
 #include "support/random.h"
 #include "support/reports.h"

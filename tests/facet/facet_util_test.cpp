@@ -1,9 +1,4 @@
 // Facet utilities, all but the triangles of polygons.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-
 #include "support/by_value.h"
 #include "support/reports.h"
 #include "support/session.h"

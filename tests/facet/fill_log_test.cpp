@@ -1,11 +1,8 @@
 // The diagnostic record of a fill, which no exported function writes.
 #include "facet/fill_log.h"
-
-#include <gtest/gtest.h>
+#include "support/prelude.h"
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 namespace {
 

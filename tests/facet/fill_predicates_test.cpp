@@ -2,8 +2,6 @@
 // of a box holds for every point in it.
 #include "facet/fill_shadow.h"
 
-#include <gtest/gtest.h>
-
 #include "support/random.h"
 
 namespace {

@@ -1,11 +1,4 @@
 // The triangle fill against the plain rule, which walks all vertices and edges.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <limits>
-#include <vector>
-
 #include "support/outlines.h"
 #include "support/random.h"
 #include "support/session.h"

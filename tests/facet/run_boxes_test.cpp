@@ -1,10 +1,5 @@
 // Boxes over runs of a chain: that they hold what they must and no more, that searches find what a
 // walk along the chain finds and ask few boxes, and that a window changes no answer.
-#include <gtest/gtest.h>
-
-#include <utility>
-#include <vector>
-
 #include "facet/run_window.h"
 #include "support/random.h"
 

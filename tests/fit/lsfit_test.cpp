@@ -1,11 +1,6 @@
 // Least-squares lines and planes.
 #include "ztmath/lsfit.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <vector>
-
 #include "support/reports.h"
 #include "support/session.h"
 #include "support/vectors.h"

@@ -1,11 +1,4 @@
 // Least-squares circles and spheres.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <utility>
-#include <vector>
-
 #include "support/random.h"
 #include "support/reports.h"
 #include "support/session.h"

@@ -1,9 +1,5 @@
 // The shared block: layout and initialisation, by byte offset throughout.
-#include <gtest/gtest.h>
-
-#include <tuple>
 #include <variant>
-#include <vector>
 
 #include "support/shared_block.h"
 #include "ztmath/session.h"

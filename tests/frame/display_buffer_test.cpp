@@ -1,10 +1,4 @@
 // The buffer of display identifiers, seen through the block as the display function sees it.
-#include <gtest/gtest.h>
-
-#include <numeric>
-#include <stdexcept>
-#include <vector>
-
 #include "support/shared_block.h"
 #include "ztmath/session.h"
 

@@ -1,12 +1,6 @@
 // Session settings: accessors and their assertions.
 #include "ztmath/session.h"
 
-#include <gtest/gtest.h>
-
-#include <array>
-#include <functional>
-#include <tuple>
-
 #include "support/reports.h"
 #include "support/shared_block.h"
 #include "ztmath/wcs.h"

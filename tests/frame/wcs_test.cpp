@@ -1,12 +1,6 @@
 // The work coordinate system: queries, mappings, listeners.
 #include "ztmath/wcs.h"
 
-#include <gtest/gtest.h>
-
-#include <tuple>
-#include <utility>
-#include <vector>
-
 #include "support/by_value.h"
 #include "support/shared_block.h"
 #include "syss/host.h"

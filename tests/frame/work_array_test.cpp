@@ -1,9 +1,6 @@
 // Sizes of work memory.
 #include "frame/work_array.h"
-
-#include <gtest/gtest.h>
-
-#include <climits>
+#include "support/prelude.h"
 
 namespace {
 

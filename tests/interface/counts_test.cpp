@@ -1,13 +1,4 @@
 // Counts, and other integers, that ask for little or make no sense.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <bit>
-#include <cstdint>
-#include <functional>
-#include <numeric>
-#include <tuple>
-
 #include "interface/table.h"
 #include "support/curve_record.h"
 #include "support/reports.h"

@@ -1,8 +1,5 @@
 // Point lists, curve defining data over the input's points: whole records, calculations, searches
 // and edits; poles.
-#include <algorithm>
-#include <utility>
-
 #include "interface/row.h"
 #include "support/curve_record.h"
 

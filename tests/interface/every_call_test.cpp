@@ -1,10 +1,4 @@
 // What holds for every call of the table.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <limits>
-
 #include "interface/table.h"
 #include "support/reports.h"
 #include "support/session.h"

@@ -1,7 +1,4 @@
 // Facet utilities, and triangles of polygons.
-#include <algorithm>
-#include <cmath>
-
 #include "interface/row.h"
 
 namespace ztmath_test {

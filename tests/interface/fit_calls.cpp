@@ -1,7 +1,4 @@
 // Least-squares fits.
-#include <algorithm>
-#include <cmath>
-
 #include "interface/row.h"
 
 namespace ztmath_test {

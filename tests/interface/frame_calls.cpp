@@ -1,6 +1,4 @@
 // Session state: each row sets the words it depends on.
-#include <algorithm>
-
 #include "interface/row.h"
 
 namespace ztmath_test {

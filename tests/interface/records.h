@@ -2,12 +2,7 @@
 // numbers and become output numbers.
 #pragma once
 
-#include <algorithm>
-#include <cmath>
-#include <cstddef>
-#include <tuple>
-#include <type_traits>
-
+#include "support/prelude.h"
 #include "ztmath/ztmath.h"
 
 namespace ztmath_test {

@@ -1,15 +1,6 @@
 // Rows of functions whose parameters say what they read and write.
 #pragma once
 
-#include <algorithm>
-#include <stdexcept>
-#include <string>
-#include <string_view>
-#include <tuple>
-#include <type_traits>
-#include <utility>
-#include <vector>
-
 #include "interface/records.h"
 #include "interface/table.h"
 #include "support/rotation.h"

@@ -1,11 +1,6 @@
 // Dense and banded solvers, eigenvalues, matrix helpers, roots, and the methods that call a
 // function of the caller's. Sizes are above what work memory holds in place, so that the platform
 // is asked for some.
-#include <algorithm>
-#include <cmath>
-#include <functional>
-#include <numeric>
-
 #include "interface/row.h"
 #include "syss/syss.h"
 

@@ -1,9 +1,5 @@
 #include "interface/table.h"
 
-#include <algorithm>
-#include <cmath>
-#include <stdexcept>
-
 namespace ztmath_test {
 
 namespace {

@@ -5,12 +5,7 @@
 #pragma once
 
 #include <atomic>
-#include <bit>
-#include <cstddef>
-#include <cstdint>
 #include <cstdio>
-#include <string>
-#include <vector>
 
 #include "support/random.h"
 

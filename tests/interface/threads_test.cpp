@@ -1,6 +1,4 @@
 // Calls on different data may run side by side while nobody writes the shared block.
-#include <gtest/gtest.h>
-
 #include <thread>
 
 #include "interface/table.h"

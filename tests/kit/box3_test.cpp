@@ -1,10 +1,6 @@
 // Axis-aligned boxes.
 #include "ztmath/box3.h"
-
-#include <gtest/gtest.h>
-
-#include <array>
-#include <cmath>
+#include "support/prelude.h"
 
 namespace {
 

@@ -1,8 +1,6 @@
 // Frames seen from other frames.
 #include "ztmath/csys.h"
 
-#include <gtest/gtest.h>
-
 #include "support/vectors.h"
 
 namespace {

@@ -1,14 +1,6 @@
 // The compact vector kit.
 #include "ztmath/mc.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <functional>
-#include <numbers>
-#include <string>
-
 #include "support/by_value.h"
 #include "support/reports.h"
 #include "support/vectors.h"

@@ -1,10 +1,6 @@
 // Rotation matrices and frames.
 #include "ztmath/mtx3.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
 #include "support/by_value.h"
 #include "support/reports.h"
 #include "support/vectors.h"

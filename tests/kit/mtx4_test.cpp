@@ -1,12 +1,7 @@
 // 4x4 transforms.
 #include "ztmath/mtx4.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
 #include <cstdio>
-#include <utility>
 
 #include "support/by_value.h"
 #include "support/reports.h"

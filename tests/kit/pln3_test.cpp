@@ -1,10 +1,6 @@
 // Predicates on planes.
 #include "ztmath/pln3.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
 #include "support/by_value.h"
 
 namespace {

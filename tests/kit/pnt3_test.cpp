@@ -1,11 +1,6 @@
 // Points: collinearity, order along a line, the closest of many.
 #include "ztmath/pnt3.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <vector>
-
 #include "support/by_value.h"
 #include "support/shared_block.h"
 #include "support/vectors.h"

@@ -1,10 +1,4 @@
 // Roll, pitch and yaw.
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <numbers>
-#include <vector>
-
 #include "support/by_value.h"
 #include "support/vectors.h"
 #include "ztmath/mtx3.h"

@@ -1,10 +1,6 @@
 // Vectors of two dimensions.
 #include "ztmath/vec2.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
 #include "support/by_value.h"
 #include "support/plane.h"
 #include "support/reports.h"

@@ -1,11 +1,6 @@
 // Vectors of three dimensions.
 #include "ztmath/vec3.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <numbers>
-
 #include "support/by_value.h"
 #include "support/reports.h"
 #include "support/vectors.h"

@@ -1,11 +1,5 @@
 // Listeners of the platform library, and its small services.
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <string>
-#include <utility>
-#include <vector>
-
+#include "support/prelude.h"
 #include "syss/host.h"
 
 namespace {

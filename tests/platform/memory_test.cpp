@@ -1,16 +1,6 @@
 // Memory of the platform library.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cstddef>
-#include <cstdint>
-#include <cstring>
-#include <functional>
 #include <new>
-#include <string>
 #include <thread>
-#include <utility>
-#include <vector>
 
 #include "support/random.h"
 #include "support/reports.h"

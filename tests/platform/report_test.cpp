@@ -1,10 +1,5 @@
 // Reports and guarded calls of the platform library.
-#include <gtest/gtest.h>
-
-#include <functional>
 #include <new>
-#include <stdexcept>
-#include <string>
 #include <thread>
 
 #include "platform/guarded_from_c.h"

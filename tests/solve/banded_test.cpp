@@ -1,16 +1,6 @@
 // Banded systems and their error register.
 #include "ztmath/banded.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <climits>
-#include <cmath>
-#include <string>
-#include <tuple>
-#include <utility>
-#include <vector>
-
 #include "support/random.h"
 #include "syss/host.h"
 

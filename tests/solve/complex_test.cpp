@@ -1,8 +1,6 @@
 // Complex numbers.
 #include "solve/complex.h"
 
-#include <gtest/gtest.h>
-
 #include <complex>
 
 #include "support/random.h"

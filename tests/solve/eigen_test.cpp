@@ -1,11 +1,4 @@
 // Eigenvalues, Cholesky factors, power iteration.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <array>
-#include <cmath>
-#include <vector>
-
 #include "support/matrix.h"
 #include "support/reports.h"
 #include "syss/syss.h"

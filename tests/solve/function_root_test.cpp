@@ -1,12 +1,5 @@
 // The root of a function in a bracket.
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <functional>
-#include <stdexcept>
-#include <tuple>
-#include <vector>
-
+#include "support/prelude.h"
 #include "ztmath/roots.h"
 
 namespace {

@@ -1,11 +1,4 @@
 // Cramer's rule and LU decomposition.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
-#include <cmath>
-#include <vector>
-
 #include "support/matrix.h"
 #include "ztmath/solve.h"
 

@@ -1,17 +1,6 @@
 // Minimiser, integrator and quadrature.
 #include "ztmath/nr_functions.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <functional>
-#include <limits>
-#include <numbers>
-#include <stdexcept>
-#include <tuple>
-#include <utility>
-#include <vector>
+#include "support/prelude.h"
 
 namespace {
 

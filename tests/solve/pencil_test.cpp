@@ -1,8 +1,4 @@
 // The generalized eigenproblem of a size known when compiling.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
 #include "solve/generalized_eigen.h"
 #include "support/matrix.h"
 

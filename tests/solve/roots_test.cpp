@@ -1,17 +1,6 @@
 // Real roots of polynomials: the closed forms and Laguerre's method.
 #include "ztmath/roots.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <array>
-#include <cmath>
-#include <functional>
-#include <limits>
-#include <string>
-#include <tuple>
-#include <vector>
-
 #include "support/random.h"
 #include "support/reports.h"
 #include "support/shared_block.h"

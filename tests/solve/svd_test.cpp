@@ -1,10 +1,4 @@
 // Singular value decomposition.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <vector>
-
 #include "support/matrix.h"
 #include "support/reports.h"
 #include "ztmath/solve.h"

@@ -1,10 +1,6 @@
 // The trace of the singular value decomposition, which no build of the library switches on.
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
 #include "solve/svd.h"
+#include "support/prelude.h"
 
 namespace {
 

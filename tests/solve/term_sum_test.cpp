@@ -1,9 +1,6 @@
 // Sums by magnitude.
 #include "solve/term_sum.h"
-
-#include <gtest/gtest.h>
-
-#include <cmath>
+#include "support/prelude.h"
 
 namespace {
 

@@ -1,8 +1,6 @@
 // Calls of the interface with arrays by value.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include "support/rotation.h"
 
 namespace ztmath_test {

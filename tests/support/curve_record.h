@@ -1,10 +1,6 @@
 // Curve defining data for tests: records over points, released on every way out.
 #pragma once
 
-#include <algorithm>
-#include <memory>
-#include <vector>
-
 #include "support/vectors.h"
 #include "syss/syss.h"
 #include "ztmath/bcdf.h"

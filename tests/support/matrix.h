@@ -1,10 +1,6 @@
 // Matrices as tests make them, and the arithmetic that checks results.
 #pragma once
 
-#include <cmath>
-#include <utility>
-#include <vector>
-
 #include "support/random.h"
 
 namespace ztmath_test {

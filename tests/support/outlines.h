@@ -1,10 +1,6 @@
 // Outlines of countries, as maps have them.
 #pragma once
 
-#include <fstream>
-#include <stdexcept>
-#include <string>
-
 #include "support/polygons.h"
 
 namespace ztmath_test {

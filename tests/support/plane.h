@@ -1,12 +1,6 @@
 // Points and vectors of the plane for tests, in extended precision and rounded once.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <array>
-#include <cmath>
-#include <numbers>
-
 #include "support/random.h"
 
 namespace ztmath_test {

@@ -2,11 +2,7 @@
 // random is drawn from a seed, the same on every machine.
 #pragma once
 
-#include <algorithm>
-#include <cmath>
-#include <cstddef>
-#include <cstdint>
-#include <vector>
+#include "support/prelude.h"
 
 namespace ztmath_test {
 

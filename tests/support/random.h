@@ -3,14 +3,7 @@
 // under slow instruments.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <array>
-#include <cstdint>
-#include <cstdlib>
-#include <random>
-#include <string>
+#include "support/prelude.h"
 
 namespace ztmath_test {
 

@@ -1,14 +1,6 @@
 // Records what the library reports.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <ostream>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "support/session.h"
 #include "syss/host.h"
 

@@ -1,10 +1,6 @@
 // Rotation matrices for tests, made and judged in extended precision.
 #pragma once
 
-#include <array>
-#include <cmath>
-#include <cstddef>
-
 #include "support/random.h"
 
 namespace ztmath_test {

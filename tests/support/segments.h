@@ -1,8 +1,6 @@
 // Segments of arc splines for tests.
 #pragma once
 
-#include <cstring>
-
 #include "support/plane.h"
 #include "ztmath/arc_spline.h"
 

@@ -1,8 +1,7 @@
 // What tests set up around calls: the checking level, and an eye on memory.
 #pragma once
 
-#include <gtest/gtest.h>
-
+#include "support/prelude.h"
 #include "syss/host.h"
 
 namespace ztmath_test {

@@ -1,10 +1,7 @@
 // The shared block as a host of the older generation sees it: bytes at fixed offsets.
 #pragma once
 
-#include <array>
-#include <cstddef>
-#include <cstring>
-
+#include "support/prelude.h"
 #include "ztmath/acom.h"
 
 namespace ztmath_test {

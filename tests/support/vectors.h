@@ -1,8 +1,6 @@
 // Vectors for tests: the formulas, in extended precision and rounded once.
 #pragma once
 
-#include <cmath>
-
 #include "support/rotation.h"
 
 namespace ztmath_test {

@@ -1,9 +1,4 @@
 // ztmath arcs, as a person or a script calls it.
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <sstream>
-
 #include "run_tool.h"
 #include "svg_document.h"
 

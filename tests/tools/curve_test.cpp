@@ -1,8 +1,4 @@
 // ztmath curve, as a person or a script calls it.
-#include <gtest/gtest.h>
-
-#include <cmath>
-
 #include "curve_data.h"
 #include "run_tool.h"
 #include "support/session.h"

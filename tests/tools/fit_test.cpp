@@ -1,10 +1,7 @@
 // Fits as the program shows them, against the library and against what is known of the points.
 #include "fit.h"
 
-#include <gtest/gtest.h>
 #include <ztmath/ztmath.h>
-
-#include <cmath>
 
 #include "support/random.h"
 

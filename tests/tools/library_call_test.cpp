@@ -1,7 +1,7 @@
 // Calls of the library that fail.
 #include "library_call.h"
+#include "support/prelude.h"
 
-#include <gtest/gtest.h>
 #include <syss/host.h>
 
 namespace {

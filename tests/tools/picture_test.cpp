@@ -1,9 +1,4 @@
 // Pictures, read back: what they show is where the numbers say it is.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-
 #include "circle_picture.h"
 #include "line_picture.h"
 #include "plane_picture.h"

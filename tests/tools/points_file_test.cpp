@@ -1,9 +1,8 @@
 // Points as text.
 #include "points_file.h"
 
-#include <gtest/gtest.h>
-
 #include "failure.h"
+#include "support/prelude.h"
 
 namespace {
 

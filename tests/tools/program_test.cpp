@@ -1,10 +1,5 @@
 // The program as a person or a script calls it.
-#include <gtest/gtest.h>
 #include <ztmath/ztmath.h>
-
-#include <array>
-#include <utility>
-#include <vector>
 
 #include "run_tool.h"
 #include "support/random.h"

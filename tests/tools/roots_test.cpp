@@ -1,9 +1,4 @@
 // ztmath roots, as a person or a script calls it.
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <vector>
-
 #include "polynomial.h"
 #include "run_tool.h"
 

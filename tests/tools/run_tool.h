@@ -1,16 +1,12 @@
 // Calls the built program.
 #pragma once
 
-#include <gtest/gtest.h>
+#include "support/prelude.h"
+
 #include <sys/wait.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <nlohmann/json.hpp>
-#include <sstream>
-#include <string>
-#include <vector>
 
 namespace ztmath_test {
 

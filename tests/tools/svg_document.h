@@ -1,12 +1,9 @@
 // A drawing, read back by an XML parser, to which it must be well formed.
 #pragma once
 
-#include <expat.h>
-#include <gtest/gtest.h>
+#include "support/prelude.h"
 
-#include <map>
-#include <string>
-#include <vector>
+#include <expat.h>
 
 namespace ztmath_test {
 

@@ -1,11 +1,8 @@
 // Numbers, ticks, tables and units as text.
-#include <gtest/gtest.h>
-
-#include <cmath>
-
 #include "axis.h"
 #include "number.h"
 #include "palette.h"
+#include "support/prelude.h"
 #include "table.h"
 #include "unit.h"
 

@@ -1,10 +1,6 @@
 // ztmath transform, as a person calls it.
-#include <gtest/gtest.h>
 #include <ztmath/mc.h>
 #include <ztmath/mtx4.h>
-
-#include <array>
-#include <vector>
 
 #include "points_file.h"
 #include "run_tool.h"

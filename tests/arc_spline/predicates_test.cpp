@@ -1,4 +1,5 @@
 // Three points, equations in one unknown, intervals, rays and inscribed angles.
+#include "support/by_value.h"
 #include "support/segments.h"
 #include "support/vectors.h"
 #include "ztmath/arc_spline_primitives.h"
@@ -7,18 +8,14 @@ namespace {
 
 using namespace ztmath_test;
 
-Pair minus(const Pair& a, const Pair& b) {
-    return moved(a, -1, b);
-}
-
 TEST(ArcSplinePredicates, ThreePoints) {
     const double wide[] = {1e-3, 5};
     Random random;
+    int status = 9, in_space = 9, side = 9;
     for (int i = 0; i < rounds(200); ++i) {
         const Pair a = random.vector<2>(), b = random.vector<2>(), c = random.vector<2>();
         Pair p = a, q = b, r = c;
         Vector u{a[0], a[1], 0}, v{b[0], b[1], 0}, w{c[0], c[1], 0};
-        int status = 9, in_space = 9, side = 9;
         ARC_SPLINE_re_order_3pts_2d(1e-9, p.data(), q.data(), r.data(), &status);
         ARC_SPLINE_re_order_3pts_3d(1e-9, u.data(), v.data(), w.data(), &in_space);
         const std::array<Pair, 3> orders[] = {{a, b, c}, {b, c, a}, {c, a, b}};
@@ -28,67 +25,47 @@ TEST(ArcSplinePredicates, ThreePoints) {
         EXPECT_GE(span, longer);
         const double sine = dot(left_of(minus(r, p)), minus(q, p)) / (longer * span);
         const int answer = std::fabs(sine) < direction_at(5)[1] ? 1 : 0;
-        EXPECT_EQ(ARC_SPLINE_ask_3pts_collinearity_2d(a.data(), b.data(), c.data(), wide, 2, &side),
-                  answer);
+        EXPECT_EQ(called(ARC_SPLINE_ask_3pts_collinearity_2d, a, b, c, wide, 2, &side), answer);
         EXPECT_EQ(side, answer == 1 ? -1 : dot(left_of(minus(b, a)), minus(c, b)) > 0 ? 0 : 1);
     }
-    // The side 1-2 the longest, 2-3, both, all of them; two points that coincide.
-    const double orders[][3] = {
-        {2, 0, 1}, {-1, 0, 2}, {0.5, 2, 1}, {0.5, std::sqrt(0.75), 0}, {0, 5e-10, -1}};
-    for (const auto& [x, y, expected] : orders) {
-        Pair p{0, 0}, q{x, y}, r{1, 0};
-        int status = 9;
-        ARC_SPLINE_re_order_3pts_2d(1e-9, p.data(), q.data(), r.data(), &status);
-        EXPECT_EQ(status, expected) << x;
+    // The side 1-2 the longest, 2-3, both, all of them; two points that coincide; sides longer by
+    // 1e-10, which count as equal.
+    const double height = std::sqrt(0.75);
+    const double cases[][5] = {
+        {2, 0, 1, 0, 1},        {-1, 0, 1, 0, 2},        {0.5, 2, 1, 0, 1},
+        {0.5, height, 1, 0},    {0.25, 0, 5, 0.25, -1},  {5, 0, 5.25, 0.25, -1},
+        {5, 0, 0.25, 0.25, -1}, {2e-10, 0, 1e-10, 0, 0}, {-1.1e-10, 0, 1e-10, 0, 1}};
+    for (const auto& [x2, y2, x3, tol, expected] : cases) {
+        Pair p{0, 0}, q{x2, y2}, r{x3, 0};
+        ARC_SPLINE_re_order_3pts_2d(tol, p.data(), q.data(), r.data(), &status);
+        EXPECT_EQ(status, expected) << x2 << ' ' << x3;
     }
 }
 
-// Wider than 0.1 / tan(1 degree) and within 0.1 of a line along an axis: collinear. In space all
-// that is within 0.1 of a plane across an axis.
+// Wider than 0.25 / tan(1 degree) and within 0.25 of a line along an axis: collinear. In space all
+// that is within 0.25 of a plane across an axis.
 TEST(ArcSplinePredicates, CollinearWithinTheDistance) {
-    const double tols[] = {0.1, 1};
+    const double tols[] = {0.25, 1}, no_angle[] = {0.25, 0};
     const double cases[][4] = {
-        {3, 0.09, 7, 1}, {2, 0.09, 5, 0}, {3, 0.11, 7, 0}, {0, 3, 0.05, 2}, {0.02, 0.09, 2, 1}};
+        {7, 0.23, 16, 1}, {6, 0.23, 12, 0}, {7, 0.26, 16, 0}, {0, 3, 0.2, 2}};
+    int side = 9;
     for (const auto& [x2, y2, x3, answer] : cases) {
         const Vector p1{0, 0, 5}, p2{x2, y2, 5}, p3{x3, 0, 5};
-        int side = 9;
-        EXPECT_EQ(
-            ARC_SPLINE_ask_3pts_collinearity_2d(p1.data(), p2.data(), p3.data(), tols, 1, &side),
-            answer);
-        EXPECT_EQ(side, -1);
-        EXPECT_EQ(
-            ARC_SPLINE_ask_3pts_collinearity_3d(p1.data(), p2.data(), p3.data(), tols, 2, &side),
-            x3 == 7 ? 1 : answer);
+        EXPECT_EQ(called(ARC_SPLINE_ask_3pts_collinearity_2d, p1, p2, p3, tols, 1, &side), answer);
+        EXPECT_EQ(called(ARC_SPLINE_ask_3pts_collinearity_3d, p1, p2, p3, tols, 2, &side),
+                  x3 == 16 ? 1 : answer);
         EXPECT_EQ(side, -1);
     }
-}
-
-/// What is as far apart as the tolerance is not within it, but for the points that are moved.
-TEST(ArcSplinePredicates, ThreePointsApartByTheToleranceItself) {
-    const double tol = 0.25, tols[] = {tol, 1}, far = tol / std::tan(0.01745329251994328);
-    const double shorter[][3] = {{0, 0.25, 5}, {0, 5, 5.25}, {0, 5, 0.25}};
-    const double longer[][3] = {{0, 2e-10, 1e-10}, {0, -1.1e-10, 1e-10}};
-    int status = 9, side = 9;
-    const auto reordered = [&](const double(&x)[3], double within) {
-        Pair p{x[0], 0}, q{x[1], 0}, r{x[2], 0};
-        ARC_SPLINE_re_order_3pts_2d(within, p.data(), q.data(), r.data(), &status);
-        return status;
-    };
-    for (const auto& x : shorter)
-        EXPECT_EQ(reordered(x, tol), -1) << x[1];
-    for (const auto& x : longer)  // sides longer by 1e-10 count as equal
-        EXPECT_EQ(reordered(x, 0), x[1] < 0 ? 1 : 0);
-    const std::array<Pair, 3> cases[] = {
+    // What is as far apart as the tolerance is not within it.
+    const double far = 0.25 / std::tan(0.01745329251994328);
+    const std::array<Pair, 3> apart[] = {
         {{{0, 0.25}, {10, 0}, {20, 0.2}}},    {{{0, 0.2}, {10, 0}, {20, 0.25}}},
         {{{0, 0}, {0, 0.25}, {1, 0.25}}},     {{{1, 0}, {0, 0}, {0, 0.25}}},
         {{{0, 0}, {far / 2, 0.2}, {far, 0}}}, {{{0, 0}, {5, 0}, {0.25, 0}}}};
-    for (const auto& [p, q, r] : cases)
-        EXPECT_EQ(ARC_SPLINE_ask_3pts_collinearity_2d(p.data(), q.data(), r.data(), tols, 2, &side),
-                  q[0] == 5 ? 1 : 0);
+    for (const auto& [p, q, r] : apart)
+        EXPECT_EQ(called(ARC_SPLINE_ask_3pts_collinearity_2d, p, q, r, tols, 2, &side), q[0] == 5);
     const Pair p{0, 0}, q{1, 0}, r{3, 0};  // neither collinear within no angle, nor a turn
-    const double no_angle[] = {tol, 0};
-    EXPECT_EQ(ARC_SPLINE_ask_3pts_collinearity_2d(p.data(), q.data(), r.data(), no_angle, 2, &side),
-              0);
+    EXPECT_EQ(called(ARC_SPLINE_ask_3pts_collinearity_2d, p, q, r, no_angle, 2, &side), 0);
     EXPECT_EQ(side, -1);
 }
 
@@ -256,18 +233,24 @@ TEST(ArcSplinePredicates, Rays) {
         expect_near(on.iso_1, at.iso_1, 1e-15);
         expect_near(on.bisector, at.bisector, 1e-15);
     }
-    for (const int parallel : {0, 1, 2})  // known before, of directions that are square
-        for (Pair parms : {Pair{2, -1e-9}, {-1e-9, 2}}) {  // one starts where they meet
-            const double tol = 1e-9;
-            Pair d1 = right, d2 = up;
-            int status = parallel;
-            EXPECT_EQ(
-                ARC_SPLINE_ask_are_two_rays_homodromic_2d(o.data(), d1.data(), o.data(), d2.data(),
-                                                          1, 0, &tol, parms.data(), &status),
-                parallel == 0);
-        }
-    EXPECT_EQ(Rays({-0.125, 0}, right, {0, -0.5}, up, 0.125).sides[0], 0);
-    EXPECT_EQ(Rays({-0.5, 0}, right, {0, -0.125}, up, 0.125).sides[1], 0);
+    const struct {
+        int parallel;  // known before, of directions that are square
+        Pair parms;
+        double tol;
+        int alike;
+    } met[] = {{0, {2, -1e-9}, 1e-9, 1},  // one starts where they meet
+               {0, {-1e-9, 2}, 1e-9, 1},
+               {1, {2, -1e-9}, 1e-9, 0},
+               {2, {2, -1e-9}, 1e-9, 0},
+               {0, {1e-200, -1e-200}, 0, 1}};  // whose product is none
+    for (auto at : met) {
+        Pair d1 = right, d2 = up;
+        EXPECT_EQ(
+            ARC_SPLINE_ask_are_two_rays_homodromic_2d(o.data(), d1.data(), o.data(), d2.data(), 1,
+                                                      0, &at.tol, at.parms.data(), &at.parallel),
+            at.alike);
+    }
+    expect_near(Rays(o, right, {1.2e-10, -2}, up).iso_1, {-2, 0}, 1e-9);
     EXPECT_EQ(Rays(o, right, {2, -2}, up, -1).longer, 'r') << "equal, without a tolerance";
     // They meet 0.375 and 0.5 on; the middle of the base is 0.3125 from there.
     for (const double tol : {0.125, 0.3125}) {
@@ -279,65 +262,56 @@ TEST(ArcSplinePredicates, Rays) {
 
 TEST(ArcSplinePredicates, InscribedAngles) {
     Random random;
+    double angle = 9, inscribed = 9;
+    int type = 9, status = 9;
+    const auto of_polygon = ARC_SPLINE_ask_bisector_of_polygon_angle;
+    const auto of_vectors = ARC_SPLINE_ask_bisector_of_inscribed_angle;
+    const auto bisector_by = [&](auto function, const auto&... inputs) {
+        Vector bisector{9, 9, 9};
+        function(passed(inputs)..., bisector.data(), &inscribed, &type, &status);
+        return bisector;
+    };
+    const Vector o{0, 0, 0}, up{0, 0, 1};
     for (int i = 0; i < rounds(200); ++i) {
         const Vector normal = random_unit(random), v1 = random.vector(), v2 = random.vector();
         const Vector a = unit_of(moved(v1, -dot(v1, normal), normal));
         const Vector b = unit_of(moved(v2, -dot(v2, normal), normal));
         const double turn =
             std::atan2(dot(cross(a, b), normal), dot(a, b)) * 180 / std::numbers::pi;
-        double angle = 0, inscribed = 0, again = 0;
-        Vector bisector{};
-        int type = 9, status = 9;
-        ARC_SPLINE_ask_inscribed_angle_and_type(v1.data(), v2.data(), normal.data(), 1, 1, &angle,
-                                                &inscribed, &type);
+        called(ARC_SPLINE_ask_inscribed_angle_and_type, v1, v2, normal, 1, 1.0, &angle, &inscribed,
+               &type);
         EXPECT_NEAR(angle, turn < 0 ? turn + 360 : turn, 1e-9);
         EXPECT_NEAR(inscribed, 180 - turn, 1e-9);
         EXPECT_EQ(type, turn > 0 ? 1 : 0);
-        const Vector p2 = moved(normal, 1, v1), p3 = moved(p2, 1, v2), up = scaled(normal, 4);
-        ARC_SPLINE_ask_bisector_of_polygon_angle(normal.data(), p2.data(), p3.data(), up.data(), 1,
-                                                 bisector.data(), &again, &type, &status);
-        EXPECT_NEAR(again, inscribed, 1e-9);
+        const Vector p2 = moved(normal, 1, v1), p3 = moved(p2, 1, v2);
+        const Vector bisector = bisector_by(of_polygon, normal, p2, p3, scaled(normal, 4), 1.0);
+        EXPECT_NEAR(inscribed, 180 - turn, 1e-9);
         EXPECT_NEAR(dot(bisector, b), -dot(bisector, a), 1e-11);  // as far from either edge
         EXPECT_GE(dot(bisector, cross(normal, b)), 0);            // to the left
         EXPECT_NEAR(length(bisector), 1, 1e-12);
-        Vector projected{}, above{0, 0, 1}, level{}, default_level{};
-        ARC_SPLINE_ask_bisector_of_polygon_angle(normal.data(), p2.data(), p3.data(), above.data(),
-                                                 1, level.data(), &again, &type, &status);
-        ARC_SPLINE_ask_bisector_of_polygon_angle(normal.data(), p2.data(), p3.data(), nullptr, 1,
-                                                 default_level.data(), &again, &type, &status);
-        EXPECT_EQ(default_level, level);
-        ARC_SPLINE_ask_bisector_of_inscribed_angle(v1.data(), v2.data(), normal.data(), 1 + i % 2,
-                                                   1, projected.data(), &again, &type, &status);
+        EXPECT_EQ(bisector_by(of_polygon, normal, p2, p3, nullptr, 1.0),
+                  bisector_by(of_polygon, normal, p2, p3, up, 1.0));
+        const Vector projected = bisector_by(of_vectors, v1, v2, normal, 1 + i % 2, 1.0);
         EXPECT_LT(distance(projected, bisector), 1e-12);
-        ARC_SPLINE_ask_bisector_of_inscribed_angle(v1.data(), v2.data(), normal.data(), 0, 1,
-                                                   projected.data(), &again, &type, &status);
-        EXPECT_NEAR(dot(projected, normal), dot(unit_of(v2), normal), 1e-12) << "turned about it";
+        const Vector turned = bisector_by(of_vectors, v1, v2, normal, 0, 1.0);
+        EXPECT_NEAR(dot(turned, normal), dot(unit_of(v2), normal), 1e-12) << "turned about it";
     }
     // No more of the tolerance than 0.001 degrees counts.
-    const double cases[][3] = {
-        {0.0008, 1, -1}, {0.002, 1, 1}, {-0.002, 1, 0}, {0.0008, 1e-4, 1}, {1e-9, 0, -1}};
+    const double cases[][3] = {{0.0008, 1, -1},   {0.002, 1, 1}, {-0.002, 1, 0},
+                               {0.0008, 1e-4, 1}, {1e-9, 0, -1}, {-180, 1, 0}};
     for (const auto& [turn, tol, expected] : cases) {
         const Pair d = direction_at(turn);
-        const Vector o{0, 0, 0}, p2{1, 0, 0}, p3{1 + d[0], d[1], 0};
-        Vector bisector{9, 9, 9};
-        double inscribed = 0;
-        int type = 9, status = 9;
-        ARC_SPLINE_ask_bisector_of_polygon_angle(o.data(), p2.data(), p3.data(), nullptr, tol,
-                                                 bisector.data(), &inscribed, &type, &status);
+        const Vector p2{1, 0, 0}, p3{1 + d[0], d[1], 0};
+        bisector_by(of_polygon, o, p2, p3, nullptr, tol);
         EXPECT_EQ(type, expected) << turn;
         EXPECT_EQ(inscribed == 180, expected == -1);
         EXPECT_NEAR(inscribed, 180 - turn, 0.001);
-        for (const auto& [end, normal] : {std::pair{p2.data(), p3.data()}, {p3.data(), o.data()}}) {
-            ARC_SPLINE_ask_bisector_of_polygon_angle(o.data(), p2.data(), end, normal, tol,
-                                                     bisector.data(), &inscribed, &type, &status);
-            EXPECT_TRUE(type == -2 && status == 1 && bisector == o && inscribed == 0);
+        for (const auto& [end, normal] : {std::pair{p2, p3}, {p3, o}}) {
+            EXPECT_EQ(bisector_by(of_polygon, o, p2, end, normal, tol), o);
+            EXPECT_TRUE(type == -2 && status == 1 && inscribed == 0);
         }
     }
-    const Vector null{};
-    double angle = 9, inscribed = 9;
-    int type = 9;
-    ARC_SPLINE_ask_inscribed_angle_and_type(null.data(), null.data(), null.data(), 0, 1, &angle,
-                                            &inscribed, &type);
+    called(ARC_SPLINE_ask_inscribed_angle_and_type, o, o, o, 0, 1.0, &angle, &inscribed, &type);
     EXPECT_TRUE(type == -2 && angle == 0 && inscribed == 0);
 }
 

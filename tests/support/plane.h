@@ -13,6 +13,10 @@ inline Pair moved(const Pair& a, double s, const Pair& b) {
     return {static_cast<double>(sum(0)), static_cast<double>(sum(1))};
 }
 
+inline Pair minus(const Pair& a, const Pair& b) {
+    return moved(a, -1, b);
+}
+
 inline double dot(const Pair& a, const Pair& b) {
     return static_cast<double>(static_cast<long double>(a[0]) * b[0] +
                                static_cast<long double>(a[1]) * b[1]);

@@ -12,6 +12,7 @@ using namespace ztmath_test;
 constexpr double fine[] = {1e-6, 1e-4};
 constexpr double quarter[] = {0.25, 1e-4};
 constexpr double no_angle[] = {1e-6, 0};
+constexpr double negative[] = {-1, 1e-4};
 const double* tols = fine;
 
 constexpr Segment full_of_sevens{7, 7, {7, 7}, 7, 7, {7, 7}, {7, 7}, 7, 7};
@@ -180,6 +181,8 @@ TEST(ArcSplineConstructions, TakeTheToleranceItselfForNothing) {
     tols = no_angle;  // nothing is collinear, and the bisectors are parallel
     EXPECT_EQ(through_3({0, 0}, {1, 0}, {3, 0}).status, 1);
     EXPECT_EQ(touching({-1, 1}, {1, 1}, {0, 0}, {1, 0}).count, 1) << "but what is";
+    tols = negative;  // no point is on a line, but some are on neither side
+    EXPECT_EQ(touching({0, 1}, {1, 0}, {0, 0}, {1, 0}).count, 0);
     tols = quarter;
     const std::pair<double, int> radii[] = {{1.75, 1}, {2.25, 1}, {0.25, 2}, {0.1875, 0}};
     for (const auto& [radius, count] : radii)

@@ -271,7 +271,7 @@ TEST(ArcSplinePredicates, InscribedAngles) {
         function(passed(inputs)..., bisector.data(), &inscribed, &type, &status);
         return bisector;
     };
-    const Vector o{0, 0, 0}, up{0, 0, 1};
+    const Vector o{0, 0, 0}, up{0, 0, 1}, ahead{1, 0, 0};
     for (int i = 0; i < rounds(200); ++i) {
         const Vector normal = random_unit(random), v1 = random.vector(), v2 = random.vector();
         const Vector a = unit_of(moved(v1, -dot(v1, normal), normal));
@@ -297,8 +297,8 @@ TEST(ArcSplinePredicates, InscribedAngles) {
         EXPECT_NEAR(dot(turned, normal), dot(unit_of(v2), normal), 1e-12) << "turned about it";
     }
     // No more of the tolerance than 0.001 degrees counts.
-    const double cases[][3] = {{0.0008, 1, -1},   {0.002, 1, 1}, {-0.002, 1, 0},
-                               {0.0008, 1e-4, 1}, {1e-9, 0, -1}, {-180, 1, 0}};
+    const double cases[][3] = {
+        {0.0008, 1, -1}, {0.002, 1, 1}, {-0.002, 1, 0}, {0.0008, 1e-4, 1}, {1e-9, 0, -1}};
     for (const auto& [turn, tol, expected] : cases) {
         const Pair d = direction_at(turn);
         const Vector p2{1, 0, 0}, p3{1 + d[0], d[1], 0};
@@ -313,6 +313,10 @@ TEST(ArcSplinePredicates, InscribedAngles) {
     }
     called(ARC_SPLINE_ask_inscribed_angle_and_type, o, o, o, 0, 1.0, &angle, &inscribed, &type);
     EXPECT_TRUE(type == -2 && angle == 0 && inscribed == 0);
+    const Vector back{-1, 0x1.7p-50, 0};  // where the angle is 180 itself
+    called(ARC_SPLINE_ask_inscribed_angle_and_type, ahead, back, up, 0, 1.0, &angle, &inscribed,
+           &type);
+    EXPECT_TRUE(type == 0 && angle == 180 && inscribed == 360);
 }
 
 }  // namespace

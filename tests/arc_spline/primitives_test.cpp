@@ -65,6 +65,7 @@ TEST(ArcSplinePrimitives, Angles) {
         EXPECT_NEAR(ARC_SPLINE_ask_min_central_angle(r, chord), 2 * half, 1e-9);
     }
     EXPECT_NEAR(ARC_SPLINE_ask_min_central_angle(1, 2.5), 180, 1e-12);
+    EXPECT_EQ(called(ARC_SPLINE_ask_inclination_angle_from_tan_2d, Pair{-0.0, 0}), 0);
     // The vertex 0.57 degrees off the line: the length bounds degrees.
     for (const auto& [tol, angle, found] :
          {std::array{0.5, 179.427, 0.0}, {0.6, 180, 0}, {2, 0, 1}})

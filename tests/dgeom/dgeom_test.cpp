@@ -1,70 +1,50 @@
 // Differential geometry, against curves and surfaces whose properties are known in closed form.
 #include "ztmath/dgeom.h"
 
+#include "support/by_value.h"
 #include "support/vectors.h"
 
 namespace {
 
 using namespace ztmath_test;
 
-/// A point of a curve: its derivatives and what follows from them.
-struct CurvePoint {
-    Vector d1, d2, d3;
-    double curvature, torsion;
-    Vector normal;     // curvature vector over curvature
-    Vector variation;  // of the curvature vector, by arc length
-};
-
-/// (t, t^2, s t^3), s being 1 or -1: speed, curvature and torsion change along it.
-CurvePoint twisted_cubic(double t, int s) {
-    const double t2 = t * t, p = 9 * t2 * t2 + 4 * t2 + 1, q = 9 * t2 * t2 + 9 * t2 + 1;
-    const Vector d1 = {1, 2 * t, s * 3 * t2}, d2 = {0, 2, s * 6 * t}, d3 = {0, 0, s * 6.0};
-    // The vector is w / p^2 with w = d1 x d2 x d1; its derivative by t is divided by |d1|.
-    const Vector w = cross(cross(d1, d2), d1);
-    const Vector w_t = moved(cross(cross(d1, d3), d1), 1, cross(cross(d1, d2), d2));
-    const Vector k_t = moved(scaled(w_t, 1 / (p * p)), -2 * (36 * t2 + 8) * t / (p * p * p), w);
-    return {d1,
-            d2,
-            d3,
-            2 * std::sqrt(q) / std::pow(p, 1.5),
-            s * 3 / q,
-            scaled(w, 1 / length(w)),
-            scaled(k_t, 1 / std::sqrt(p))};
-}
-
-void expect_properties(const CurvePoint& p) {
-    constexpr double tolerance = 1e-12;
-    const auto same = [](const Vector& a, const Vector& b) {
-        EXPECT_LE(distance(a, b), tolerance * std::fmax(1, length(b)));
-    };
-    Vector k, out;
-    std::array<Vector, 4> f;
-    const double *d1 = p.d1.data(), *d2 = p.d2.data(), *d3 = p.d3.data();
-    EXPECT_NEAR(DGEOM_crv_curvature(d1, d2, k.data()), p.curvature, tolerance);
-    same(k, scaled(p.normal, p.curvature));
-    DGEOM_crv_curvature_variation(d1, d2, d3, out.data());
-    same(out, p.variation);
-    DGEOM_crv_diff_property(d1, d2, d3, 1, f[0].data());
-    same(f[0], scaled(p.d1, 1 / length(p.d1)));
-    same(f[1], cross(f[0], p.normal));
-    same(f[2], p.normal);
-    same(f[3], {p.curvature, p.torsion, f[3][2]});
-    EXPECT_NEAR(DGEOM_crv_torsion(d1, d2, d3, out.data()), p.torsion, tolerance);
-    same(out, scaled(p.normal, -p.torsion));
-    EXPECT_EQ(DGEOM_convert_crvatr_to_radius(k.data(), out.data()), 0);
-    same(out, scaled(p.normal, 1 / p.curvature));
-    EXPECT_EQ(DGEOM_convert_radius_to_crvatr(out.data(), out.data()), 0);
-    same(out, k);
-    DGEOM_convert_crvatr_to_deriv2(d1, k.data(), out.data());
-    DGEOM_crv_curvature(d1, out.data(), out.data());
-    same(out, k);
-}
-
+// (t, t^2, s t^3), s being 1 or -1: speed, curvature and torsion change along it.
 TEST(CurveProperties, OfTwistedCubics) {
+    const auto expect_same = [](const Vector& a, const Vector& b) {
+        EXPECT_LE(distance(a, b), 1e-12 * std::fmax(1, length(b)));
+    };
     Random random;
-    for (int round = 0; round < rounds(100); ++round)
-        for (const int sense : {1, -1})
-            expect_properties(twisted_cubic(random.uniform(-1.5, 1.5), sense));
+    for (int round = 0; round < rounds(200); ++round) {
+        const int s = round % 2 == 0 ? 1 : -1;
+        const double t = random.uniform(-1.5, 1.5), t2 = t * t;
+        const double p = 9 * t2 * t2 + 4 * t2 + 1, q = 9 * t2 * t2 + 9 * t2 + 1;
+        const Vector d1 = {1, 2 * t, s * 3 * t2}, d2 = {0, 2, s * 6 * t}, d3 = {0, 0, s * 6.0};
+        const double curvature = 2 * std::sqrt(q) / std::pow(p, 1.5), torsion = s * 3 / q;
+        // The curvature vector is w / p^2 with w = d1 x d2 x d1.
+        const Vector w = cross(cross(d1, d2), d1), normal = unit_of(w);
+        const Vector w_t = moved(cross(cross(d1, d3), d1), 1, cross(cross(d1, d2), d2));
+        const Vector k_t = moved(scaled(w_t, 1 / (p * p)), -2 * (36 * t2 + 8) * t / (p * p * p), w);
+        Vector k, out;
+        EXPECT_NEAR(called(DGEOM_crv_curvature, d1, d2, k.data()), curvature, 1e-12);
+        expect_same(k, scaled(normal, curvature));
+        expect_same(written(DGEOM_crv_curvature_variation, d1, d2, d3),
+                    scaled(k_t, 1 / length(d1)));
+        std::array<Vector, 4> f;
+        called(DGEOM_crv_diff_property, d1, d2, d3, 1, f[0].data());
+        expect_same(f[0], unit_of(d1));
+        expect_same(f[1], cross(f[0], normal));
+        expect_same(f[2], normal);
+        expect_same(f[3], {curvature, torsion, f[3][2]});
+        EXPECT_NEAR(called(DGEOM_crv_torsion, d1, d2, d3, out.data()), torsion, 1e-12);
+        expect_same(out, scaled(normal, -torsion));
+        EXPECT_EQ(called(DGEOM_convert_crvatr_to_radius, k, out.data()), 0);
+        expect_same(out, scaled(normal, 1 / curvature));
+        EXPECT_EQ(called(DGEOM_convert_radius_to_crvatr, out, out.data()), 0);
+        expect_same(out, k);
+        out = written(DGEOM_convert_crvatr_to_deriv2, d1, k);
+        called(DGEOM_crv_curvature, d1, out, out.data());
+        expect_same(out, k);
+    }
 }
 
 TEST(CurveProperties, OfDegenerateCurvesAreZero) {
@@ -90,7 +70,7 @@ TEST(CurveProperties, OfDegenerateCurvesAreZero) {
     }
     double out[3] = {7, 7, 7};
     for (const auto convert : {DGEOM_convert_crvatr_to_radius, DGEOM_convert_radius_to_crvatr})
-        for (const double length : {9.9e-20, 1.01e-19})
+        for (const double length : {9.9e-20, 1e-19})
             EXPECT_EQ(convert(Vector{0, length, 0}.data(), out), length < 1e-19);
 }
 
@@ -123,15 +103,13 @@ SurfacePoint saddle(double x, double y) {
 
 double normal_curvature(const SurfacePoint& p, const Vector& normal, const Vector& tangent) {
     double k = 7;
-    EXPECT_EQ(DGEOM_srf_normal_curvature(p.u.data(), p.v.data(), p.uu.data(), p.uv.data(),
-                                         p.vv.data(), normal.data(), tangent.data(), &k),
+    EXPECT_EQ(called(DGEOM_srf_normal_curvature, p.u, p.v, p.uu, p.uv, p.vv, normal, tangent, &k),
               0);
     return k;
 }
 
 int surface_curvatures(const SurfacePoint& p, int principal_wanted, std::array<double, 7>& out) {
-    return DGEOM_srf_curvatures(p.u.data(), p.v.data(), p.uu.data(), p.uv.data(), p.vv.data(),
-                                principal_wanted, out.data());
+    return called(DGEOM_srf_curvatures, p.u, p.v, p.uu, p.uv, p.vv, principal_wanted, out.data());
 }
 
 TEST(SurfaceCurvatures, OfSpheresToriAndSaddles) {
@@ -139,23 +117,22 @@ TEST(SurfaceCurvatures, OfSpheresToriAndSaddles) {
     for (int round = 0; round < rounds(50); ++round) {
         const double u = random.uniform(-3, 3), v = random.uniform(-1.2, 1.2);
         for (const SurfacePoint& p : {torus(0, 2, u, v), torus(3, 0.5, u, v), saddle(u, v)}) {
-            const Vector normal = scaled(cross(p.u, p.v), 1 / length(cross(p.u, p.v)));
-            const std::array<double, 7> expected = {p.first * p.second,
-                                                    (p.first + p.second) / 2,
-                                                    p.first,
-                                                    p.second,
-                                                    (std::fabs(p.first) + std::fabs(p.second)) / 2,
-                                                    -normal_curvature(p, normal, p.u),
-                                                    -normal_curvature(p, normal, p.v)};
+            const Vector normal = unit_of(cross(p.u, p.v));
+            const double first = p.first, second = p.second;
+            const double along_u = -normal_curvature(p, normal, p.u);
+            const double along_v = -normal_curvature(p, normal, p.v);
+            const double mean_absolute = (std::fabs(first) + std::fabs(second)) / 2;
+            const std::array<double, 7> expected = {first * second, (first + second) / 2, first,
+                                                    second,         mean_absolute,        along_u,
+                                                    along_v};
             std::array<double, 7> c;
             ASSERT_EQ(surface_curvatures(p, 1, c), 0);
             EXPECT_LE(distance(c, expected), 1e-12);
             // Two perpendicular directions share twice the mean (Euler, 1760); what they have along
             // the normal does not count.
             const Vector a = moved(moved(p.u, random.normal(), p.v), random.normal(), normal);
-            EXPECT_NEAR(
-                normal_curvature(p, normal, a) + normal_curvature(p, normal, cross(normal, a)),
-                -2 * c[1], 1e-12);
+            const double across = normal_curvature(p, normal, cross(normal, a));
+            EXPECT_NEAR(normal_curvature(p, normal, a) + across, -2 * c[1], 1e-12);
         }
     }
 }
@@ -171,7 +148,7 @@ TEST(SurfaceCurvatures, OfDegeneratePointsAreNothing) {
         EXPECT_EQ(normal_curvature(p, normal, {3, 0, 0}), 0);
     // The square of the area is to be 1e-10; that of the last is.
     const double exact = 9.999999999999999e-06, rest = 1.393e-13;
-    for (const auto& [side, aside] : {std::array{9.9e-6, 0.0}, {1.01e-5, 0}, {exact, rest}}) {
+    for (const auto& [side, aside] : {std::array{9.9e-6, 0.0}, {exact, rest}}) {
         p.u = {aside, side, 0};
         c.fill(7);
         const bool is_small = side == 9.9e-6;

@@ -63,8 +63,11 @@ std::pair<M, int> map_by(Function function, const Vectors&... vectors) {
 }
 
 TEST(CirclePoint, ComesBackAsTheCircleDownToItsPoint) {
-    const double cases[][5] = {
-        {3, 4, 0, 1, 5}, {1, 1, 2, 1, 0}, {0, 0, 1e-20, 1, 0}, {0, 0, 1.1e-20, 0, -7}};
+    const double cases[][5] = {{3, 4, 0, 1, 5},
+                               {1, 1, 2, 1, 0},
+                               {1, 0, 0.75, 1, 0.5},
+                               {0, 0, 1e-20, 1, 0},
+                               {0, 0, 1.1e-20, 0, -7}};
     for (const auto& [x, y, z, has_circle, radius] : cases) {
         const double p[] = {x, y, z};
         unsigned char valid = 9;

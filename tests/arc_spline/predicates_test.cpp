@@ -50,10 +50,19 @@ TEST(ArcSplinePredicates, CollinearWithinTheDistance) {
         {7, 0.23, 16, 1}, {6, 0.23, 12, 0}, {7, 0.26, 16, 0}, {0, 3, 0.2, 2}};
     int side = 9;
     for (const auto& [x2, y2, x3, answer] : cases) {
-        const Vector p1{0, 0, 5}, p2{x2, y2, 5}, p3{x3, 0, 5};
+        const Pair p1{0, 0}, p2{x2, y2}, p3{x3, 0};
         EXPECT_EQ(called(ARC_SPLINE_ask_3pts_collinearity_2d, p1, p2, p3, tols, 1, &side), answer);
-        EXPECT_EQ(called(ARC_SPLINE_ask_3pts_collinearity_3d, p1, p2, p3, tols, 2, &side),
-                  x3 == 16 ? 1 : answer);
+        for (const std::size_t up : {0, 1, 2}) {
+            const auto raised = [&](const Pair& p) {
+                Vector v{5, 5, 5};
+                v[(up + 1) % 3] = p[0];
+                v[(up + 2) % 3] = p[1];
+                return v;
+            };
+            EXPECT_EQ(called(ARC_SPLINE_ask_3pts_collinearity_3d, raised(p1), raised(p2),
+                             raised(p3), tols, 2, &side),
+                      x3 == 16 ? 1 : answer);
+        }
         EXPECT_EQ(side, -1);
     }
     // What is as far apart as the tolerance is not within it.
@@ -145,7 +154,7 @@ TEST(ArcSplinePredicates, SinesAndCosines) {
 TEST(ArcSplinePredicates, Intervals) {
     const double pairs[][4] = {{1, 2, 0, 1},      {2, 1, 0, 0},      {1, 1, 0, 1},
                                {350, 10, 360, 1}, {10, 350, 360, 0}, {10, 190, 360, 0},
-                               {10, 189, 360, 1}, {1, 2, 1e-10, 0}};
+                               {10, 189, 360, 1}, {1, 2, 1e-10, 0},  {1, 1, -9, 1}};
     for (const auto& [a, b, period, answer] : pairs)
         EXPECT_EQ(ARC_SPLINE_ask_is_pair_in_order(a, b, period), answer) << a << ' ' << b;
     const double inf = HUGE_VAL;
@@ -155,12 +164,13 @@ TEST(ArcSplinePredicates, Intervals) {
         {0, 6, 2, 9, 1},     {9, 6, 2, 9, 1},       {1, 6, 2, 9, 1},       {2, 6, 2, 9, 12},
         {6, 6, 2, 9, 11},    {3, 6, 2, 9, 0},       {-1, 6, 2, 9, 0},      {10, 6, 2, 9, 0},
         {5, 2, 2, 9, 0},     {-1e-10, 0, 2, 0, 11}, {0, 6, 2, 1e-10, 0},   {inf, 6, 2, inf, 0},
-        {inf, 0, inf, 0, 0}, {-inf, -inf, 2, 0, 0}, {-5e-11, 6, 2, 9, 1}};
+        {inf, 0, inf, 0, 0}, {-inf, -inf, 2, 0, 0}, {-5e-11, 6, 2, 9, 1},  {0.5, 6, 2, 9, 1}};
     for (const auto& [t, a, b, period, answer] : cases)
         EXPECT_EQ(ARC_SPLINE_ask_is_parm_in_interval(t, a, b, period), answer) << t << ' ' << a;
     EXPECT_EQ(ARC_SPLINE_ask_sign_of_var(-1e-10, 1e-10), 0);
     EXPECT_EQ(ARC_SPLINE_ask_sign_of_var(-2e-10, 1e-10), -1);
     EXPECT_EQ(ARC_SPLINE_ask_sign_of_var(2e-10, 1e-10), 1);
+    EXPECT_EQ(ARC_SPLINE_ask_sign_of_var(0, -1), 1);
 }
 
 /// All that is asked of two rays.
@@ -286,6 +296,7 @@ TEST(ArcSplinePredicates, InscribedAngles) {
         const Vector p2 = moved(normal, 1, v1), p3 = moved(p2, 1, v2);
         const Vector bisector = bisector_by(of_polygon, normal, p2, p3, scaled(normal, 4), 1.0);
         EXPECT_NEAR(inscribed, 180 - turn, 1e-9);
+        EXPECT_EQ(status, 0);
         EXPECT_NEAR(dot(bisector, b), -dot(bisector, a), 1e-11);  // as far from either edge
         EXPECT_GE(dot(bisector, cross(normal, b)), 0);            // to the left
         EXPECT_NEAR(length(bisector), 1, 1e-12);

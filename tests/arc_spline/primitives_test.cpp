@@ -70,7 +70,7 @@ TEST(ArcSplinePrimitives, Angles) {
     for (const auto& [tol, angle, found] :
          {std::array{0.5, 179.427, 0.0}, {0.6, 180, 0}, {2, 0, 1}})
         for (const double y : {0.01, -0.01}) {
-            EXPECT_NEAR(interior({-1, 0}, {0, 0}, {1, y}, tol, 2), angle, 1e-3);
+            EXPECT_NEAR(interior({-1, 0}, {0, 0}, {3, 3 * y}, tol, 2), angle, 1e-3);
             EXPECT_EQ(status, found);
         }
     for (const int which : {1, 2, 3}) {  // sides as long as the tolerance
@@ -234,6 +234,8 @@ TEST(ArcSplinePrimitives, LinesMeet) {
     EXPECT_EQ(status({0, 0}, {0, 5e-7}), 0);
     EXPECT_EQ(pt, (Pair{0, 2.5e-7}));
     EXPECT_EQ(parms, (Pair{9, 9}));
+    EXPECT_EQ(status({0, 0}, {2.7, 0}), 0);
+    EXPECT_EQ(parms[0], 2.7);
     d2 = direction_at(0.9);
     EXPECT_EQ(status({0, 0}, {0, 1}), 1);
     for (const double size : {0.9e-8, 1.1e-8}) {  // the first without a direction

@@ -154,6 +154,9 @@ TEST(Tangents, CountAndFail) {
     EXPECT_EQ(tangents(exterior, &big, &half, 1, 0).count, 2);
     EXPECT_EQ(tangents(exterior, &big, &half, 0, 1).count, 1);
     EXPECT_EQ(tangents(exterior, &half, &big, 1, 0).count, 1);
+    const Segment speck = arc(0, 0, 1e-6), far = arc(10, 0, 5);  // seen from the smaller one
+    const Tangents sharp = tangents(exterior, &speck, &far);
+    expect_touching(sharp.lines[0], 0, speck, sharp.parms[0][0]);
     const Segment loose = arc(3 + 8e-10, 0, 1);
     const Segment touch = tangents(interior, &loose, &big).lines[0];
     EXPECT_NEAR(touch.start_point[0], 2 + 4e-10, 1e-13) << "amid the gap";
@@ -177,9 +180,10 @@ TEST(Tangents, TakeTheToleranceItselfForNothing) {
         EXPECT_TRUE(row.x < 5 || x.lines[0].start_point[1] == 2) << "as of equal circles";
     }
     const double negative[] = {-1, 1e-7};  // which makes no circle of Thales
-    const Segment big = arc(0, 0, 2), beside = arc(3, 0, 1);
+    const Segment big = arc(0, 0, 2), beside = arc(3, 0, 1), on = arc(2, 0, 1);
     tols = negative;
     EXPECT_EQ(tangents(from_point, &big, &beside).status, 3);
+    EXPECT_EQ(tangents(from_point, &big, &on).status, 0);
     EXPECT_EQ(tangents(interior, &big, &beside).count, 0);
     const double hair[] = {1e-12, 1e-7};  // the circle of Thales is too small to cross another
     const Segment speck = arc(0, 0, 1e-10), next = arc(1.5e-10, 0, 1);

@@ -146,6 +146,7 @@ TEST(SurfaceCurvatures, OfDegeneratePointsAreNothing) {
     EXPECT_EQ(c[2], 7);
     for (const Vector& normal : {Vector{1, 0, 0}, {0, 0, 1}})  // the tangent has no direction
         EXPECT_EQ(normal_curvature(p, normal, {3, 0, 0}), 0);
+    EXPECT_NE(normal_curvature(p, {1, 0, 0}, {0, 1, 0}), 0);
     // The square of the area is to be 1e-10; that of the last is.
     const double exact = 9.999999999999999e-06, rest = 1.393e-13;
     for (const auto& [side, aside] : {std::array{9.9e-6, 0.0}, {exact, rest}}) {

@@ -130,6 +130,10 @@ void expect_order(const Answer& x, const std::vector<Circle>& given) {
     }
 }
 
+double signed_radius(const Segment& s) {
+    return s.orientation * s.radius;
+}
+
 Circle random_circle(Random& random) {
     return {random.vector<2>(), std::exp(random.uniform(-3, 1))};
 }
@@ -273,6 +277,8 @@ TEST(TangentCircles, TakeTheToleranceItselfForNothing) {
     EXPECT_EQ(through_two({1, 0}, {3, 1}, a).count, 1) << "no point is on a circle";
     EXPECT_EQ(through_two({3, 1}, {1, 0}, a).count, 1);
     EXPECT_EQ(through_two({3, 1}, {0, 0}, a).count, 0);
+    const std::vector<Segment> once = through_point(a, b, {2, 3}).circles;
+    EXPECT_NE(once.at(0).radius, once.at(1).radius);
     tols = right_angle;
     EXPECT_EQ(at_point(line({0, 0}, {0, 1}), x_axis, {3, 0}).count, 1);
     tols = fine;
@@ -289,8 +295,7 @@ TEST(CirclesAtAPoint, TouchTheLineThereAndTheRest) {
         const Segment on = line(p, random.vector<2>());
         const Segment other = line(random.vector<2>(), random.vector<2>());
         const double angle = random.uniform(0, 90);
-        const auto expect_at_point = [&](const Answer& x,
-                                         const std::function<double(const Segment&)>& miss) {
+        const auto expect_at_point = [&](const Answer& x, const auto& miss) {
             EXPECT_EQ(x.status, 0);
             for (int i = 0; i < x.count; ++i) {
                 const Segment& s = x.circles[i];
@@ -298,28 +303,26 @@ TEST(CirclesAtAPoint, TouchTheLineThereAndTheRest) {
                 const Pair along = {on.direction[0], on.direction[1]};
                 const double slack = 1e-9 * std::max(10.0, s.radius);
                 EXPECT_NEAR(dot(across, along), 0, slack);
-                EXPECT_NEAR(dot(across, left_of(along)), s.orientation * s.radius, slack);
+                EXPECT_NEAR(dot(across, left_of(along)), signed_radius(s), slack);
                 EXPECT_EQ(s.start_point[0], p[0]);
                 EXPECT_LT(std::fabs(miss(s)), slack);
             }
-            if (x.count == 2) {
-                EXPECT_GT(x.circles[0].orientation * x.circles[0].radius,
-                          x.circles[1].orientation * x.circles[1].radius);
-            }
+            for (int i = 1; i < x.count; ++i)
+                EXPECT_GT(signed_radius(x.circles[i - 1]), signed_radius(x.circles[i]));
         };
-        expect_at_point(at_point(record(c), on, p), [&](const Segment& s) { return gap(s, c); });
         expect_at_point(at_point(other, on, p), [&](const Segment& s) {
             const Pair start = {other.start_point[0], other.start_point[1]};
             const Pair aside = left_of({other.direction[0], other.direction[1]});
             return std::fabs(dot(moved(center_of(s), -1, start), aside)) - s.radius;
         });
         // The law of cosines in the triangle of the centres and a crossing.
-        expect_at_point(at_point(record(c), on, p, angle), [&](const Segment& s) {
-            const double d = distance(center_of(s), c.c);
-            const double twice = 2.0 * s.radius * c.r * direction_at(angle)[0];
-            const double rest = d * d - s.radius * s.radius - c.r * c.r;
-            return (std::fabs(rest) - twice) / (s.radius + c.r + d);
-        });
+        for (const double at : {-1.0, angle})
+            expect_at_point(at_point(record(c), on, p, at), [&](const Segment& s) {
+                const double d = distance(center_of(s), c.c);
+                const double twice = 2.0 * s.radius * c.r * direction_at(std::max(at, 0.0))[0];
+                const double rest = d * d - s.radius * s.radius - c.r * c.r;
+                return (std::fabs(rest) - twice) / (s.radius + c.r + d);
+            });
         ASSERT_FALSE(HasFailure()) << round;
     }
     const Segment circle = record({{0, 0}, 1});

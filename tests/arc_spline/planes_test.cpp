@@ -154,6 +154,7 @@ TEST(CommonPoint, OfThreePlanesIsNotLookedFor) {
         EXPECT_EQ(point, Vector{});
         return s;
     };
+    EXPECT_EQ(statuses(x, {{1, 0.1, 0}, -1, 0}, z), (std::array{0, 0, 0}));
     EXPECT_EQ(statuses(x, x, z), (std::array{2, 0, 0}));
     EXPECT_EQ(statuses(z, x, x), (std::array{0, 2, 0}));
     EXPECT_EQ(statuses(x, z, x), (std::array{0, 0, 2}));

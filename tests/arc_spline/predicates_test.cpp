@@ -47,7 +47,7 @@ TEST(ArcSplinePredicates, ThreePoints) {
 TEST(ArcSplinePredicates, CollinearWithinTheDistance) {
     const double tols[] = {0.25, 1}, no_angle[] = {0.25, 0};
     const double cases[][4] = {
-        {7, 0.23, 16, 1}, {6, 0.23, 12, 0}, {7, 0.26, 16, 0}, {0, 3, 0.2, 2}};
+        {7, 0.23, 16, 1}, {6, 0.23, 12, 0}, {7, 0.26, 16, 0}, {0, 3, 0.2, 2}, {0.05, 0.2, 5, 1}};
     int side = 9;
     for (const auto& [x2, y2, x3, answer] : cases) {
         Vector p1{0, 0, 5}, p2{x2, y2, 5}, p3{x3, 0, 5};
@@ -254,6 +254,7 @@ TEST(ArcSplinePredicates, Rays) {
                   alike);
     }
     expect_near(Rays(o, right, {1.2e-10, -2}, up).iso_1, {-2, 0}, 1e-9);
+    EXPECT_EQ(Rays({-0.5, 0}, right, {0, -0.125}, up, 0.125).sides[1], 0);
     EXPECT_EQ(Rays(o, right, {2, -2}, up, -1).longer, 'r') << "equal, without a tolerance";
     // They meet 0.375 and 0.5 on; the middle of the base is 0.3125 from there.
     for (const double tol : {0.125, 0.3125}) {

@@ -244,6 +244,7 @@ TEST(TangentCircles, TakeTheToleranceItselfForNothing) {
     EXPECT_EQ(touching_three({{0, -5}, 4}, {{0, 5}, 5}, {{0, 4}, 4}).count, 2) << "found once each";
     EXPECT_EQ(of_radius(a, {{2.5, 0}, 1}, 0.25).count, 1);
     EXPECT_EQ(of_radius(a, {{4.25, 0}, 1}, 1).count, 1);
+    EXPECT_EQ(of_radius(a, {{2.25, 0}, 1}, 3).count, 6) << "two of them at the sides";
     EXPECT_EQ(of_radius(a, {{0.25, 0}, 2}, 0.5).count, 0);
     EXPECT_EQ(through_point(a, c, {9, 9}).status, 3);
     EXPECT_EQ(through_point(a, b, {-1.25, 0}).count, 2);

@@ -87,10 +87,4 @@ TEST(FunctionRoot, EndsAtAnExactZeroOrWithTheRootBeforeTheLastStep) {
     EXPECT_EQ(last.visited.size(), 2U + 2U * 20U);
 }
 
-TEST(FunctionRoot, LetsExceptionsOfTheFunctionThrough) {
-    EXPECT_THROW(find([](double x) { return x > 0.4 ? throw std::runtime_error("f") : x - 0.3; },
-                      0.0, 1.0, 1e-9),
-                 std::runtime_error);
-}
-
 }  // namespace

@@ -26,7 +26,7 @@ class Simplex {
     Simplex(Objective objective, const Vector& start, double size)
         : Simplex(std::move(objective), corners(start, size)) {}
     Simplex(Objective objective, const std::vector<Vector>& start)
-        : n(static_cast<int>(start.size()) - 1), vertices(start), f_(std::move(objective)) {
+        : vertices(start), f_(std::move(objective)) {
         for (Vector& vertex : vertices) {
             rows_.push_back(vertex.data());
             y.push_back(f_(vertex));
@@ -34,21 +34,23 @@ class Simplex {
     }
 
     int minimise(double tolerance, int most) {
+        const int n = static_cast<int>(y.size()) - 1;
         const int status =
             NR_amoeba(rows_.data(), y.data(), n, tolerance, call, this, most, &evaluations);
         EXPECT_EQ(evaluations, calls);
-        if (status < 2) expect_consistent();
-        EXPECT_TRUE(status > 1 || y[0] == *std::min_element(y.begin(), y.end()));
+        if (calls > 0) {
+            expect_consistent();
+            EXPECT_EQ(y[0], *std::min_element(y.begin(), y.end()));
+        }
         return status;
     }
 
     /// y holds the values at the vertices.
     void expect_consistent() const {
-        for (int i = 0; i <= n; ++i)
+        for (std::size_t i = 0; i < y.size(); ++i)
             EXPECT_EQ(f_(vertices[i]), y[i]);
     }
 
-    const int n;
     std::vector<Vector> vertices;
     Vector y;
     int evaluations = -1, calls = 0;
@@ -147,8 +149,6 @@ TEST(Amoeba, RefusesBadArgumentsAndNumbersThatAreNone) {
     EXPECT_EQ(at_once.calls, 0);
     Simplex edge([](const Vector& x) { return std::log(x[0]) + x[1] * x[1]; }, {1.0, 1.0}, 0.3);
     EXPECT_EQ(edge.minimise(0.0, 1000), 3);
-    edge.expect_consistent();
-    EXPECT_EQ(edge.y[0], *std::min_element(edge.y.begin(), edge.y.end()));
 }
 
 TEST(Amoeba, TakesInfinityForAWall) {
@@ -310,11 +310,6 @@ TEST(Odeint, SaysWhyItStops) {
     EXPECT_EQ(floor.integrate(0.0, 2.0, {.h_min = 1e-3}), 2);
     EXPECT_NEAR(floor.y[0] * (1.0 - floor.reached), 1.0, 1e-4);
 
-    // The root of a negative number: it comes as close to the edge as rounding lets it.
-    Course edge{[](double x, const double*, double* dydx) { dydx[0] = std::sqrt(0.5 - x); }, {0.0}};
-    EXPECT_EQ(edge.integrate(0.0, 1.0), 4);
-    EXPECT_NEAR(edge.reached, 0.5, 1e-12);
-    EXPECT_NEAR(edge.y[0], std::pow(0.5, 1.5) / 1.5, 1e-7);
     const auto wall = [](double x, const double*, double* dydx) { dydx[0] = x < 0.3 ? 0 : NAN; };
     Course quarter{wall, {0.0}};
     EXPECT_EQ(quarter.integrate(0.0, 1.0, {.h_first = 1.0}), 4);
@@ -326,27 +321,21 @@ TEST(Odeint, SaysWhyItStops) {
 }
 
 TEST(Odeint, RefusesBadArguments) {
-    const struct {
-        Settings settings{};
-        double from = 0.5, to = 1.0;
-        Vector y = {0.0, 1.0};
-    } rows[] = {{{.eps = 0.0}},
-                {{.eps = NAN}},
-                {{.eps = HUGE_VAL}},
-                {{.h_min = -1.0}},
-                {{.h_min = NAN}},
-                {{.h_first = HUGE_VAL}},
-                {{.max_steps = 0}},
-                {.to = NAN},
-                {.to = HUGE_VAL},
-                {.from = -1.7e308, .to = 1.7e308},
-                {.y = {}}};
-    for (const auto& row : rows) {
-        Course c{oscillate, row.y};
-        EXPECT_EQ(c.integrate(row.from, row.to, row.settings), 3) << "row " << &row - rows;
-        EXPECT_EQ(c.reached, row.from);
+    const auto expect_refused = [](const Vector& y, double from, double to, const Settings& bad) {
+        Course c{oscillate, y};
+        EXPECT_EQ(c.integrate(from, to, bad), 3) << from << ' ' << to;
+        EXPECT_EQ(c.reached, from);
         EXPECT_EQ(c.good + c.bad + c.evaluations, 0);
-    }
+    };
+    for (const Settings& bad :
+         {Settings{.eps = 0.0}, Settings{.eps = NAN}, Settings{.eps = HUGE_VAL},
+          Settings{.h_first = HUGE_VAL}, Settings{.h_min = -1.0}, Settings{.h_min = NAN},
+          Settings{.max_steps = 0}})
+        expect_refused({0.0, 1.0}, 0.5, 1.0, bad);
+    for (const auto& [from, to] :
+         {std::pair{0.5, double{NAN}}, {0.5, HUGE_VAL}, {-1.7e308, 1.7e308}})
+        expect_refused({0.0, 1.0}, from, to, {});
+    expect_refused({}, 0.5, 1.0, {});
 }
 
 TEST(Odeint, HoldsWhatWasAcceptedWhenACallThrows) {
@@ -357,7 +346,7 @@ TEST(Odeint, HoldsWhatWasAcceptedWhenACallThrows) {
     Course c{fuse, Vector(40, 1.0)};
     EXPECT_THROW(c.integrate(0.0, 1.0, {.h_first = 0.01}), std::runtime_error);
     EXPECT_EQ(c.reached, c.accepted_x.back());
-    EXPECT_NEAR(c.y[39], std::exp(c.reached), 1e-7);
+    EXPECT_EQ(c.y, c.accepted_y.back());
     EXPECT_EQ(c.good, static_cast<int>(c.accepted_x.size()));
 }
 

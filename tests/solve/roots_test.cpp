@@ -120,6 +120,12 @@ Factored scaled(Random& random, int degree) {
     return f;
 }
 
+Factored clustered(Random& random, int degree) {
+    Factored f{separated(random, degree), {}};
+    f.real[1] = f.real[0] * 1.0001;
+    return f;
+}
+
 /// A real and a complex pair around means that differ by little.
 Factored nearly_even(Random& random) {
     const double mean = dyadic(random.uniform(-10.0, 10.0)), x = random.uniform(0.5, 5.0);
@@ -136,6 +142,7 @@ const std::tuple<const char*, int, double, double, Factored (*)(Random&, int deg
     {"double", 2, 1e-6, 1e-5, [](Random& r, int d) { return with_copies(r, d, 2); }},
     {"triple", 3, 1e-14, 1e-3, [](Random& r, int d) { return with_copies(r, d, 3); }},
     {"quadruple", 4, 0.0, 1e-3, [](Random& r, int d) { return with_copies(r, d, 4); }},
+    {"cluster of 1e-4", 2, 1e-6, 1e-7, [](Random& r, int d) { return clustered(r, d); }},
     {"nearly even", 4, 1e-10, 1e-10, [](Random& r, int) { return nearly_even(r); }},
     {"scaled 1e-8 to 1e8", 2, 1e-5, 1e-9, [](Random& r, int d) { return scaled(r, d); }},
 };

@@ -99,10 +99,16 @@ void expect_plain(int n, int bw, int null_at, Random& random) {
     SCOPED_TRACE(::testing::Message() << n << ", width " << bw << ", null pivot " << null_at);
     System s(n, bw);
     s.fill(random);
-    // A row of zeros has a pivot of exactly zero, whatever is taken from it.
+    // A row of zeros has a pivot of exactly zero, and so has one that begins as the row before.
     if (null_at >= 0)
         std::fill(s.matrix[null_at] + s.first(null_at), s.matrix[null_at] + s.last(null_at) + 1,
                   0.0);
+    if (null_at > 0 && bw > 0) {
+        double *const row = s.matrix[null_at], *const before = s.matrix[null_at - 1];
+        std::fill(before + s.first(null_at - 1), before + s.first(null_at), 0.0);
+        std::copy(before + s.first(null_at), before + s.last(null_at - 1) + 1,
+                  row + s.first(null_at));
+    }
     Matrix a = s.full();
     Vector b(s.b, s.b + n);
     const Register factored = bw < 1 || plain_decompose(a) ? clear : null_pivot;

@@ -160,6 +160,19 @@ TEST(GeneralizedEigen, SolvesThePencilWithVectorsOfLengthOneInB) {
         EXPECT_EQ(Pencil(a, b, x.flat()).block, x.flat());
         EXPECT_EQ(x, first);
     }
+    double untouched = 7;
+    EXPECT_EQ(Pencil({0, 0}, {0, 0}, &untouched).status, 0);
+    EXPECT_EQ(untouched, 7);
+}
+
+TEST(GeneralizedEigen, BesideTheIdentityIsThatOfTheUpperTriangle) {
+    Random random;
+    Matrix a = random_symmetric(random, 4), x(4, 4);
+    a(0, 1) = a(1, 0) = 0;  // no turn of these two, which would set the second column
+    const Eigen alone = jacobi(a);
+    a(2, 1) += 1;
+    EXPECT_EQ(Pencil(a, identity(4), x.flat()).values, alone.d);
+    EXPECT_EQ(x, alone.v);
 }
 
 TEST(GeneralizedEigen, PassesOnThatBIsNotPositiveDefinite) {
@@ -174,8 +187,9 @@ TEST(GeneralizedEigen, ReportsThatAFactorOfNoNumbersHasNoVectors) {
     for (const double b : {HUGE_VAL, std::nan("")}) {
         const std::size_t failures = std::isnan(b) ? 1 : 0;
         const ReportRecorder recorder;
-        double vector;
+        double vector = 7;
         Pencil(identity(1), {1, 1, {b}}, &vector);
+        EXPECT_EQ(vector == 0, !std::isnan(b));
         EXPECT_EQ(recorder.reports(),
                   Reports(failures, internal("nr_eigensystems",
                                              "The third call of SOLVE_lu_solver failed.")));
@@ -187,7 +201,8 @@ TEST(PowerIteration, FindsTheDominantPair) {
     const auto not_converged = [&](Matrix a, int iterations) {
         const double start[2] = {1, 1};
         int status;
-        NR_ask_max_eigen_val_vec(2, a.pointers(), iterations, start, &value, vector, &status);
+        NR_ask_max_eigen_val_vec(a.rows(), a.pointers(), iterations, start, &value, vector,
+                                 &status);
         return status;
     };
     const Matrix stretching(2, 2, {3, 0, 0, 1});
@@ -199,6 +214,13 @@ TEST(PowerIteration, FindsTheDominantPair) {
     EXPECT_EQ(vector[1], 1.0 / 3.0);
     EXPECT_EQ(not_converged(stretching, 0), 1);
     EXPECT_EQ(value, 0);
+    EXPECT_EQ(not_converged({0, 0}, 1), 1);
+    EXPECT_EQ(value, 0);
+    EXPECT_EQ(not_converged({1, 1, {-5}}, 2), 0);
+    EXPECT_EQ(value, -5);
+    // The vectors go to (-1 + 2 * 0.9^k, 1); the length of the one before is about the root of 2.
+    EXPECT_EQ(not_converged({2, 2, {2.7, -0.3, 0, 3}}, 200), 0);
+    EXPECT_NEAR(vector[0], -1 + 2 * std::pow(0.9, 92), 1e-9);
     EXPECT_EQ(not_converged({2, 2, {0, -2, 2, 0}}, 50), 1);
     EXPECT_EQ(not_converged({2, 2, {-2, 0, 0, -2}}, 2), 0);
     EXPECT_EQ(value, -2);
@@ -301,6 +323,9 @@ TEST(MatrixHelpers, AllocatedRowsLieInOneBlock) {
     EXPECT_EQ(own, source);
     NR_matrix_copy_2d_to_1d(rows, 2, 2, own.data() + 1);  // over its own source
     EXPECT_EQ(own, (std::array<double, 6>{1, 1, 2, 4, 5, 6}));
+    SM_free(rows);
+    rows = NR_2d_matrix_allo(2, 0, &block);
+    EXPECT_EQ(rows[1], block);
     SM_free(rows);
 }
 

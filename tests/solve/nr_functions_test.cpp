@@ -120,10 +120,10 @@ TEST(Amoeba, ReflectsExpandsContractsAndShrinks) {
             EXPECT_EQ(tried, expected);
         } while (std::next_permutation(start.begin(), start.end()));
     }
-    Simplex shrunk([](const Vector& x) { return x[0] == 3 || x[1] == 5 ? x[0] + x[1] : 99; },
+    Simplex shrunk([](const Vector& x) { return x[0] == 3 || x[1] == 5 ? -2 * x[0] - x[1] : 99; },
                    {3, 5}, 1);
     EXPECT_EQ(shrunk.minimise(0, 4), 1);
-    EXPECT_EQ(shrunk.vertices, (std::vector<Vector>{{3, 5}, {3.5, 5}, {3, 5.5}}));
+    EXPECT_EQ(shrunk.vertices, (std::vector<Vector>{{4, 5}, {3.5, 5}, {3.5, 5.5}}));
     // Of equals the first is moved, but of the first two the second.
     const std::tuple<Objective, int, Vector> equal_ones[] = {
         {[](const Vector& x) { return x[0] + x[1]; }, 2, {-1, 0}},
@@ -266,6 +266,9 @@ TEST(Odeint, IsExactForQuarticSlopesAndRunsBothWays) {
     for (const double first : {1.0 - 1.0e-12, 1.0 - 1.1e-12})
         EXPECT_EQ((Course{power, {10.0}}.integrate(0, 1, {1.0, first, 0.0, 1})),
                   first < 1.0 - 1.0e-12);
+    Course still{[](double, const double*, double* dydx) { dydx[0] = 0.0; }, {1.0}};
+    EXPECT_EQ(still.integrate(0.0, 100.0, {.h_first = 1.0}), 0);
+    EXPECT_EQ(still.accepted_x, (Vector{1.0, 11.0, 100.0})) << "ten times as long at most";
     Course nowhere{power, {1.0}};
     EXPECT_EQ(nowhere.integrate(2.0, 2.0), 0);
     EXPECT_EQ(nowhere.reached, 2.0);
@@ -411,6 +414,14 @@ TEST(Qsimp, IsExactForCubicsAndOfOrderSixWithTheCorrection) {
     EXPECT_EQ(integrate([](double x) { return std::exp(x); }, 0, 3, 0.0, 10).status, 1);
 }
 
+TEST(Qsimp, GoesOverItAgainWhenTheFirstGuessOfTheSizeWasTooLarge) {
+    const auto spiked = [](double x) {  // where the first division samples the right panel
+        return 1e7 * std::exp(-std::pow((x - 0.71922359359558485) * 1e6, 2)) + std::sin(20.0 * x);
+    };
+    const double value = 10.0 * std::sqrt(pi) + (1.0 - std::cos(20.0)) / 20.0;
+    EXPECT_NEAR(integrate(spiked, 0.0, 1.0, 1e-7, 50).value, value, 1e-7 * value);
+}
+
 TEST(Qsimp, DividesAsOftenAsTheTestsOfTheErrorSay) {
     const auto witch = [](double x) { return 1.0 / (1.0 + 25.0 * x * x); };
     for (const auto& [tolerance, evaluations] :
@@ -430,8 +441,8 @@ TEST(Qsimp, SaysWhatIsWrong) {
                                 integrate(one, 0, 1, 1e-9, 0), integrate(one, NAN, 1, 1e-9, 10),
                                 integrate(one, -1.7e308, 1.7e308, 1e-9, 10)})
         EXPECT_EQ(bad, (Integral{2, 0.0, 0}));
-    for (const Integrand& f : {Integrand([](double x) { return 1.0 / x; }),
-                               Integrand([](double x) { return x < 0.7 ? 1.0 : NAN; }),
+    EXPECT_EQ(integrate([](double x) { return 1.0 / x; }, 0, 10, 1e-9, 60), (Integral{3, 0.0, 5}));
+    for (const Integrand& f : {Integrand([](double x) { return x < 0.7 ? 1.0 : NAN; }),
                                Integrand([](double) { return 1e308; })}) {
         const Integral stopped = integrate(f, 0, 10, 1e-9, 60);
         EXPECT_EQ(stopped.status, 3);

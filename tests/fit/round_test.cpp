@@ -231,6 +231,7 @@ TEST(CircleFit, InSpaceEndsWhereThePlaneFitFindsALine) {
     const ReportRecorder recorder;
     EXPECT_EQ(SpaceCircle({}, {0, 0, 1}).normal, nothing);
     EXPECT_EQ(SpaceCircle({4, 5, 6}, {0, 0, 1}).plane_point, (Vector{4, 5, 6}));
+    EXPECT_EQ(fit<3>({4, 5, 6}).failed, 1);
     EXPECT_EQ(recorder.reports(), Reports{internal("lsfit", "There are no input points.")});
 }
 

@@ -236,16 +236,7 @@ TEST(CircleFit, InSpaceEndsWhereThePlaneFitFindsALine) {
 }
 
 TEST(SphereFit, FallsBackOnFourPointsThatAreSpread) {
-    const double r = 1e9;  // too large for an eigenvalue; the last point is not chosen
-    const Result four = fit<3>({r, 0, 0, 0, r, 0, -r, 0, 0, 0, -r, 0, 0, 0, r, r / 4, r / 4, 0});
-    EXPECT_NEAR(four.radius, r, 1e-3);
-    EXPECT_EQ(four.stats, nothing);
-    // Anywhere: of four points the third is not to be one of the first two.
-    for (const double x : {-2 * r, 2 * r})
-        EXPECT_NEAR(fit<3>({x, r, 0, x, 3 * r, 0, x + r, 2 * r, r, x, 0, r, x + r / 4, 1.5 * r,
-                            r / 2})  // the mean of the four beside them
-                        .radius,
-                    r * std::sqrt(7.25), 1e-3);
+    const double r = 1e9;  // too large for an eigenvalue
     // The first of points as far as others, and what lies ahead of the middle itself.
     const std::vector<Vector> equals = {{0, 0, r / 4}, {2 * r, 0, 0},     {-2 * r, 0, 0},
                                         {0, -r, 0},    {r / 2, r / 2, 0}, {-r / 2, r / 2, 0},
@@ -254,6 +245,7 @@ TEST(SphereFit, FallsBackOnFourPointsThatAreSpread) {
     for (const Vector& p : equals)
         flat.insert(flat.end(), p.begin(), p.end());
     const Result through = fit<3>(flat);
+    EXPECT_EQ(through.stats, nothing);
     for (std::size_t i = 0; i < equals.size(); ++i)
         EXPECT_EQ(std::fabs(length(moved(equals[i], -1, through.centre)) - through.radius) < 1.0,
                   i < 4);

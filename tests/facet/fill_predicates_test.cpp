@@ -93,7 +93,7 @@ TEST(FillShadow, HidesWhatItSaysFromTheEndOfTheBaseEdge) {
     const int tries = rounds(20000);
     int hidden = 0;
     for (int round = 0; round < tries; ++round) {
-        const double offset = round % 2 == 0 ? 0.0 : random.uniform(-1e5, 1e5);
+        const double offset = random.uniform(-1.0, 1.0) * (round % 2 == 0 ? 1.0 : 1e5);
         const double angle = random.uniform(-4.0, 4.0);
         const double flat = std::pow(10.0, random.uniform(-9.0, 0.0));
         const auto placed = [&](double x, double y) {

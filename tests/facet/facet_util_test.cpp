@@ -64,10 +64,11 @@ TEST(FacetLinesAndPlanes, ParallelOrWithoutDirection) {
         EXPECT_DOUBLE_EQ(s, c.s);
         EXPECT_DOUBLE_EQ(t, c.t);
     }
-    for (const double part : {0.99, 1.01}) {
-        called(FACET_line_line_closest_point, a, a, b, Vector{0, part * 1e-5, 0}, &s, &t);
-        EXPECT_EQ(t == 0, part < 1);
-        EXPECT_EQ(called(FACET_line_line_dist, a, a, b, Vector{1, part * 1e-6, 0}) == 0, part > 1);
+    for (const double part : {0.99, 1.0, 1.01}) {
+        const Vector short_v = {0, part * 6e-6, part * 8e-6}, near_a = {1, part * 1e-6, 0};
+        called(FACET_line_line_closest_point, a, a, b, short_v, &s, &t);
+        EXPECT_EQ(t == 0, part <= 1);
+        EXPECT_EQ(called(FACET_line_line_dist, a, a, b, near_a) == 0, part >= 1);
     }
     EXPECT_EQ(called(FACET_line_line_dist, a, a, b, Vector{-2, 0, 0}), 1);
     EXPECT_EQ(called(FACET_line_point_dist, a, Vector{1 + 9e-6, 0, 0}, b), std::sqrt(5.0));

@@ -31,7 +31,7 @@ TEST(FillPredicates, EdgesThatTouchADiagonalCountFromItsLeftOnly) {
         {{-3e-10, 3e-10}, {5e-10, -3e-10}, false},
         {{1e-10, 1e-10}, {1e-10 - 3e-16, -7}, true},
         {{10 - 1e-10, 1e-10}, {10 + 1e-9, -2e-4}, true},
-        {{10 + 3e-10, 2e-10}, {10, 0.9e-10}, true},
+        {{10 + 9e-10, 2e-10}, {10 + 1e-10, 0.9e-10}, true},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(diagonal.is_crossed_by(row.from, row.to), row.crosses) << row.from.x;
@@ -104,7 +104,7 @@ TEST(FillShadow, HidesWhatItSaysFromTheEndOfTheBaseEdge) {
             return placed(random.uniform(low, high), random.uniform(-1.0, 1.0));
         };
         const Vec2 start = placed(0, 0), other = placed(-random.uniform(0.1, 9.0), 0);
-        const Vec2 u = somewhere(0.0, 2.0), v = somewhere(0.0, 2.0), q = somewhere(0.0, 9.0);
+        const Vec2 u = somewhere(-0.5, 2.0), v = somewhere(-0.5, 2.0), q = somewhere(0.0, 9.0);
         const bool forward = random.integer(0, 1) == 0;
         const BaseEdge base = forward ? BaseEdge(other, start) : BaseEdge(start, other);
         const auto extension =

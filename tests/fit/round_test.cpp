@@ -29,14 +29,14 @@ Result fit(const std::vector<double>& points) {
     return r;
 }
 
-/// Points near an arc, or a cap as wide: the angle in degrees from end to end.
+/// Points near an arc, or a cap as wide, from one end to the other: the angle in degrees.
 template <std::size_t dimension>
 std::vector<double> points_near(Random& random, int count, double centre, double radius,
                                 double angle, double noise) {
     const Matrix turn = random_rotation(random);
     std::vector<double> points;
     for (int i = 0; i < count; ++i) {
-        const double a = M_PI / 360 * angle * random.uniform(-1, 1);
+        const double a = M_PI / 360 * angle * (2 * (i + random.uniform(0, 1)) / count - 1);
         const double b = dimension == 3 ? random.uniform(0, 2 * M_PI) : 0;
         const Vector on_cap = {std::cos(a), std::sin(a) * std::cos(b), std::sin(a) * std::sin(b)};
         const double r = radius + noise * random.normal();

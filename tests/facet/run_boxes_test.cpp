@@ -92,7 +92,7 @@ TEST(RunBoxes, FindTheFirstPointOfAPlaceAndAskFewBoxes) {
             }
             EXPECT_GT(found, 10);
             EXPECT_LE(asked[1], asked[0]);
-            if (straight) EXPECT_LE(asked[0], 300 * (1 + std::log2(n)));
+            EXPECT_LE(asked[0], 300 * (straight ? 1 + std::log2(n) : n));
         }
 }
 

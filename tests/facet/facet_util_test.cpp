@@ -90,16 +90,15 @@ TEST(FacetLinesAndPlanes, ParallelOrWithoutDirection) {
                   {{0, 0, -1}, 5, 1},  {{0, 0.99e-5, 1}, 6, 1}, {{0, 1.01e-5, 1}, 6, 2}};
     for (const auto& c : planes) {
         p = {7, 7, 7};
-        EXPECT_EQ(
-            FACET_plane_plane_int(z.data(), 5, c.normal.data(), c.d, p.data(), direction.data()),
-            c.relation);
+        EXPECT_EQ(called(FACET_plane_plane_int, z, 5, c.normal, c.d, p.data(), direction.data()),
+                  c.relation);
         EXPECT_EQ(p[0] == 7, c.relation != 2);
         EXPECT_EQ(direction[0], -c.normal[1]);
     }
-    for (const double rise : {0.99e-10, 1e-10})
-        EXPECT_EQ(
-            FACET_line_int_plane(none.data(), Vector{1, 0, rise}.data(), z.data(), 1, p.data(), &t),
-            rise < 1e-10);
+    for (const double rise : {0.99e-10, 1e-10}) {
+        const Vector end = {1, 0, rise};
+        EXPECT_EQ(called(FACET_line_int_plane, none, end, z, 1, p.data(), &t), rise < 1e-10);
+    }
     EXPECT_EQ(FACET_point_plane_proj(z.data(), Vector{0, 0, 0.99e-5}.data(), 7, p.data()), 1);
 }
 

@@ -235,10 +235,9 @@ TEST(PolyTriFill, AnswersWithAStatusAndClearedOutputs) {
         const Fill fill(c.polygon, true);
         EXPECT_EQ(fill.status, c.status);
         EXPECT_EQ(fill.count, c.status == 0 ? fill.size - 2 : 0);
-        for (const void* block :
-             {static_cast<const void*>(fill.triangles), static_cast<const void*>(fill.edges),
-              static_cast<const void*>(fill.lists)})
-            EXPECT_EQ(block == nullptr, c.status != 0);
+        EXPECT_EQ(fill.triangles == nullptr, c.status != 0);
+        EXPECT_EQ(fill.edges == nullptr, c.status != 0);
+        EXPECT_EQ(fill.lists == nullptr, c.status != 0);
         EXPECT_EQ(PTF_validate_boundary(fill.size, c.polygon.data()), c.status == 0);
     }
     PTF_free_output(3, nullptr, nullptr, nullptr);

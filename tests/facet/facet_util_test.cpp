@@ -55,7 +55,7 @@ TEST(FacetLinesAndPlanes, ParallelOrWithoutDirection) {
         double u, v, s, t;
     } parallels[] = {
         {1, 1, 0, -2},          {1, 2, 0, -4.0 / 16},  // by the square of the squared length
-        {2, 9e-4, 4.0 / 16, 0}, {9e-4, 9e-4, 0, 0},
+        {2, 9e-4, 4.0 / 16, 0}, {1e-3, 9e-4, 0, 0},
         {2, 1e-3, 4.0 / 16, 0}, {2, 1.1e-3, 0, -2.2e-3 / (1.21e-6 * 1.21e-6)}};
     double s, t;
     Vector p, direction;
@@ -63,6 +63,12 @@ TEST(FacetLinesAndPlanes, ParallelOrWithoutDirection) {
         called(FACET_line_line_closest_point, a, Vector{c.u, 0, 0}, b, Vector{c.v, 0, 0}, &s, &t);
         EXPECT_DOUBLE_EQ(s, c.s);
         EXPECT_DOUBLE_EQ(t, c.t);
+    }
+    for (const double part : {0.99, 1.0, 1.01}) {
+        const Vector short_v = {0, part * 6e-6, part * 8e-6}, near_a = {1, part * 1e-6, 0};
+        called(FACET_line_line_closest_point, a, a, b, short_v, &s, &t);
+        EXPECT_EQ(t == 0, part <= 1);
+        EXPECT_EQ(called(FACET_line_line_dist, a, a, b, near_a) == 0, part >= 1);
     }
     EXPECT_EQ(called(FACET_line_line_dist, a, a, b, Vector{-2, 0, 0}), 1);
     EXPECT_EQ(called(FACET_line_point_dist, a, Vector{1 + 9e-6, 0, 0}, b), std::sqrt(5.0));
@@ -84,16 +90,15 @@ TEST(FacetLinesAndPlanes, ParallelOrWithoutDirection) {
                   {{0, 0, -1}, 5, 1},  {{0, 0.99e-5, 1}, 6, 1}, {{0, 1.01e-5, 1}, 6, 2}};
     for (const auto& c : planes) {
         p = {7, 7, 7};
-        EXPECT_EQ(
-            FACET_plane_plane_int(z.data(), 5, c.normal.data(), c.d, p.data(), direction.data()),
-            c.relation);
+        EXPECT_EQ(called(FACET_plane_plane_int, z, 5, c.normal, c.d, p.data(), direction.data()),
+                  c.relation);
         EXPECT_EQ(p[0] == 7, c.relation != 2);
         EXPECT_EQ(direction[0], -c.normal[1]);
     }
-    for (const double rise : {0.99e-10, 1.01e-10})
-        EXPECT_EQ(
-            FACET_line_int_plane(none.data(), Vector{1, 0, rise}.data(), z.data(), 1, p.data(), &t),
-            rise < 1e-10);
+    for (const double rise : {0.99e-10, 1e-10}) {
+        const Vector end = {1, 0, rise};
+        EXPECT_EQ(called(FACET_line_int_plane, none, end, z, 1, p.data(), &t), rise < 1e-10);
+    }
     EXPECT_EQ(FACET_point_plane_proj(z.data(), Vector{0, 0, 0.99e-5}.data(), 7, p.data()), 1);
 }
 

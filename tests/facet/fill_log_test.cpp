@@ -7,17 +7,12 @@
 namespace {
 
 TEST(FillLog, WritesNodesElementsAndBoundary) {
-    const std::filesystem::path before = std::filesystem::current_path();
-    const std::filesystem::path directory = ::testing::TempDir() + "ztmath_fill_log";
-    std::filesystem::create_directory(directory);
-    std::filesystem::current_path(directory);
     const double points[] = {0, 0, 1.5, -2, 0, 1e100};
     const PTF_triangle_t triangle{2, 0, 1, -1, -1, -1};
     ztmath::write_ansys_log(3, points, 1, &triangle);
     std::ostringstream text;
     text << std::ifstream("ansysptf.log").rdbuf();
-    std::filesystem::current_path(before);
-    std::filesystem::remove_all(directory);
+    std::filesystem::remove("ansysptf.log");
     EXPECT_EQ(text.str(),
               "/dev,vect,0\n/prep7\nimmed,off\n/triad,off\n"
               "et,1,93\net,2,3\net,3,92\net,4,63\net,5,45\net,6,95\net,7,19\n/gopr\n"

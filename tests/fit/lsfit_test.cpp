@@ -64,35 +64,7 @@ TEST(Line2dFit, MeasuresFromTheCentroidsXInBothCoordinates) {
     EXPECT_EQ(std::fabs(fit.normal[1]), 1);
     EXPECT_EQ(fit.coincident, 0);
     EXPECT_EQ(fit.stats, (Vector{2, 0, 2}));
-}
-
-TEST(Line2dFit, MinimisesThePerpendicularDistances) {
-    Random random;
-    const double angle = 0.7;
-    std::vector<double> points;
-    for (int i = 0; i < 301; ++i) {
-        const double t = random.uniform(-50, 50);
-        const double d = 0.1 * random.normal();
-        points.push_back(t * std::cos(angle) - d * std::sin(angle));
-        points.push_back(t * std::sin(angle) + d * std::cos(angle));
-    }
-    const Line2d fit(points);
-    const auto rms_about_centroid = [&](double a, double b) {
-        long double mean = 0, squares = 0;
-        for (int i = 0; i < 301; ++i) {
-            const long double d = a * points[2 * i] + b * points[2 * i + 1];
-            mean += d / 301;
-            squares += d * d / 301;
-        }
-        return std::sqrt(static_cast<double>(squares - mean * mean));
-    };
-    const double best = rms_about_centroid(fit.normal[0], fit.normal[1]);
-    EXPECT_NEAR(fit.stats[1], best, 1e-12);
-    for (const double turn : {-1e-3, 1e-3})
-        EXPECT_GT(
-            rms_about_centroid(std::cos(turn) * fit.normal[0] - std::sin(turn) * fit.normal[1],
-                               std::sin(turn) * fit.normal[0] + std::cos(turn) * fit.normal[1]),
-            best);
+    EXPECT_EQ(Line2d({0, 5, -9, 1, 9, 1, 0, 1, 0, 2}).stats[0], 5);
 }
 
 TEST(Line2dFit, RunsBetweenTwoRowsOfPoints) {
@@ -108,11 +80,11 @@ TEST(Line2dFit, RunsBetweenTwoRowsOfPoints) {
 }
 
 TEST(Line2dFit, TakesEigenvaluesUpTo1e19AndForZeroUpTo1e10th) {
-    for (const double part : {0.99, 1.01}) {
+    for (const double part : {0.99, 1.0, 1.01}) {
         const double large = std::sqrt(part * 1e19 / 2), small = std::sqrt(part * 1e-10 / 2);
         const Line2d far({-1e10, 1e9, 1e10, 1e9, 0, 1e9 - large, 0, 1e9 + large});
         EXPECT_NEAR(far.point[1], part < 1 ? 0 : 1e9, 1);
-        EXPECT_EQ(Line2d({-5, 0, 5, 0, 0, small, 0, -small}).stats[1] == 0, part < 1);
+        EXPECT_EQ(Line2d({-5, 0, 5, 0, 0, small, 0, -small}).stats[1] == 0, part <= 1);
     }
 }
 
@@ -147,7 +119,7 @@ TEST(PlaneFit, RecoversPlaneAndNoiseAlsoFarFromTheOrigin) {
                 points.insert(points.end(), p.begin(), p.end());
             }
             const Plane fit(points);
-            EXPECT_NEAR(std::fabs(dot(fit.normal, row(frame.axes, 2))), 1.0, 1e-3);
+            EXPECT_LE(length(cross(fit.normal, row(frame.axes, 2))), 0.1 / count + 1e-4);
             // Against distances from the plane that came out.
             double squares = 0, sum = 0, largest = 0;
             for (auto p = points.begin(); p != points.end(); p += 3) {
@@ -166,15 +138,6 @@ TEST(PlaneFit, RecoversPlaneAndNoiseAlsoFarFromTheOrigin) {
         }
 }
 
-TEST(PlaneFit, CentroidIsThePlainMeanOverManyBlocks) {
-    std::vector<double> points;
-    for (int i = 0; i < 100'000; ++i)
-        points.insert(points.end(), {1.0 * i, 2.0 * i, 1e6});
-    const Plane fit(points);
-    EXPECT_EQ(fit.point, (Vector{49999.5, 99999.0, 1e6}));
-    EXPECT_LT(std::fabs(fit.normal[0] + 2 * fit.normal[1]), 1e-12);
-}
-
 TEST(PlaneFit, IdenticalPointsTakeTheNormalPathWithTheFirstEigenvector) {
     const Plane fit({1, 2, 3, 1, 2, 3, 1, 2, 3});
     EXPECT_EQ(fit.normal[0], 1);
@@ -182,11 +145,12 @@ TEST(PlaneFit, IdenticalPointsTakeTheNormalPathWithTheFirstEigenvector) {
 }
 
 TEST(PlaneFit, WithoutAUsableEigenvalueFallsBackOnFarthestPoints) {
-    const Plane plane(
-        {1e11, 3e11, 0, -1e11, 3e11, 0, 0, 3e11, 5e10, 0, 3e11, -5e10, 0, 3.1e11, 0, 0, 2.9e11, 0});
+    const Plane plane({1e11, 3e11, 0,      -1e11, 3e11, 0,    0,     3.1e11, 0,    0, 3e11,
+                       5e10, 0,    2.9e11, 0,     0,    3e11, -5e10, 0,      3e11, 0});
     EXPECT_EQ(std::fabs(plane.normal[1]), 1);
     EXPECT_EQ(plane.collinear, 0);
     EXPECT_EQ(plane.stats[0], 1e10);
+    EXPECT_DOUBLE_EQ(plane.stats[1], 1e10 * std::sqrt(2.0 / 7));
 
     ReportRecorder quiet;
     const Plane nan({0, 0, 0, 5, 5, 5, NAN, NAN, NAN});
@@ -196,19 +160,18 @@ TEST(PlaneFit, WithoutAUsableEigenvalueFallsBackOnFarthestPoints) {
 }
 
 TEST(Line3dFit, FitsThePlaneFirstAndTheLineInIt) {
-    Random random;
     const Vector direction = {2.0 / 3, -1.0 / 3, 2.0 / 3};
     const Vector aside = {1.0 / 3, -2.0 / 3, -2.0 / 3};
     const Vector origin = {5, 5, 5};
     std::vector<double> points;
-    for (int i = 0; i < 200; ++i) {
-        const Vector along = moved(origin, random.uniform(-30, 30), direction);
-        const Vector p = moved(along, 0.02 * random.normal(), aside);
-        points.insert(points.end(), p.begin(), p.end());
-    }
+    for (int t = -30; t <= 30; ++t)
+        for (const double d : {-0.02, 0.02}) {
+            const Vector p = moved(moved(origin, t, direction), d, aside);
+            points.insert(points.end(), p.begin(), p.end());
+        }
     const Line3d fit(points);
-    EXPECT_NEAR(std::fabs(dot(fit.direction, direction)), 1.0, 1e-6);
-    EXPECT_NEAR(dot(moved(fit.point, -1, origin), aside), 0.0, 0.01);
+    EXPECT_LE(length(cross(fit.direction, direction)), 1e-12);
+    EXPECT_NEAR(dot(moved(fit.point, -1, origin), aside), 0, 1e-12);
     EXPECT_EQ(fit.coincident, 0);
     EXPECT_EQ(fit.collinear, 0);
 

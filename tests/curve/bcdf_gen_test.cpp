@@ -29,6 +29,8 @@ TEST(CurveValidation, FindsTheFirstFault) {
     } cases[] = {
         {1005321, 1, 0, 0, [](BCDF*) {}},
         {1005321, 2, 1, 0, [](BCDF*) {}},
+        {0, 2, 0, 0, [](BCDF* r) { r->order = 2; }},
+        {0, 3, 1, 0, [](BCDF* r) { r->order = 2; }},
         {1005311, 3, 0, 0, [](BCDF*) {}},
         {1005311, 4, 1, 0, [](BCDF*) {}},
         {0, 3, 0, 0, [](BCDF* r) { BCDF_add_needed_slopes(r); }},
@@ -42,8 +44,7 @@ TEST(CurveValidation, FindsTheFirstFault) {
         {1005320, 4, 0, 0, [](BCDF* r) { BCDF_replace_curvature(r, up, 0, 0), r->order = 3; }},
         {1005318, 4, 0, 0, [](BCDF* r) { BCDF_replace_curvature(r, up, 0, 0); }},
         {0, 10, 0, 1, [](BCDF*) {}},
-        {0, 4, 0, 1, [](BCDF*) {}},
-        {0, 10, 0, 1, [](BCDF* r) { r->ls_num_segments = 7; }},
+        {0, 4, 0, 1, [](BCDF* r) { r->ls_num_segments = 1; }},
         {1005005, 10, 0, 1, [](BCDF* r) { r->ls_num_segments = 8; }},
         {1005005, 10, 0, 1, [](BCDF* r) { r->ls_num_segments = -1; }},
         {1005006, 10, 0, 1, [](BCDF* r) { r->ls_tolerance = -1; }},
@@ -65,77 +66,79 @@ TEST(CurveValidation, FindsTheFirstFault) {
     EXPECT_EQ(recorder.reports(), Reports{});
 }
 
-TEST(CurveSearches, StopAtTheirLimits) {
+TEST(CurveValidation, PointsOverlapWithinTheLengthTolerance) {
     const KeepBlock keep;
-    set_word_at(1128, 0.25);  // the length tolerance
+    acom_.tolerances[ZTMATH_LENGTH_TOLERANCE] = 0.25;
     const CheckingLevel checking(1);
-    ReportRecorder recorder;
-    const Record close = new_record({0, 0, 0, 1, 0, 0, 1.25, 0, 0, 2, 0, 0});
+    const ReportRecorder recorder;
+    const Record record = new_record({0, 0, 0, 1, 0, 0, 1.25, 0, 0, 2, 0, 0});
     const struct {
         int mode, position, overlaps;
         double x;
-    } cases[] = {{1, 1, 1, 0.25}, {1, 1, 1, 1.1}, {1, 1, 0, 0.5}, {1, 0, 0, 0}, {1, 2, 1, 2},
-                 {1, 4, 1, 2},    {2, 1, 0, 0},   {2, 0, 0, 0},   {3, 0, 1, 0}, {4, 0, 0, 0}};
+    } cases[] = {{1, 1, 1, 0.25}, {1, 1, 1, 1.1}, {1, 1, 0, 0.5}, {1, 0, 0, 0},
+                 {1, 2, 1, 2},    {1, 4, 1, 2},   {2, 1, 0, 0},   {2, 0, 0, 0},
+                 {2, 3, 0, 0},    {3, 0, 1, 0},   {4, 0, 0, 0}};
     for (const auto& [mode, position, overlaps, x] : cases)
-        EXPECT_EQ(BCDF_check_overlap_points(close.get(), mode, position, Vector{x, 0, 0}.data()),
+        EXPECT_EQ(BCDF_check_overlap_points(record.get(), mode, position, Vector{x, 0, 0}.data()),
                   overlaps);
-    close->points->points[6] = 0.2;
-    EXPECT_EQ(BCDF_check_overlap_points(close.get(), 2, 1, up), 1);
-    close->points->points[9] = 1.1;
-    EXPECT_EQ(BCDF_check_overlap_points(close.get(), 2, 2, up), 1);
-    EXPECT_EQ(BCDF_check_consecutive_dup_pts(close.get()), 0);
+    record->points->points[6] = 0.2;
+    EXPECT_EQ(BCDF_check_overlap_points(record.get(), 2, 1, up), 1);
+    record->points->points[9] = 1.1;
+    EXPECT_EQ(BCDF_check_overlap_points(record.get(), 2, 2, up), 1);
+    EXPECT_EQ(BCDF_check_consecutive_dup_pts(record.get()), 0);
+    EXPECT_EQ(recorder.reports(), Reports{});
+}
 
-    const Record record = row_of(6, 1);
+TEST(CurveSearches, StopAtTheirLimits) {
+    const CheckingLevel checking(1);
+    const ReportRecorder recorder;
+    const Record record = row_of(6, 1), plain = row_of(2);
     EXPECT_EQ(BCDF_num_of_knots_needed(record.get(), 5), 12);
     EXPECT_EQ(BCDF_num_of_knots_needed(record.get(), 0), 10);
     int at = -1, number = -1;
-    const struct {
-        double t;
-        int found, at;
-    } searches[] = {{1e-10, 1, 0}, {1 + 0.9e-10, 1, 1}, {1.5, 0, 2}, {9, 0, 6}};
-    for (const auto& s : searches) {
-        EXPECT_EQ(BCDF_parameter_in_list(record.get(), s.t, &at), s.found);
-        EXPECT_EQ(at, s.at);
+    for (const auto& [t, found, index] :
+         {std::tuple{1e-10, 1, 0}, {1 + 0.9e-10, 1, 1}, {1.5, 0, 2}, {9.0, 0, 6}}) {
+        EXPECT_EQ(BCDF_parameter_in_list(record.get(), t, &at), found);
+        EXPECT_EQ(at, index);
     }
     EXPECT_EQ(BCDF_create_crvatr_pos_array(record.get(), &number), nullptr);
     for (int i = 0; i < 4; ++i)
         BCDF_replace_slope(record.get(), along, i, 1);
     BCDF_replace_curvature(record.get(), up, 2, 1);
-    // Near is 1e-10 of the whole span, 5; a position array is at its end where a point is missing.
-    for (const double t : {2 + 4e-10, 2 + 6e-10}) {
-        record->slope_parameters->points[2] = t;
-        EXPECT_EQ(BCDF_slope_at_point(record.get(), 2, &at), t < 2 + 5e-10);
-        EXPECT_EQ(at, 2);
+    // Near is 1e-10 of the whole span, 5, and nearest of the points.
+    const struct {
+        double slope, next;
+        int position, found;
+    } cases[] = {{4e-10, 1, 2, 1},         {6e-10, 1, 2, 0},     {0x1p-32, 0x1p-31, 2, 0},
+                 {0x1p-32, 0x1p-31, 3, 0}, {1e-10, 3e-10, 2, 1}, {1e-10, 3e-10, 3, 0},
+                 {2e-10, 3e-10, 2, 0},     {2e-10, 3e-10, 3, 1}};
+    for (const auto& [slope, next, position, found] : cases) {
+        record->slope_parameters->points[2] = 2 + slope;
+        record->parameters->points[3] = 2 + next;
+        EXPECT_EQ(BCDF_slope_at_point(record.get(), position, &at), found) << slope;
     }
-    record->parameters->points[3] = 2 + 0x1p-31;
-    record->slope_parameters->points[2] = 2 + 0x1p-32;
-    for (const int between : {2, 3})
-        EXPECT_EQ(BCDF_slope_at_point(record.get(), between, &at), 0);
-    record->parameters->points[3] = 2 + 3e-10;
-    for (const int steps : {1, 2}) {
-        record->slope_parameters->points[2] = 2 + steps * 1e-10;
-        EXPECT_EQ(BCDF_slope_at_point(record.get(), 1 + steps, &at), 1);
-        EXPECT_EQ(BCDF_slope_at_point(record.get(), 4 - steps, &at), 0);
-    }
-    at = 7;  // which stays where there is nothing to search
-    for (const auto search :
-         {BCDF_slope_at_point, BCDF_curvature_at_point, BCDF_curvature_at_slope})
-        EXPECT_EQ(search(record.get(), 9, &at) + search(close.get(), 1, &at), 0);
-    EXPECT_EQ(at, 7);
     int* positions = BCDF_create_slope_pos_array(record.get(), &number);
-    EXPECT_EQ(std::vector<int>(positions, positions + number), (std::vector<int>{1, 2, 0, 0}));
+    EXPECT_EQ(std::vector<int>(positions, positions + number), (std::vector<int>{1, 2, 0, 0}))
+        << "at its end where a point is missing";
     SM_free(positions);
     record->slope_parameters->points[0] = 5 * 1e-10;
     EXPECT_EQ(BCDF_slope_at_point(record.get(), 0, &at), 1);
-    EXPECT_EQ(BCDF_point_at_curvature(record.get(), 0), 2);
-    EXPECT_EQ(recorder.take(), Reports{});
+    at = 7;  // which stays where there is nothing to search
+    for (const auto search :
+         {BCDF_slope_at_point, BCDF_curvature_at_point, BCDF_curvature_at_slope})
+        EXPECT_EQ(search(record.get(), 9, &at) + search(plain.get(), 1, &at), 0);
+    EXPECT_EQ(at, 7);
+    EXPECT_EQ(recorder.reports(), Reports{});
     record->slope_parameters->points[2] = 2.5;
     Vector slope;
     EXPECT_EQ(BCDF_slope_at_curvature(record.get(), 0, &at, slope.data()), 0);
     EXPECT_EQ(BCDF_point_at_slope(record.get(), 2), 6);
     const Reports expected = {internal("bcdf_gen", "Point With Assigned Curvature Has No Slope"),
                               internal("bcdf_gen", "Bcurve Defining Data Structure Corrupt")};
-    EXPECT_EQ(recorder.take(), expected);
+    EXPECT_EQ(recorder.reports(), expected);
+    record->slope_parameters->points[2] = record->curvature_parameters->points[0] = HUGE_VAL;
+    EXPECT_EQ(BCDF_curvature_at_slope(record.get(), 2, &at), 0);
+    EXPECT_EQ(at, 0) << "at the first that is not below";
 }
 
 TEST(CurveEditing, PointsTakeTheirSlopesWithThemAndNoOther) {
@@ -146,14 +149,15 @@ TEST(CurveEditing, PointsTakeTheirSlopesWithThemAndNoOther) {
     BCDF_remove_defining_points(record.get(), 1, 3);
     ASSERT_EQ(BCDF_return_num_of_slopes(record.get()), 1);
     EXPECT_EQ(record->slopes->points[0], 2.0);
+    BCDF_add_params(record.get(), nullptr);
+    EXPECT_EQ(record->slope_parameters->points[0], 2.25);
     const Record ring = row_of(3, 1);
     BCDF_remove_defining_points(ring.get(), 0, 1);
     EXPECT_EQ(vector_in(ring->points, 1), (Vector{1, 0, 0})) << "two that are one";
     BCDF_replace_defining_point(ring.get(), up, 0, 3);
-    EXPECT_EQ(vector_in(ring->points, 1), (Vector{0, 1, 0}));
     ring->parameters->points[1] = 9;
     BCDF_remove_defining_points(ring.get(), 0, 0);
-    EXPECT_EQ(values_of(ring->parameters).back(), 1) << "parameters are new, though nothing went";
+    EXPECT_EQ(values_of(ring->parameters).back(), 1) << "new, though nothing went";
     // Where the array has room behind the last point, a point of weight 1 comes to stand there.
     const Record weighted = new_record({0, 0, 0, 2, 0, 0, 0, 2}, 4);
     weighted->points->num_points = 1;
@@ -201,7 +205,7 @@ TEST(CurveEditing, ReportsAndGoesOn) {
 
 TEST(CurveEditing, NeededAndUpdatedSlopes) {
     const KeepBlock keep;
-    set_word_at(1128, 1e-6);  // the length tolerance
+    acom_.tolerances[ZTMATH_LENGTH_TOLERANCE] = 1e-6;
     for (const int end : {0, 1}) {
         const Record two = row_of(2);
         BCDF_replace_slope(two.get(), Vector{1, 1, 0}.data(), end, 3);
@@ -224,20 +228,22 @@ TEST(CurveEditing, NeededAndUpdatedSlopes) {
             EXPECT_NEAR(vector_in(record->slopes, at)[0], expected[type], 1e-14) << type;
         }
     for (const int end : {4, 0}) {
-        const Record last = row_of(5);
-        BCDF_replace_slope(last.get(), along, end, 0);
-        BCDF_replace_slope(last.get(), Vector{4, 0, 0}.data(), end == 0 ? 1 : 3, 1);
-        BCDF_update_end_slopes(last.get());
-        EXPECT_NEAR(vector_in(last->slopes, end == 0 ? 0 : 1)[0], -2.0, 1e-14);
-        BCDF_replace_slope(last.get(), along, end, 4);
-        BCDF_update_slopes(last.get());
-        EXPECT_LT(vector_in(last->slopes, end == 0 ? 0 : 1)[0], 0.0) << "in the automatic sense";
+        const Record record = row_of(5);
+        const auto x_at_end = [&] { return vector_in(record->slopes, end == 0 ? 0 : 1)[0]; };
+        BCDF_replace_slope(record.get(), along, end, 0);
+        BCDF_replace_slope(record.get(), Vector{4, 0, 0}.data(), end == 0 ? 1 : 3, 1);
+        BCDF_update_end_slopes(record.get());
+        EXPECT_NEAR(x_at_end(), -2.0, 1e-14);
+        for (const double x : {1.0, -0.25}) {
+            BCDF_replace_slope(record.get(), Vector{x, 0, 0}.data(), end, 4);
+            BCDF_update_slopes(record.get());
+            EXPECT_LT(x_at_end(), 0.0) << "in the automatic sense";
+        }
     }
+}
+
+TEST(CurveEditing, ToleranceAndNumberOfSegmentsReplaceEachOther) {
     const Record record = row_of(5);
-    BCDF_replace_slope(record.get(), along, 0, 0);
-    BCDF_replace_slope(record.get(), Vector{4, 0, 0}.data(), 1, 0);
-    BCDF_update_slopes(record.get());
-    EXPECT_NEAR(vector_in(record->slopes, 0)[0], 1.0, 1e-14);
     BCDF_change_tolerance(record.get(), 0.5);
     EXPECT_EQ(record->ls_tolerance, 0.5);
     EXPECT_NE(record->weights, nullptr);

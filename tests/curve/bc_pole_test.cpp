@@ -13,13 +13,6 @@ namespace {
 
 using namespace ztmath_test;
 
-void set_tolerances() {
-    const int mode = 1;
-    sys10_(&mode);
-    acom_.model_scale = 1.0;
-    sys21_();
-}
-
 TEST(Poles, AreMovedAndMeasuredAsTheirPoints) {
     Random random;
     for (int round = 0; round < rounds(200); ++round) {
@@ -53,12 +46,12 @@ TEST(Poles, AreMovedAndMeasuredAsTheirPoints) {
 
 TEST(Poles, AreComparedWithTheirOwnTolerances) {
     const KeepBlock keep;
-    set_tolerances();  // length tolerance 1e-4
+    acom_.tolerances[ZTMATH_SQUARED_LENGTH_TOLERANCE] = 0x1p-26;
     const double one[] = {1, 1, 1, 1, 2, 2, 2, 2, 3, 3, 3, 3};
     EXPECT_EQ(bc_POLE_equal_in_3d(one, one + 4), 1);
     for (const auto& [weight, equal] : {std::pair{2.0, 0}, {1 + 2e-10, 0}, {1 + 0.5e-10, 1}})
         EXPECT_EQ(bc_POLE_equal_in_4d(one, std::array{1.0, 1.0, 1.0, weight}.data()), equal);
-    const double base[] = {0, 0, 0, 1e-10}, aside[] = {1e-14, 0, 0, 1e-10},
+    const double base[] = {0, 0, 0, 1e-10}, aside[] = {0x1p-13 * 1e-10, 0, 0, 1e-10},
                  heavy[] = {0, 0, 0, 2e-10};
     EXPECT_EQ(bc_POLE_equal_in_3d(base, aside), 1);  // by the very tolerances
     EXPECT_EQ(bc_POLE_equal_in_4d(base, heavy), 1);
@@ -80,18 +73,18 @@ TEST(Poles, AreComparedWithTheirOwnTolerances) {
 
 TEST(Poles, HaveAMeanAndABox) {
     const double poles[] = {2, 4, 6, 2, -1, 0, 3, -1, 5, 5, NAN, 1};
-    double out[6] = {9, 9, 9, 9, 9, 9};
-    bc_POLE_average_in_3d(poles, 2, out);
-    EXPECT_EQ(std::vector<double>(out, out + 3), (std::vector<double>{1, 1, 0}));
-    const int three = 3, one = 1;
-    bc_xyz_box(poles, &one, out);
-    EXPECT_EQ(std::vector<double>(out, out + 6), (std::vector<double>{1, 1, 2, 2, 3, 3}));
-    bc_xyz_box(poles, &three, out);
-    EXPECT_EQ(std::vector<double>(out, out + 6), (std::vector<double>{1, 5, 0, 5, -3, 3}));
-    const int none = 0;
-    bc_xyz_box(poles, &none, out);
-    bc_POLE_average_in_3d(poles, 0, out);
-    EXPECT_EQ(std::vector<double>(out, out + 6), std::vector<double>(6, 0.0));
+    Vector mean, none;
+    bc_POLE_average_in_3d(poles, 2, mean.data());
+    EXPECT_EQ(mean, (Vector{1, 1, 0}));
+    bc_POLE_average_in_3d(poles, 0, none.data());
+    EXPECT_EQ(none, Vector{});
+    using Box = std::array<double, 6>;
+    for (const auto& [n, box] :
+         {std::pair{0, Box{}}, {1, Box{1, 1, 2, 2, 3, 3}}, {3, Box{1, 5, 0, 5, -3, 3}}}) {
+        Box found;
+        bc_xyz_box(poles, &n, found.data());
+        EXPECT_EQ(found, box);
+    }
 }
 
 TEST(Knots, GoOnFromPeriodToPeriodOrAreClamped) {
@@ -107,20 +100,18 @@ TEST(Knots, GoOnFromPeriodToPeriodOrAreClamped) {
                  {{0, 1, 1}, 0, {0, 0, 0, 0, 1, 1, 1, 1, 1}},
                  {{1}, 0, {}},
                  {{0, 2, 1}, 0, {}}};
-    for (const auto& c : cases) {
-        const int n = static_cast<int>(c.parameters.size());
+    const auto knots_of = [](const double* parameters, int n, int periodic) {
         double* knots = nullptr;
         int count = -1, status = -1;
-        knot_seq_order_4(c.parameters.data(), &n, &c.periodic, &knots, &count, &status);
-        EXPECT_EQ(status, c.knots.empty() ? 1 : 0);
-        EXPECT_EQ(std::vector<double>(knots, knots + count), c.knots);
+        knot_seq_order_4(parameters, &n, &periodic, &knots, &count, &status);
+        const std::vector<double> found(knots, knots + count);
         SM_free(knots);
-    }
-    const int too_many = INT_MAX, none = 0;
-    double* knots = nullptr;
-    int count = -1, status = -1;
-    knot_seq_order_4(nullptr, &too_many, &none, &knots, &count, &status);
-    EXPECT_TRUE(status == 1 && count == 0) << "before any parameter is read";
+        EXPECT_EQ(status, found.empty() ? 1 : 0);
+        return found;
+    };
+    for (const auto& [parameters, periodic, knots] : cases)
+        EXPECT_EQ(knots_of(parameters.data(), int(parameters.size()), periodic), knots);
+    EXPECT_EQ(knots_of(nullptr, INT_MAX, 0), std::vector<double>{}) << "no parameter is read";
 }
 
 }  // namespace

@@ -33,13 +33,10 @@ TEST(CurveValidation, FindsTheFirstFault) {
         {0, 3, 1, 0, [](BCDF* r) { r->order = 2; }},
         {1005311, 3, 0, 0, [](BCDF*) {}},
         {1005311, 4, 1, 0, [](BCDF*) {}},
-        {0, 3, 0, 0, [](BCDF* r) { BCDF_add_needed_slopes(r); }},
         {1005317, 4, 0, 0, [](BCDF* r) { r->points->num_points = 2147483600; }},
         {1005322, 4, 0, 0, [](BCDF* r) { r->parameters->points[1] = 0; }},
         {1005322, 4, 0, 0, [](BCDF* r) { r->parameters->points[3] = 2; }},
-        {1005320, 4, 0, 0, [](BCDF* r) { BCDF_add_needed_slopes(r), r->order = 2; }},
         {0, 4, 0, 0, [](BCDF* r) { BCDF_add_needed_slopes(r), r->order = 3; }},
-        {0, 4, 0, 0, [](BCDF* r) { r->order = 2; }},
         {1005320, 4, 0, 0, [](BCDF* r) { BCDF_replace_slope(r, along, 0, 1), r->order = 2; }},
         {1005320, 4, 0, 0, [](BCDF* r) { BCDF_replace_curvature(r, up, 0, 0), r->order = 3; }},
         {1005318, 4, 0, 0, [](BCDF* r) { BCDF_replace_curvature(r, up, 0, 0); }},
@@ -105,6 +102,11 @@ TEST(CurveSearches, StopAtTheirLimits) {
     for (int i = 0; i < 4; ++i)
         BCDF_replace_slope(record.get(), along, i, 1);
     BCDF_replace_curvature(record.get(), up, 2, 1);
+    Vector slope;
+    EXPECT_EQ(BCDF_slope_at_curvature(record.get(), 0, &at, slope.data()), 1);
+    EXPECT_EQ(slope, (Vector{1, 0, 0}));
+    EXPECT_EQ(BCDF_curvature_at_slope(record.get(), at, &at), 1);
+    EXPECT_EQ(at, 0);
     // Near is 1e-10 of the whole span, 5, and nearest of the points.
     const struct {
         double slope, next;
@@ -112,10 +114,10 @@ TEST(CurveSearches, StopAtTheirLimits) {
     } cases[] = {{4e-10, 1, 2, 1},         {6e-10, 1, 2, 0},     {0x1p-32, 0x1p-31, 2, 0},
                  {0x1p-32, 0x1p-31, 3, 0}, {1e-10, 3e-10, 2, 1}, {1e-10, 3e-10, 3, 0},
                  {2e-10, 3e-10, 2, 0},     {2e-10, 3e-10, 3, 1}};
-    for (const auto& [slope, next, position, found] : cases) {
-        record->slope_parameters->points[2] = 2 + slope;
-        record->parameters->points[3] = 2 + next;
-        EXPECT_EQ(BCDF_slope_at_point(record.get(), position, &at), found) << slope;
+    for (const auto& c : cases) {
+        record->slope_parameters->points[2] = 2 + c.slope;
+        record->parameters->points[3] = 2 + c.next;
+        EXPECT_EQ(BCDF_slope_at_point(record.get(), c.position, &at), c.found) << c.slope;
     }
     int* positions = BCDF_create_slope_pos_array(record.get(), &number);
     EXPECT_EQ(std::vector<int>(positions, positions + number), (std::vector<int>{1, 2, 0, 0}))
@@ -130,7 +132,6 @@ TEST(CurveSearches, StopAtTheirLimits) {
     EXPECT_EQ(at, 7);
     EXPECT_EQ(recorder.reports(), Reports{});
     record->slope_parameters->points[2] = 2.5;
-    Vector slope;
     EXPECT_EQ(BCDF_slope_at_curvature(record.get(), 0, &at, slope.data()), 0);
     EXPECT_EQ(BCDF_point_at_slope(record.get(), 2), 6);
     const Reports expected = {internal("bcdf_gen", "Point With Assigned Curvature Has No Slope"),
@@ -139,6 +140,13 @@ TEST(CurveSearches, StopAtTheirLimits) {
     record->slope_parameters->points[2] = record->curvature_parameters->points[0] = HUGE_VAL;
     EXPECT_EQ(BCDF_curvature_at_slope(record.get(), 2, &at), 0);
     EXPECT_EQ(at, 0) << "at the first that is not below";
+    // A slope that is near, at the very end of what is, and nearer to the point before.
+    double* const t = record->parameters->points;
+    t[0] = -4e-10;
+    t[1] = 0;
+    record->slope_parameters->points[0] = -1e-10 * (t[5] - t[0]);
+    EXPECT_EQ(BCDF_slope_at_point(record.get(), 1, &at), 0);
+    EXPECT_EQ(at, 0);
 }
 
 TEST(CurveEditing, PointsTakeTheirSlopesWithThemAndNoOther) {
@@ -177,6 +185,7 @@ TEST(CurveEditing, ReportsAndGoesOn) {
         BCDF_change_order(record.get(), order);
         EXPECT_EQ(record->order, order);
     }
+    BCDF_remove_defining_points(record.get(), -1, 2);
     BCDF_remove_defining_points(record.get(), 3, 3);
     EXPECT_EQ(record->points->num_points, 5);
     BCDF_change_curvature(record.get(), 1, nullptr, 2, 1.0);
@@ -258,7 +267,7 @@ TEST(CurveEditing, CurvaturesTurnWithTheirSlopes) {
         Vector curvature, slope, turned;
     } cases[] = {
         {{0, 3, 0}, {0, 5, 0}, {-3, 0, 0}},      {{0, -3, 0}, {0, 5, 0}, {-3, 0, 0}},
-        {{0, 3, 0}, {4, 0, 1}, {0, 3, 0}},       {{0, 1e-10, 0}, {0, 5, 0}, {-1e-10, 0, 0}},
+        {{3, 4, 0}, {-4, 3, 1}, {3, 4, 0}},      {{0, 1e-10, 0}, {0, 5, 0}, {-1e-10, 0, 0}},
         {{0, 3, 0}, {3, 4, 12}, {-2.4, 1.8, 0}}, {{0, 0, 3}, {0, 0, 5}, {0, 0, 3}},
         {{3, 4, 0}, {0, 5, 0}, {3.2, -2.4, 0}},  {{0, 9e-11, 0}, {0, 5, 0}, {0, 9e-11, 0}}};
     for (const auto& c : cases) {

@@ -1,6 +1,7 @@
 // Curve defining data: the record as a whole.
 #include "ztmath/bcdf.h"
 
+#include "support/by_value.h"
 #include "support/curve_record.h"
 #include "support/reports.h"
 #include "support/session.h"
@@ -12,13 +13,10 @@ using namespace ztmath_test;
 const Values corner{0, 0, 0, 3, 4, 0, 3, 4, 12, 8, 4, 24};
 
 /// A record with fixed slopes at some points.
-Record sloped(const std::vector<int>& positions, const Values& points = corner,
-              int periodicity = 0) {
-    Record record = new_record(points, 3, periodicity);
-    for (const int i : positions) {
-        const double slope[3] = {0.0, 2.0 + i, 0.0};
-        BCDF_replace_slope(record.get(), slope, i, 1);
-    }
+Record sloped(const std::vector<int>& positions, int periodicity = 0) {
+    Record record = new_record(corner, 3, periodicity);
+    for (const int i : positions)
+        BCDF_replace_slope(record.get(), Vector{0.0, 2.0 + i, 0.0}.data(), i, 1);
     return record;
 }
 
@@ -30,8 +28,7 @@ BCDF* created(int periodicity, int least_squares, PNTLST* points, PNTLST* weight
 
 Record with_everything() {
     Record record = sloped({0, 1, 3});
-    const double curvature[3] = {1.0, 0.0, 0.5};
-    BCDF_replace_curvature(record.get(), curvature, 1, 1);
+    BCDF_replace_curvature(record.get(), Vector{1.0, 0.0, 0.5}.data(), 1, 1);
     record->ls_tolerance = 0.25;
     return record;
 }
@@ -53,7 +50,9 @@ TEST(CurveRecord, KeepsItsKnotsButDoesNotCopyThem) {
     };
     const std::pair<double*, int> none(nullptr, 0);
     EXPECT_EQ(knots_of(Record(BCDF_copy_structure(record.get()))), none);
+    const std::size_t length = SM_length(record.get());
     record.reset(BCDF_make_bcdf_data_persistent(record.release()));
+    EXPECT_EQ(SM_length(record.get()), length);
     EXPECT_EQ(knots_of(record), std::pair(&knots[0], 3));
     BCDF_detach_knot_sequence(record.get());
     EXPECT_EQ(knots_of(record), none);
@@ -68,8 +67,7 @@ TEST(CurveRecord, KeepsItsKnotsButDoesNotCopyThem) {
 TEST(CurveRecord, HandsOutItsArrays) {
     const Record record = with_everything();
     const BCDF* r = record.get();
-    int n = -1;
-    int d = -1;
+    int n = -1, d = -1;
     EXPECT_EQ(BCDF_return_df_point_array(r, &n, &d), r->points->points);
     EXPECT_EQ(BCDF_return_param_array(r, &n), r->parameters->points);
     EXPECT_EQ(BCDF_return_slope_array(r, &n, &d), r->slopes->points);
@@ -86,23 +84,22 @@ TEST(CurveRecord, HandsOutItsArrays) {
     const Record untyped = with_everything();
     SM_free(std::exchange(untyped->slope_types, nullptr));
     EXPECT_EQ(BCDF_copy_slope_type_array(untyped.get()), nullptr);
+    BCDF_remove_slopes(untyped.get(), 0, 1);
 
-    double v[3];
+    Vector v;
     int type = -1;
-    BCDF_copy_single_3d_slope(r, 1, v, &type);
-    EXPECT_EQ(v[1], 3.0);
+    BCDF_copy_single_3d_slope(r, 1, v.data(), &type);
     EXPECT_EQ(type, 1);
-    BCDF_copy_single_3d_slope(untyped.get(), 1, v, &type);
+    BCDF_copy_single_3d_slope(untyped.get(), 0, v.data(), &type);
+    EXPECT_EQ(v, (Vector{0, 3, 0}));
     EXPECT_EQ(type, 0);
-    BCDF_copy_single_3d_crvatr(r, 0, v, &type);
-    EXPECT_EQ(v[2], 0.5);
+    BCDF_copy_single_3d_crvatr(r, 0, v.data(), &type);
+    EXPECT_EQ(v, (Vector{1, 0, 0.5}));
     const Record weighted = new_record({2, 4, 6, 2, 0, 0, 0, 1}, 4);
-    BCDF_copy_single_3d_point(weighted.get(), 0, v);
-    EXPECT_EQ(Values(v, v + 3), (Values{1, 2, 3}));
-    for (const int dimension : {2, 1, 0}) {
+    for (const auto& [dimension, point] :
+         {std::pair{4, Vector{1, 2, 3}}, {2, {2, 4}}, {1, {2}}, {0, {}}}) {
         weighted->points->dimension = dimension;
-        BCDF_copy_single_3d_point(weighted.get(), 0, v);
-        EXPECT_EQ(Values(v, v + 3), (Values{dimension > 0 ? 2.0 : 0, dimension > 1 ? 4.0 : 0, 0}));
+        EXPECT_EQ(written(BCDF_copy_single_3d_point, weighted, 0), point);
     }
     EXPECT_EQ(BCDF_calc_df_polygon_length(r), 5.0 + 12.0 + 13.0);
     EXPECT_EQ(BCDF_return_num_of_constraints(r), 8);
@@ -164,7 +161,7 @@ TEST(CurveRecord, KnowsSplinesWithSlopesAtTheirEnds) {
                  {3, 0, 0, 1, {0, 3}}, {4, 0, 0, 2, {0}},       {4, 0, 0, 2, {1, 3}},
                  {4, 0, 0, 2, {0, 2}}, {6, 0, 0, 4, {}}};
     for (const auto& c : cases) {
-        const Record record = sloped(c.slopes, corner, c.periodicity);
+        const Record record = sloped(c.slopes, c.periodicity);
         record->order = c.order;
         EXPECT_EQ(BCDF_is_zt_spline(record.get()), c.spline);
         EXPECT_EQ(BCDF_ask_continuity(record.get()), c.continuity);
@@ -240,7 +237,7 @@ TEST(CurveRecord, BecomesALeastSquaresRecord) {
     const Record weighted = new_record({0, 0, 0, 2, 6, 8, 0, 2}, 4);
     BCDF_convert_to_least_squares(weighted.get());
     EXPECT_EQ(values_of(weighted->parameters), (Values{0, 5}));
-    const Record closed = sloped({}, corner, 1);
+    const Record closed = sloped({}, 1);
     BCDF_convert_to_least_squares(closed.get());
     EXPECT_EQ(closed->periodicity, 0);
 }

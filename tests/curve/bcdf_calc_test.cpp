@@ -207,15 +207,15 @@ TEST(CurveCalculations, CorrectedSlopesPutTheMiddleOfAnArcOnItsCircle) {
 /// Straight on, each side asks for its own speed; square to the chord a quintic for 8/5 of it. A
 /// curvature makes a quintic.
 TEST(CurveCalculations, CorrectedSlopesWhereTheRuleDividesByZero) {
-    const Record record = new_record({0, 0, 0, 3, 0, 0, 4, 0, 0});
-    BCDF_add_params(record.get(), Values{0, 0.125, 0.625}.data());
+    const Record record = new_record({0, 0, 0, 4, 0, 0, 5, 0, 0});
+    BCDF_add_params(record.get(), Values{0, 0.0625, 0.5625}.data());
     BCDF_replace_curvature(record.get(), Vector{0, 0, 1}.data(), 0, 0);
-    EXPECT_DOUBLE_EQ(normalized(record, 5, 1, {7, 0, 0})[0], (0.375 * 24 + 0.5 * 2) / 0.875);
+    EXPECT_DOUBLE_EQ(normalized(record, 5, 1, {7, 0, 0})[0], (0.25 * 64 + 0.5 * 2) / 0.75);
     for (const double aside : {1e-10, 1.2e-10})  // which is computed, and cancels
-        EXPECT_EQ(std::fabs(normalized(record, 5, 0, {aside, 1, 0})[1] - 24 * 1.6) < 1e-13,
+        EXPECT_EQ(std::fabs(normalized(record, 5, 0, {aside, 1, 0})[1] - 64 * 1.6) < 1e-12,
                   aside == 1e-10);
     record->points->points[0] = -HUGE_VAL;
-    record->parameters->points[0] = 0.125;
+    record->parameters->points[0] = 0.0625;
     EXPECT_EQ(normalized(record, 5, 1, {7, 0, 0})[0], 2) << "a side without a span is none";
     for (const double chord : {1e-10, std::nextafter(1e-10, 0.0)}) {  // the last has no direction
         const Record shortest = new_record({0, 0, 0, chord, 0, 0});

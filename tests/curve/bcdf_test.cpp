@@ -109,16 +109,17 @@ TEST(CurveRecord, HandsOutItsArrays) {
 
 TEST(CurveRecord, CreatorsTakeWhatTheyAreGiven) {
     const NoBlocksLeft watch;
+    const CheckingLevel checking(1);
     const Record plain(
         created(0, 0, new_list(corner).release(), new_list({1, 1, 1, 1}, 1).release()));
     EXPECT_EQ(BCDF_is_least_squares(plain.get()), 0);
     EXPECT_EQ(BCDF_ask_max_npoles_for_fit(plain.get()), 0);
     const Record fit(
-        created(0, 1, new_list(corner).release(), new_list({4, 3, 2, 1}, 1).release()));
+        created(1, 1, new_list(corner).release(), new_list({4, 3, 2, 1}, 1).release()));
     EXPECT_EQ(values_of(fit->weights), (Values{4, 3, 2, 1}));
-    EXPECT_EQ(BCDF_ask_max_npoles_for_fit(fit.get()), 4);
-    fit->periodicity = 1;
     EXPECT_EQ(BCDF_ask_max_npoles_for_fit(fit.get()), 3);
+    fit->periodicity = 0;
+    EXPECT_EQ(BCDF_ask_max_npoles_for_fit(fit.get()), 4);
     int n = 0;
     EXPECT_EQ(BCDF_return_weight_array(fit.get(), &n), fit->weights->points);
 
@@ -185,9 +186,12 @@ TEST(CurveRecord, NormalisesParametersAndBack) {
     EXPECT_EQ(values_of(r->curvature_parameters), Values{10}) << "by one of each";
     BCDF_scale_slopes(r, -2.0);
     EXPECT_EQ(values_of(r->slopes), (Values{0, -4, 0, 0, -6, 0, 0, -10, 0}));
-    r->parameters->num_points = 0;
-    EXPECT_EQ(BCDF_normalize_parameters(r), 0.0);
-    EXPECT_EQ(values_of(r->curvature_parameters), Values{10}) << "by no last parameter";
+    r->parameters->points[0] = 2.0;
+    for (const int number : {1, 0}) {
+        r->parameters->num_points = number;
+        EXPECT_EQ(BCDF_normalize_parameters(r), 2.0 * number);
+        EXPECT_EQ(values_of(r->curvature_parameters), Values{5}) << "by no last parameter";
+    }
 }
 
 TEST(CurveRecord, DropsTheFourthCoordinateOfSlopesWithoutDividing) {
@@ -268,8 +272,8 @@ TEST(CurveRecord, ReportsOnlyWithChecking) {
         EXPECT_EQ(BCDF_copy_points(&bare, &n, &d), nullptr);
         EXPECT_EQ(BCDF_copy_parameters(&bare, &n), nullptr);
         EXPECT_EQ(BCDF_normalize(&bare), 0.0);
-        BCDF_unnormalize_parameters(&bare, 2.0);
         BCDF_convert_to_least_squares(narrow.get());
+        BCDF_unnormalize_parameters(&bare, 2.0);
         BCDF_convert_to_least_squares(r);
     };
     const Report null = internal("bcdf", "Defining Data Structure Is NULL");
@@ -283,8 +287,8 @@ TEST(CurveRecord, ReportsOnlyWithChecking) {
               raised("bcdf", 1005315, "An Invalid Slope Position Was Given By Calling Routine"),
               raised("bcdf", 1005315, "An Invalid Curvature Position Was Given By Calling Routine"),
               raised("bcdf", 1005304, "Point Array Is NULL"),
-              raised("bcdf", 1005303, "Parameter Array Is NULL"), no_parameters, no_parameters,
-              internal("bcdf", "Points Are An Invalid Dimension")});
+              raised("bcdf", 1005303, "Parameter Array Is NULL"), no_parameters,
+              internal("bcdf", "Points Are An Invalid Dimension"), no_parameters});
 }
 
 }  // namespace

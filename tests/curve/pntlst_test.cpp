@@ -107,10 +107,10 @@ TEST(PointList, ReportsOnlyWithCheckingAndStaysInsideItsArray) {
         EXPECT_EQ(values_of(list.get()), (Values{51, 1}));
         PNTLST_convert_4d_to_3d(list.get());
         EXPECT_EQ(list->dimension, 3);
-        PNTLST_convert_4d_to_3d(new_list({0, 0, 0, 1}, 4).get());
         PNTLST_remove_points(new_list({0}, 1).get(), 0, 1);
         PNTLST_remove_points(list.get(), 0, 3);
         EXPECT_EQ(list->num_points, 0);
+        PNTLST_convert_4d_to_3d(new_list({0, 0, 0, 1}, 4).get());
     };
     const Report invalid = internal("pntlst_gen", "Invalid Point Position Given");
     expect_reports_when_checking(

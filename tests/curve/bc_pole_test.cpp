@@ -6,39 +6,38 @@
 #include "support/shared_block.h"
 #include "support/vectors.h"
 #include "syss/syss.h"
-#include "ztmath/session.h"
-#include "ztmath/tolerance.h"
 
 namespace {
 
 using namespace ztmath_test;
 
+using Pole = std::array<double, 4>;
+
 TEST(Poles, AreMovedAndMeasuredAsTheirPoints) {
     Random random;
     for (int round = 0; round < rounds(200); ++round) {
         const auto weighted = [&] {
-            auto p = random.vector<4>();
+            Pole p = random.vector<4>();
             p[3] = std::ldexp(1.0, random.integer(-3, 3));  // so that division is exact
             return p;
         };
-        const auto a = weighted(), b = weighted(), p = weighted();
+        const auto between = [](const Pole& p, const Pole& q) {
+            Vector difference;
+            const double apart = bc_POLE_3d_distance(p.data(), q.data(), difference.data());
+            EXPECT_NEAR(apart, length(difference), 1e-13);
+            return difference;
+        };
+        const Pole a = weighted(), b = weighted(), p = weighted();
         const auto t = random.vector();
-        double there[4], foot[4];
-        Vector difference, chord, off, from_a;
-        bc_POLE_translate_pole(p.data(), t.data(), there);
-        const double shift = bc_POLE_3d_distance(there, p.data(), difference.data());
+        const auto there = written<Pole>(bc_POLE_translate_pole, p, t);
         EXPECT_EQ(there[3], p[3]);
-        EXPECT_LE(distance(difference, t), 1e-13);
-        EXPECT_NEAR(shift, length(t), 1e-13);
+        EXPECT_LE(distance(between(there, p), t), 1e-13);
 
-        bc_POLE_project_to_line(p.data(), a.data(), b.data(), foot);
+        const auto foot = written<Pole>(bc_POLE_project_to_line, p, a, b);
         EXPECT_EQ(foot[3], p[3]);
-        const double chord_length = bc_POLE_3d_distance(b.data(), a.data(), chord.data());
-        bc_POLE_3d_distance(p.data(), foot, off.data());
-        const double along = bc_POLE_3d_distance(foot, a.data(), from_a.data());
-        EXPECT_NEAR(dot(off, chord), 0.0, 1e-12 * (1.0 + chord_length * chord_length));
-        EXPECT_NEAR(std::fabs(dot(from_a, chord)), along * chord_length,
-                    1e-12 * (1.0 + along * chord_length));
+        const Vector chord = between(b, a), along = between(foot, a);
+        EXPECT_NEAR(dot(between(p, foot), chord), 0.0, 1e-12 * (1.0 + dot(chord, chord)));
+        EXPECT_NEAR(length(cross(along, chord)), 0.0, 1e-12 * (1.0 + dot(along, along)));
     }
     const Vector a = {1, 2, 3}, p = {4, 5, 6};
     EXPECT_EQ(written(h430_, a, a, p), a);

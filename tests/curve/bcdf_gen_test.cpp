@@ -86,27 +86,32 @@ TEST(CurveValidation, PointsOverlapWithinTheLengthTolerance) {
     EXPECT_EQ(recorder.reports(), Reports{});
 }
 
+/// Whether a search finds, and where it ends; -1 where there is nothing to search.
+template <class Search, class Key>
+std::pair<int, int> found(Search search, const Record& record, Key key) {
+    int at = -1;
+    const int finds = search(record.get(), key, &at);
+    return {finds, at};
+}
+
 TEST(CurveSearches, StopAtTheirLimits) {
-    const CheckingLevel checking(1);
-    const ReportRecorder recorder;
     const Record record = row_of(6, 1), plain = row_of(2);
     EXPECT_EQ(BCDF_num_of_knots_needed(record.get(), 5), 12);
     EXPECT_EQ(BCDF_num_of_knots_needed(record.get(), 0), 10);
-    int at = -1, number = -1;
-    for (const auto& [t, found, index] :
-         {std::tuple{1e-10, 1, 0}, {1 + 0.9e-10, 1, 1}, {1.5, 0, 2}, {9.0, 0, 6}}) {
-        EXPECT_EQ(BCDF_parameter_in_list(record.get(), t, &at), found);
-        EXPECT_EQ(at, index);
-    }
+    for (const auto& [t, place] :
+         {std::pair{1e-10, std::pair{1, 0}}, {1 + 0.9e-10, {1, 1}}, {1.5, {0, 2}}, {9.0, {0, 6}}})
+        EXPECT_EQ(found(BCDF_parameter_in_list, record, t), place);
+    int number = -1;
     EXPECT_EQ(BCDF_create_crvatr_pos_array(record.get(), &number), nullptr);
     for (int i = 0; i < 4; ++i)
         BCDF_replace_slope(record.get(), along, i, 1);
     BCDF_replace_curvature(record.get(), up, 2, 1);
-    Vector slope;
-    EXPECT_EQ(BCDF_slope_at_curvature(record.get(), 0, &at, slope.data()), 1);
-    EXPECT_EQ(slope, (Vector{1, 0, 0}));
-    EXPECT_EQ(BCDF_curvature_at_slope(record.get(), at, &at), 1);
-    EXPECT_EQ(at, 0);
+    EXPECT_EQ(found(BCDF_curvature_at_slope, record, 2), (std::pair{1, 0}));
+    for (const auto search :
+         {BCDF_slope_at_point, BCDF_curvature_at_point, BCDF_curvature_at_slope}) {
+        EXPECT_EQ(found(search, record, 9), (std::pair{0, -1}));
+        EXPECT_EQ(found(search, plain, 1), (std::pair{0, -1}));
+    }
     // Near is 1e-10 of the whole span, 5, and nearest of the points.
     const struct {
         double slope, next;
@@ -114,39 +119,44 @@ TEST(CurveSearches, StopAtTheirLimits) {
     } cases[] = {{4e-10, 1, 2, 1},         {6e-10, 1, 2, 0},     {0x1p-32, 0x1p-31, 2, 0},
                  {0x1p-32, 0x1p-31, 3, 0}, {1e-10, 3e-10, 2, 1}, {1e-10, 3e-10, 3, 0},
                  {2e-10, 3e-10, 2, 0},     {2e-10, 3e-10, 3, 1}};
+    double *const t = record->parameters->points, *const sites = record->slope_parameters->points;
     for (const auto& c : cases) {
-        record->slope_parameters->points[2] = 2 + c.slope;
-        record->parameters->points[3] = 2 + c.next;
-        EXPECT_EQ(BCDF_slope_at_point(record.get(), c.position, &at), c.found) << c.slope;
+        sites[2] = 2 + c.slope;
+        t[3] = 2 + c.next;
+        EXPECT_EQ(found(BCDF_slope_at_point, record, c.position).first, c.found) << c.slope;
     }
     int* positions = BCDF_create_slope_pos_array(record.get(), &number);
     EXPECT_EQ(std::vector<int>(positions, positions + number), (std::vector<int>{1, 2, 0, 0}))
         << "at its end where a point is missing";
     SM_free(positions);
-    record->slope_parameters->points[0] = 5 * 1e-10;
-    EXPECT_EQ(BCDF_slope_at_point(record.get(), 0, &at), 1);
-    at = 7;  // which stays where there is nothing to search
-    for (const auto search :
-         {BCDF_slope_at_point, BCDF_curvature_at_point, BCDF_curvature_at_slope})
-        EXPECT_EQ(search(record.get(), 9, &at) + search(plain.get(), 1, &at), 0);
-    EXPECT_EQ(at, 7);
-    EXPECT_EQ(recorder.reports(), Reports{});
-    record->slope_parameters->points[2] = 2.5;
-    EXPECT_EQ(BCDF_slope_at_curvature(record.get(), 0, &at, slope.data()), 0);
-    EXPECT_EQ(BCDF_point_at_slope(record.get(), 2), 6);
+    sites[0] = 5 * 1e-10;
+    EXPECT_EQ(found(BCDF_slope_at_point, record, 0), (std::pair{1, 0}));
+    // Near too, at the very end of what is, but nearer to the point before.
+    t[0] = -4e-10;
+    t[1] = 0;
+    sites[0] = -1e-10 * (t[5] - t[0]);
+    EXPECT_EQ(found(BCDF_slope_at_point, record, 1), (std::pair{0, 0}));
+    sites[2] = record->curvature_parameters->points[0] = HUGE_VAL;
+    EXPECT_EQ(found(BCDF_curvature_at_slope, record, 2), (std::pair{0, 0}));
+}
+
+TEST(CurveSearches, ReportSlopesThatAreMissing) {
+    const CheckingLevel checking(1);
+    const ReportRecorder recorder;
+    const Record record = row_of(6);
+    BCDF_replace_slope(record.get(), along, 2, 1);
+    BCDF_replace_curvature(record.get(), up, 2, 1);
+    for (const double site : {2.0, 2.5}) {
+        record->slope_parameters->points[0] = site;
+        int at = -1;
+        Vector slope;
+        EXPECT_EQ(BCDF_slope_at_curvature(record.get(), 0, &at, slope.data()), site == 2);
+        EXPECT_EQ(slope, (Vector{site == 2 ? 1.0 : 0.0, 0, 0}));
+        EXPECT_EQ(BCDF_point_at_slope(record.get(), 0), site == 2 ? 2 : 6);
+    }
     const Reports expected = {internal("bcdf_gen", "Point With Assigned Curvature Has No Slope"),
                               internal("bcdf_gen", "Bcurve Defining Data Structure Corrupt")};
     EXPECT_EQ(recorder.reports(), expected);
-    record->slope_parameters->points[2] = record->curvature_parameters->points[0] = HUGE_VAL;
-    EXPECT_EQ(BCDF_curvature_at_slope(record.get(), 2, &at), 0);
-    EXPECT_EQ(at, 0) << "at the first that is not below";
-    // A slope that is near, at the very end of what is, and nearer to the point before.
-    double* const t = record->parameters->points;
-    t[0] = -4e-10;
-    t[1] = 0;
-    record->slope_parameters->points[0] = -1e-10 * (t[5] - t[0]);
-    EXPECT_EQ(BCDF_slope_at_point(record.get(), 1, &at), 0);
-    EXPECT_EQ(at, 0);
 }
 
 TEST(CurveEditing, PointsTakeTheirSlopesWithThemAndNoOther) {

@@ -76,14 +76,11 @@ TEST(PointList, OwnsAnArrayAsItsCapacitySays) {
     PNTLST_allocate_points(list.get(), 0);
     EXPECT_EQ(list->points, nullptr);
 
-    List shared(PNTLST_get_from_func(2, 1, [](int n, double* array) {
-        std::iota(array, array + n, 0.0);
+    const List made(PNTLST_get_from_func(2, 1, [](int n, double* points) {
+        std::iota(points, points + n, 0.0);
         return n;
     }));
-    double* array = shared->points;
-    PNTLST_free_all_but_points(shared.release());
-    EXPECT_EQ(array[1], 1.0);
-    SM_free(array);
+    EXPECT_EQ(values_of(made.get()), (Values{0, 1}));
 }
 
 TEST(PointList, ReportsOnlyWithCheckingAndStaysInsideItsArray) {

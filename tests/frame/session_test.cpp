@@ -1,6 +1,7 @@
 // Session settings: accessors and their assertions.
 #include "ztmath/session.h"
 
+#include "support/by_value.h"
 #include "support/reports.h"
 #include "support/shared_block.h"
 #include "ztmath/wcs.h"
@@ -66,44 +67,34 @@ TEST(Settings, GridCountsAndFactorsComeInPairs) {
 
 TEST(Settings, OutOfRangeAreAssertedWhenCheckingAndStoredAllTheSame) {
     const KeepBlock keep;
-    const auto color = [](int value) {
-        DISPLAY_set_system_color(value);
-        DISPLAY_ask_system_color();
-    };
-    const auto counts = [](const std::array<int, 2>& set) {
-        std::array<int, 2> asked;
-        PX_set_default_face_grid_counts(set.data());
-        PX_ask_default_face_grid_counts(asked.data());
-        EXPECT_EQ(asked, set);
-    };
-    const auto u_count = [&](int u) { counts({u, 0}); };
-    const auto v_count = [&](int v) { counts({0, v}); };
-    const char* const bad_status = "display_status == 0 || display_status == 1";
-    const std::tuple<std::function<void(int)>, int, int, std::vector<std::string>> rows[] = {
-        {color, 6, 0, {"color >= DISPLAY_MIN_COLOR", "GCA(6) >= DISPLAY_MIN_COLOR"}},
-        {color, 6, 217, {"color <= DISPLAY_MAX_COLOR", "GCA(6) <= DISPLAY_MAX_COLOR"}},
-        {color, 6, 216, {}},
-        {color, 6, 1, {}},
-        {DISPLAY_set_view_of_last_cursor, 114, 0, {"in_vsn != DSS_NO_VIEW"}},
-        {DISPLAY_set_view_of_last_cursor, 114, -1, {}},
-        {WCS_set_wcs_display, 49, 2, {bad_status}},
-        {WCS_set_wcs_display, 49, -1, {bad_status}},
-        {WCS_set_wcs_display, 49, 0, {}},
-        {WCS_set_wcs_display, 49, 1, {}},
-        {u_count, 17, -1, {"u_and_v_grid_counts[0] >= 0", "GCA(17) >= 0"}},
-        {v_count, 18, -2, {"u_and_v_grid_counts[1] >= 0", "GCA(18) >= 0"}},
-    };
-    for (const int level : {0, -1, 1, 2})
-        for (const auto& [set_and_ask, element, value, failed] : rows) {
-            const CheckingLevel checking(level);
-            const ReportRecorder recorder;
-            set_and_ask(value);
-            EXPECT_EQ(gca(element), value);
-            Reports expected;
-            for (const std::string& text : failed)
-                if (level > 0) expected.push_back(assertion("libztmath_main", text));
-            EXPECT_EQ(recorder.reports(), expected) << "GCA(" << element << ") = " << value;
+    using Counts = std::array<int, 2>;
+    const auto run = [] {
+        for (const int color : {0, 1, 216, 217}) {
+            DISPLAY_set_system_color(color);
+            EXPECT_EQ(DISPLAY_ask_system_color(), color);
         }
+        for (const int view : {0, -1}) {
+            DISPLAY_set_view_of_last_cursor(view);
+            EXPECT_EQ(DISPLAY_ask_view_of_last_cursor(), view);
+        }
+        for (const int status : {0, 1, 2, -1}) {
+            WCS_set_wcs_display(status);
+            EXPECT_EQ(WCS_ask_wcs_display(), status);
+        }
+        for (const Counts& counts : {Counts{-1, 0}, {0, -2}}) {
+            PX_set_default_face_grid_counts(counts.data());
+            EXPECT_EQ(written<Counts>(PX_ask_default_face_grid_counts), counts);
+        }
+    };
+    const char* const bad_status = "display_status == 0 || display_status == 1";
+    Reports expected;
+    for (const char* text :
+         {"color >= DISPLAY_MIN_COLOR", "GCA(6) >= DISPLAY_MIN_COLOR", "color <= DISPLAY_MAX_COLOR",
+          "GCA(6) <= DISPLAY_MAX_COLOR", "in_vsn != DSS_NO_VIEW", bad_status, bad_status,
+          "u_and_v_grid_counts[0] >= 0", "GCA(17) >= 0", "u_and_v_grid_counts[1] >= 0",
+          "GCA(18) >= 0"})
+        expected.push_back(assertion("libztmath_main", text));
+    expect_reports_when_checking(run, expected);
 }
 
 }  // namespace

@@ -98,6 +98,7 @@ TEST(Knots, GoOnFromPeriodToPeriodOrAreClamped) {
                  {{2, 5}, 1, {-7, -4, -1, 2, 5, 8, 11, 14}},
                  {{0, 1, 1}, 0, {0, 0, 0, 0, 1, 1, 1, 1, 1}},
                  {{1}, 0, {}},
+                 {{2, 1}, 0, {}},
                  {{0, 2, 1}, 0, {}}};
     const auto knots_of = [](const double* parameters, int n, int periodic) {
         double* knots = nullptr;

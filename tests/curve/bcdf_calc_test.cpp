@@ -48,7 +48,8 @@ TEST(CurveCalculations, ParametersAndWeights) {
         Values parameters;
     } cases[] = {{{0, 0, 0, 3, 4, 0, 3, 4, 12}, 3, 1.0, {0, 5, 17}},
                  {{0, 0, 0, 0, 0, 0, 0, 16}, 4, 1.5, {0, 64}},
-                 {{1, 1, 1, 1, 1, 1, 1, 1, 1}, 3, 1.0, {0, 2, 4}}};  // points that are one
+                 {{1, 1, 1, 1, 1, 1, 1, 1, 1}, 3, 1.0, {0, 2, 4}},  // points that are one
+                 {{1, 1, 1}, 3, 1.0, {0}}};
     for (const auto& c : cases) {
         Values t(c.parameters.size());
         BCDF_CALC_parameters(int(t.size()), c.dimension, c.points.data(), c.exponent, t.data());

@@ -33,6 +33,7 @@ TEST(CurveValidation, FindsTheFirstFault) {
         {0, 3, 1, 0, [](BCDF* r) { r->order = 2; }},
         {1005311, 3, 0, 0, [](BCDF*) {}},
         {1005311, 4, 1, 0, [](BCDF*) {}},
+        {0, 3, 0, 0, [](BCDF* r) { BCDF_add_needed_slopes(r); }},
         {1005317, 4, 0, 0, [](BCDF* r) { r->points->num_points = 2147483600; }},
         {1005322, 4, 0, 0, [](BCDF* r) { r->parameters->points[1] = 0; }},
         {1005322, 4, 0, 0, [](BCDF* r) { r->parameters->points[3] = 2; }},

@@ -48,7 +48,7 @@ TEST(Poles, AreComparedWithTheirOwnTolerances) {
     acom_.tolerances[ZTMATH_SQUARED_LENGTH_TOLERANCE] = 0x1p-26;
     const double one[] = {1, 1, 1, 1, 2, 2, 2, 2, 3, 3, 3, 3};
     EXPECT_EQ(bc_POLE_equal_in_3d(one, one + 4), 1);
-    for (const auto& [weight, equal] : {std::pair{2.0, 0}, {1 + 2e-10, 0}, {1 + 0.5e-10, 1}})
+    for (const auto& [weight, equal] : {std::pair{2.0, 0}, {1 + 1.2e-10, 0}, {1 + 0.5e-10, 1}})
         EXPECT_EQ(bc_POLE_equal_in_4d(one, std::array{1.0, 1.0, 1.0, weight}.data()), equal);
     const double base[] = {0, 0, 0, 1e-10}, aside[] = {0x1p-13 * 1e-10, 0, 0, 1e-10},
                  heavy[] = {0, 0, 0, 2e-10};
@@ -60,7 +60,7 @@ TEST(Poles, AreComparedWithTheirOwnTolerances) {
     EXPECT_EQ(bc_POLE_identical_poles_in_3d(last_is_none, 3), 0);
     EXPECT_EQ(bc_POLE_identical_poles_in_3d(last_is_none + 4, 2), 0);
     // Equal to callers, yet farther apart than identical poles may be.
-    const double apart[] = {1, 1, 1, 1, 1 + 1e-9, 1, 1, 1, 1, 1, 1, 1};
+    const double apart[] = {0, 0, 0, 1, 1.5e-10, 0, 0, 1, 1.5e-10, 0, 0, 1};
     EXPECT_EQ(bc_POLE_equal_in_3d(apart, apart + 4), 1);
     EXPECT_EQ(bc_POLE_identical_poles_in_3d(apart, 3), 0);
     // With two poles the bound is half as wide as a pair's distance from its mean may be.

@@ -218,6 +218,9 @@ TEST(CurveCalculations, CorrectedSlopesWhereTheRuleDividesByZero) {
     record->points->points[0] = -HUGE_VAL;
     record->parameters->points[0] = 0.0625;
     EXPECT_EQ(normalized(record, 5, 1, {7, 0, 0})[0], 2) << "a side without a span is none";
+    record->points->points[0] = NAN;
+    record->parameters->points[0] = 0;
+    EXPECT_EQ(normalized(record, 5, 1, {7, 0, 0})[0], 4.5) << "half as one side has it";
     for (const double chord : {1e-10, std::nextafter(1e-10, 0.0)}) {  // the last has no direction
         const Record shortest = new_record({0, 0, 0, chord, 0, 0});
         BCDF_add_params(shortest.get(), Values{0, 0.125}.data());

@@ -74,8 +74,8 @@ TEST(CurveValidation, PointsOverlapWithinTheLengthTolerance) {
         int mode, position, overlaps;
         double x;
     } cases[] = {{1, 1, 1, 0.25}, {1, 1, 1, 1.1}, {1, 1, 0, 0.5}, {1, 0, 0, 0},
-                 {1, 2, 1, 2},    {1, 4, 1, 2},   {2, 1, 0, 0},   {2, 0, 0, 0},
-                 {2, 3, 0, 0},    {3, 0, 1, 0},   {4, 0, 0, 0}};
+                 {1, 3, 0, 3},    {1, 2, 1, 2},   {1, 4, 1, 2},   {2, 1, 0, 0},
+                 {2, 0, 0, 0},    {2, 3, 0, 0},   {3, 0, 1, 0},   {4, 0, 0, 0}};
     for (const auto& [mode, position, overlaps, x] : cases)
         EXPECT_EQ(BCDF_check_overlap_points(record.get(), mode, position, Vector{x, 0, 0}.data()),
                   overlaps);
@@ -84,6 +84,8 @@ TEST(CurveValidation, PointsOverlapWithinTheLengthTolerance) {
     record->points->points[9] = 1.1;
     EXPECT_EQ(BCDF_check_overlap_points(record.get(), 2, 2, up), 1);
     EXPECT_EQ(BCDF_check_consecutive_dup_pts(record.get()), 0);
+    record->points->points[3] = -0.2;
+    EXPECT_EQ(BCDF_check_consecutive_dup_pts(record.get()), 1);
     EXPECT_EQ(recorder.reports(), Reports{});
 }
 
@@ -185,6 +187,13 @@ TEST(CurveEditing, PointsTakeTheirSlopesWithThemAndNoOther) {
     EXPECT_EQ(values_of(weighted->points), (Values{0, 0, 0, 2, 0, 1, 0, 1}));
 }
 
+TEST(CurveEditing, APointByItselfMayBeClosed) {
+    const Record one = new_record({0, 0, 0});
+    EXPECT_EQ(one->parameters->points_allocated, 1);
+    BCDF_toggle_periodicity(one.get());
+    EXPECT_EQ(one->points->num_points, 2);
+}
+
 TEST(CurveEditing, ReportsAndGoesOn) {
     const ReportRecorder recorder;
     const CheckingLevel checking(1);
@@ -247,6 +256,10 @@ TEST(CurveEditing, NeededAndUpdatedSlopes) {
             BCDF_update_slopes(record.get());
             EXPECT_NEAR(vector_in(record->slopes, at)[0], expected[type], 1e-14) << type;
         }
+    const Record square = row_of(3);
+    BCDF_replace_slope(square.get(), up, 1, 4);
+    BCDF_update_slopes(square.get());
+    EXPECT_GT(vector_in(square->slopes, 0)[1], 0.0) << "not against the automatic one";
     for (const int end : {4, 0}) {
         const Record record = row_of(5);
         const auto x_at_end = [&] { return vector_in(record->slopes, end == 0 ? 0 : 1)[0]; };

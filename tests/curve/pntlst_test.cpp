@@ -75,6 +75,7 @@ TEST(PointList, OwnsAnArrayAsItsCapacitySays) {
     EXPECT_EQ(empty->num_points, 0);
     PNTLST_allocate_points(list.get(), 0);
     EXPECT_EQ(list->points, nullptr);
+    EXPECT_EQ(list->points_allocated, 0);
 
     const List made(PNTLST_get_from_func(2, 1, [](int n, double* points) {
         std::iota(points, points + n, 0.0);

@@ -30,7 +30,7 @@ Vec3 normalized_slope(const BCDF& record, int type, int position, Vec3 v);
 /// v / |v|; zero, and raised, when v is too short.
 Vec3 unit_slope(Vec3 v);
 
-/// Writes n parameters that grow by powers of the distances of points.
+/// Writes n parameters, at least one, that grow by powers of the distances of points.
 void write_parameters(int n, int dimension, const double* points, double exponent, double* out);
 
 /// Writes n weights: half of the parameter span from the previous to the next point.

@@ -37,13 +37,12 @@ double weight_at(std::span<const double> t, std::size_t i) {
 }
 
 std::span<const double> span_of(int n, const double* values) {
-    return {values, static_cast<std::size_t>(n > 0 ? n : 0)};
+    return {values, static_cast<std::size_t>(n)};
 }
 
 }  // namespace
 
 void write_parameters(int n, int dimension, const double* points, double exponent, double* out) {
-    if (n < 1) return;
     out[0] = 0.0;
     for (int i = 1; i < n; ++i) {
         const double* at = points + static_cast<std::ptrdiff_t>(i) * dimension;
@@ -73,15 +72,17 @@ using Results = WorkArray<double, 64>;
 
 void BCDF_CALC_parameters(int n, int dimension, const double* points, double exponent,
                           double* parameters) {
+    if (n < 1) return;
     Results results(n);
     write_parameters(n, dimension, points, exponent, results.data());
-    if (n > 0) std::copy_n(results.data(), n, parameters);
+    std::copy_n(results.data(), n, parameters);
 }
 
 void BCDF_CALC_weights(int n, const double* parameters, double* weights) {
+    if (n < 1) return;
     Results results(n);
     write_weights(span_of(n, parameters), results.data());
-    if (n > 0) std::copy_n(results.data(), n, weights);
+    std::copy_n(results.data(), n, weights);
 }
 
 double BCDF_CALC_single_weight(int n, const double* parameters, int position) {

@@ -55,7 +55,7 @@ void BCDF_replace_curvature(BCDF* record, const double vector[3], int position, 
 
 void BCDF_remove_curvatures(BCDF* record, int first, int number) {
     const int all = count(curvatures_of(*record));
-    const Run run = number == all ? Run{0, all} : clipped(first, number, all);
+    const Run run = clipped(number == all ? 0 : first, number, all);
     if (number >= 1 && run.number >= 1)
         remove(curvatures_of(*record), run.first, run.number, number);
 }

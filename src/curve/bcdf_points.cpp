@@ -8,14 +8,14 @@ namespace {
 
 constexpr Module report = bcdf_gen_module.part(13);
 
-/// A point as a list of another width stores it.
+/// A point as a list of the other width stores it.
 struct StoredPoint {
     double coordinates[4];
 };
 
 /// A Cartesian point gets the weight of the one it replaces, a homogeneous one loses its own.
 StoredPoint fitted(const double* point, int dimension, const PNTLST& list, int position) {
-    if (dimension == 3 && list.dimension == 4) {
+    if (dimension == 3) {
         const bool exists = position >= 0 && position < list.num_points;
         const double w = exists ? point_at(list, position)[3] : 1.0;
         return {{w * point[0], w * point[1], w * point[2], w}};

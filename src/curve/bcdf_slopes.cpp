@@ -144,7 +144,7 @@ void BCDF_replace_slope(BCDF* record, const double vector[3], int position, int 
 
 void BCDF_remove_slopes(BCDF* record, int first, int number) {
     const int all = count(slopes_of(*record));
-    const Run run = number == all ? Run{0, all} : clipped(first, number, all);
+    const Run run = clipped(number == all ? 0 : first, number, all);
     if (number >= 1 && run.number >= 1) remove_slopes(*record, run, number);
 }
 

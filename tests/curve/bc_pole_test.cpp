@@ -6,46 +6,38 @@
 #include "support/shared_block.h"
 #include "support/vectors.h"
 #include "syss/syss.h"
-#include "ztmath/session.h"
-#include "ztmath/tolerance.h"
 
 namespace {
 
 using namespace ztmath_test;
 
-void set_tolerances() {
-    const int mode = 1;
-    sys10_(&mode);
-    acom_.model_scale = 1.0;
-    sys21_();
-}
+using Pole = std::array<double, 4>;
 
 TEST(Poles, AreMovedAndMeasuredAsTheirPoints) {
     Random random;
     for (int round = 0; round < rounds(200); ++round) {
         const auto weighted = [&] {
-            auto p = random.vector<4>();
+            Pole p = random.vector<4>();
             p[3] = std::ldexp(1.0, random.integer(-3, 3));  // so that division is exact
             return p;
         };
-        const auto a = weighted(), b = weighted(), p = weighted();
+        const auto between = [](const Pole& p, const Pole& q) {
+            Vector difference;
+            const double apart = bc_POLE_3d_distance(p.data(), q.data(), difference.data());
+            EXPECT_NEAR(apart, length(difference), 1e-13);
+            return difference;
+        };
+        const Pole a = weighted(), b = weighted(), p = weighted();
         const auto t = random.vector();
-        double there[4], foot[4];
-        Vector difference, chord, off, from_a;
-        bc_POLE_translate_pole(p.data(), t.data(), there);
-        const double shift = bc_POLE_3d_distance(there, p.data(), difference.data());
+        const auto there = written<Pole>(bc_POLE_translate_pole, p, t);
         EXPECT_EQ(there[3], p[3]);
-        EXPECT_LE(distance(difference, t), 1e-13);
-        EXPECT_NEAR(shift, length(t), 1e-13);
+        EXPECT_LE(distance(between(there, p), t), 1e-13);
 
-        bc_POLE_project_to_line(p.data(), a.data(), b.data(), foot);
+        const auto foot = written<Pole>(bc_POLE_project_to_line, p, a, b);
         EXPECT_EQ(foot[3], p[3]);
-        const double chord_length = bc_POLE_3d_distance(b.data(), a.data(), chord.data());
-        bc_POLE_3d_distance(p.data(), foot, off.data());
-        const double along = bc_POLE_3d_distance(foot, a.data(), from_a.data());
-        EXPECT_NEAR(dot(off, chord), 0.0, 1e-12 * (1.0 + chord_length * chord_length));
-        EXPECT_NEAR(std::fabs(dot(from_a, chord)), along * chord_length,
-                    1e-12 * (1.0 + along * chord_length));
+        const Vector chord = between(b, a), along = between(foot, a);
+        EXPECT_NEAR(dot(between(p, foot), chord), 0.0, 1e-12 * (1.0 + dot(chord, chord)));
+        EXPECT_NEAR(length(cross(along, chord)), 0.0, 1e-12 * (1.0 + dot(along, along)));
     }
     const Vector a = {1, 2, 3}, p = {4, 5, 6};
     EXPECT_EQ(written(h430_, a, a, p), a);
@@ -53,12 +45,12 @@ TEST(Poles, AreMovedAndMeasuredAsTheirPoints) {
 
 TEST(Poles, AreComparedWithTheirOwnTolerances) {
     const KeepBlock keep;
-    set_tolerances();  // length tolerance 1e-4
+    acom_.tolerances[ZTMATH_SQUARED_LENGTH_TOLERANCE] = 0x1p-26;
     const double one[] = {1, 1, 1, 1, 2, 2, 2, 2, 3, 3, 3, 3};
     EXPECT_EQ(bc_POLE_equal_in_3d(one, one + 4), 1);
-    for (const auto& [weight, equal] : {std::pair{2.0, 0}, {1 + 2e-10, 0}, {1 + 0.5e-10, 1}})
+    for (const auto& [weight, equal] : {std::pair{2.0, 0}, {1 + 1.2e-10, 0}, {1 + 0.5e-10, 1}})
         EXPECT_EQ(bc_POLE_equal_in_4d(one, std::array{1.0, 1.0, 1.0, weight}.data()), equal);
-    const double base[] = {0, 0, 0, 1e-10}, aside[] = {1e-14, 0, 0, 1e-10},
+    const double base[] = {0, 0, 0, 1e-10}, aside[] = {0x1p-13 * 1e-10, 0, 0, 1e-10},
                  heavy[] = {0, 0, 0, 2e-10};
     EXPECT_EQ(bc_POLE_equal_in_3d(base, aside), 1);  // by the very tolerances
     EXPECT_EQ(bc_POLE_equal_in_4d(base, heavy), 1);
@@ -68,7 +60,7 @@ TEST(Poles, AreComparedWithTheirOwnTolerances) {
     EXPECT_EQ(bc_POLE_identical_poles_in_3d(last_is_none, 3), 0);
     EXPECT_EQ(bc_POLE_identical_poles_in_3d(last_is_none + 4, 2), 0);
     // Equal to callers, yet farther apart than identical poles may be.
-    const double apart[] = {1, 1, 1, 1, 1 + 1e-9, 1, 1, 1, 1, 1, 1, 1};
+    const double apart[] = {0, 0, 0, 1, 1.5e-10, 0, 0, 1, 1.5e-10, 0, 0, 1};
     EXPECT_EQ(bc_POLE_equal_in_3d(apart, apart + 4), 1);
     EXPECT_EQ(bc_POLE_identical_poles_in_3d(apart, 3), 0);
     // With two poles the bound is half as wide as a pair's distance from its mean may be.
@@ -80,18 +72,18 @@ TEST(Poles, AreComparedWithTheirOwnTolerances) {
 
 TEST(Poles, HaveAMeanAndABox) {
     const double poles[] = {2, 4, 6, 2, -1, 0, 3, -1, 5, 5, NAN, 1};
-    double out[6] = {9, 9, 9, 9, 9, 9};
-    bc_POLE_average_in_3d(poles, 2, out);
-    EXPECT_EQ(std::vector<double>(out, out + 3), (std::vector<double>{1, 1, 0}));
-    const int three = 3, one = 1;
-    bc_xyz_box(poles, &one, out);
-    EXPECT_EQ(std::vector<double>(out, out + 6), (std::vector<double>{1, 1, 2, 2, 3, 3}));
-    bc_xyz_box(poles, &three, out);
-    EXPECT_EQ(std::vector<double>(out, out + 6), (std::vector<double>{1, 5, 0, 5, -3, 3}));
-    const int none = 0;
-    bc_xyz_box(poles, &none, out);
-    bc_POLE_average_in_3d(poles, 0, out);
-    EXPECT_EQ(std::vector<double>(out, out + 6), std::vector<double>(6, 0.0));
+    Vector mean, none;
+    bc_POLE_average_in_3d(poles, 2, mean.data());
+    EXPECT_EQ(mean, (Vector{1, 1, 0}));
+    bc_POLE_average_in_3d(poles, 0, none.data());
+    EXPECT_EQ(none, Vector{});
+    using Box = std::array<double, 6>;
+    for (const auto& [n, box] :
+         {std::pair{0, Box{}}, {1, Box{1, 1, 2, 2, 3, 3}}, {3, Box{1, 5, 0, 5, -3, 3}}}) {
+        Box found;
+        bc_xyz_box(poles, &n, found.data());
+        EXPECT_EQ(found, box);
+    }
 }
 
 TEST(Knots, GoOnFromPeriodToPeriodOrAreClamped) {
@@ -106,21 +98,20 @@ TEST(Knots, GoOnFromPeriodToPeriodOrAreClamped) {
                  {{2, 5}, 1, {-7, -4, -1, 2, 5, 8, 11, 14}},
                  {{0, 1, 1}, 0, {0, 0, 0, 0, 1, 1, 1, 1, 1}},
                  {{1}, 0, {}},
+                 {{2, 1}, 0, {}},
                  {{0, 2, 1}, 0, {}}};
-    for (const auto& c : cases) {
-        const int n = static_cast<int>(c.parameters.size());
+    const auto knots_of = [](const double* parameters, int n, int periodic) {
         double* knots = nullptr;
         int count = -1, status = -1;
-        knot_seq_order_4(c.parameters.data(), &n, &c.periodic, &knots, &count, &status);
-        EXPECT_EQ(status, c.knots.empty() ? 1 : 0);
-        EXPECT_EQ(std::vector<double>(knots, knots + count), c.knots);
+        knot_seq_order_4(parameters, &n, &periodic, &knots, &count, &status);
+        const std::vector<double> found(knots, knots + count);
         SM_free(knots);
-    }
-    const int too_many = INT_MAX, none = 0;
-    double* knots = nullptr;
-    int count = -1, status = -1;
-    knot_seq_order_4(nullptr, &too_many, &none, &knots, &count, &status);
-    EXPECT_TRUE(status == 1 && count == 0) << "before any parameter is read";
+        EXPECT_EQ(status, found.empty() ? 1 : 0);
+        return found;
+    };
+    for (const auto& [parameters, periodic, knots] : cases)
+        EXPECT_EQ(knots_of(parameters.data(), int(parameters.size()), periodic), knots);
+    EXPECT_EQ(knots_of(nullptr, INT_MAX, 0), std::vector<double>{}) << "no parameter is read";
 }
 
 }  // namespace

@@ -29,21 +29,20 @@ TEST(CurveValidation, FindsTheFirstFault) {
     } cases[] = {
         {1005321, 1, 0, 0, [](BCDF*) {}},
         {1005321, 2, 1, 0, [](BCDF*) {}},
+        {0, 2, 0, 0, [](BCDF* r) { r->order = 2; }},
+        {0, 3, 1, 0, [](BCDF* r) { r->order = 2; }},
         {1005311, 3, 0, 0, [](BCDF*) {}},
         {1005311, 4, 1, 0, [](BCDF*) {}},
         {0, 3, 0, 0, [](BCDF* r) { BCDF_add_needed_slopes(r); }},
         {1005317, 4, 0, 0, [](BCDF* r) { r->points->num_points = 2147483600; }},
         {1005322, 4, 0, 0, [](BCDF* r) { r->parameters->points[1] = 0; }},
         {1005322, 4, 0, 0, [](BCDF* r) { r->parameters->points[3] = 2; }},
-        {1005320, 4, 0, 0, [](BCDF* r) { BCDF_add_needed_slopes(r), r->order = 2; }},
         {0, 4, 0, 0, [](BCDF* r) { BCDF_add_needed_slopes(r), r->order = 3; }},
-        {0, 4, 0, 0, [](BCDF* r) { r->order = 2; }},
         {1005320, 4, 0, 0, [](BCDF* r) { BCDF_replace_slope(r, along, 0, 1), r->order = 2; }},
         {1005320, 4, 0, 0, [](BCDF* r) { BCDF_replace_curvature(r, up, 0, 0), r->order = 3; }},
         {1005318, 4, 0, 0, [](BCDF* r) { BCDF_replace_curvature(r, up, 0, 0); }},
         {0, 10, 0, 1, [](BCDF*) {}},
-        {0, 4, 0, 1, [](BCDF*) {}},
-        {0, 10, 0, 1, [](BCDF* r) { r->ls_num_segments = 7; }},
+        {0, 4, 0, 1, [](BCDF* r) { r->ls_num_segments = 1; }},
         {1005005, 10, 0, 1, [](BCDF* r) { r->ls_num_segments = 8; }},
         {1005005, 10, 0, 1, [](BCDF* r) { r->ls_num_segments = -1; }},
         {1005006, 10, 0, 1, [](BCDF* r) { r->ls_tolerance = -1; }},
@@ -65,77 +64,101 @@ TEST(CurveValidation, FindsTheFirstFault) {
     EXPECT_EQ(recorder.reports(), Reports{});
 }
 
-TEST(CurveSearches, StopAtTheirLimits) {
+TEST(CurveValidation, PointsOverlapWithinTheLengthTolerance) {
     const KeepBlock keep;
-    set_word_at(1128, 0.25);  // the length tolerance
+    acom_.tolerances[ZTMATH_LENGTH_TOLERANCE] = 0.25;
     const CheckingLevel checking(1);
-    ReportRecorder recorder;
-    const Record close = new_record({0, 0, 0, 1, 0, 0, 1.25, 0, 0, 2, 0, 0});
+    const ReportRecorder recorder;
+    const Record record = new_record({0, 0, 0, 1, 0, 0, 1.25, 0, 0, 2, 0, 0});
     const struct {
         int mode, position, overlaps;
         double x;
-    } cases[] = {{1, 1, 1, 0.25}, {1, 1, 1, 1.1}, {1, 1, 0, 0.5}, {1, 0, 0, 0}, {1, 2, 1, 2},
-                 {1, 4, 1, 2},    {2, 1, 0, 0},   {2, 0, 0, 0},   {3, 0, 1, 0}, {4, 0, 0, 0}};
+    } cases[] = {{1, 1, 1, 0.25}, {1, 1, 1, 1.1}, {1, 1, 0, 0.5}, {1, 0, 0, 0},
+                 {1, 3, 0, 3},    {1, 2, 1, 2},   {1, 4, 1, 2},   {2, 1, 0, 0},
+                 {2, 0, 0, 0},    {2, 3, 0, 0},   {3, 0, 1, 0},   {4, 0, 0, 0}};
     for (const auto& [mode, position, overlaps, x] : cases)
-        EXPECT_EQ(BCDF_check_overlap_points(close.get(), mode, position, Vector{x, 0, 0}.data()),
+        EXPECT_EQ(BCDF_check_overlap_points(record.get(), mode, position, Vector{x, 0, 0}.data()),
                   overlaps);
-    close->points->points[6] = 0.2;
-    EXPECT_EQ(BCDF_check_overlap_points(close.get(), 2, 1, up), 1);
-    close->points->points[9] = 1.1;
-    EXPECT_EQ(BCDF_check_overlap_points(close.get(), 2, 2, up), 1);
-    EXPECT_EQ(BCDF_check_consecutive_dup_pts(close.get()), 0);
+    record->points->points[6] = 0.2;
+    EXPECT_EQ(BCDF_check_overlap_points(record.get(), 2, 1, up), 1);
+    record->points->points[9] = 1.1;
+    EXPECT_EQ(BCDF_check_overlap_points(record.get(), 2, 2, up), 1);
+    EXPECT_EQ(BCDF_check_consecutive_dup_pts(record.get()), 0);
+    record->points->points[3] = -0.2;
+    EXPECT_EQ(BCDF_check_consecutive_dup_pts(record.get()), 1);
+    EXPECT_EQ(recorder.reports(), Reports{});
+}
 
-    const Record record = row_of(6, 1);
+/// Whether a search finds, and where it ends; -1 where there is nothing to search.
+template <class Search, class Key>
+std::pair<int, int> found(Search search, const Record& record, Key key) {
+    int at = -1;
+    const int finds = search(record.get(), key, &at);
+    return {finds, at};
+}
+
+TEST(CurveSearches, StopAtTheirLimits) {
+    const Record record = row_of(6, 1), plain = row_of(2);
     EXPECT_EQ(BCDF_num_of_knots_needed(record.get(), 5), 12);
     EXPECT_EQ(BCDF_num_of_knots_needed(record.get(), 0), 10);
-    int at = -1, number = -1;
-    const struct {
-        double t;
-        int found, at;
-    } searches[] = {{1e-10, 1, 0}, {1 + 0.9e-10, 1, 1}, {1.5, 0, 2}, {9, 0, 6}};
-    for (const auto& s : searches) {
-        EXPECT_EQ(BCDF_parameter_in_list(record.get(), s.t, &at), s.found);
-        EXPECT_EQ(at, s.at);
-    }
+    EXPECT_EQ(found(BCDF_parameter_in_list, record, 1 + 0.9e-10), (std::pair{1, 1}));
+    EXPECT_EQ(found(BCDF_parameter_in_list, record, 9.0), (std::pair{0, 6}));
+    int number = -1;
     EXPECT_EQ(BCDF_create_crvatr_pos_array(record.get(), &number), nullptr);
     for (int i = 0; i < 4; ++i)
         BCDF_replace_slope(record.get(), along, i, 1);
     BCDF_replace_curvature(record.get(), up, 2, 1);
-    // Near is 1e-10 of the whole span, 5; a position array is at its end where a point is missing.
-    for (const double t : {2 + 4e-10, 2 + 6e-10}) {
-        record->slope_parameters->points[2] = t;
-        EXPECT_EQ(BCDF_slope_at_point(record.get(), 2, &at), t < 2 + 5e-10);
-        EXPECT_EQ(at, 2);
-    }
-    record->parameters->points[3] = 2 + 0x1p-31;
-    record->slope_parameters->points[2] = 2 + 0x1p-32;
-    for (const int between : {2, 3})
-        EXPECT_EQ(BCDF_slope_at_point(record.get(), between, &at), 0);
-    record->parameters->points[3] = 2 + 3e-10;
-    for (const int steps : {1, 2}) {
-        record->slope_parameters->points[2] = 2 + steps * 1e-10;
-        EXPECT_EQ(BCDF_slope_at_point(record.get(), 1 + steps, &at), 1);
-        EXPECT_EQ(BCDF_slope_at_point(record.get(), 4 - steps, &at), 0);
-    }
-    at = 7;  // which stays where there is nothing to search
+    EXPECT_EQ(found(BCDF_curvature_at_slope, record, 2), (std::pair{1, 0}));
     for (const auto search :
-         {BCDF_slope_at_point, BCDF_curvature_at_point, BCDF_curvature_at_slope})
-        EXPECT_EQ(search(record.get(), 9, &at) + search(close.get(), 1, &at), 0);
-    EXPECT_EQ(at, 7);
+         {BCDF_slope_at_point, BCDF_curvature_at_point, BCDF_curvature_at_slope}) {
+        EXPECT_EQ(found(search, record, 9), (std::pair{0, -1}));
+        EXPECT_EQ(found(search, plain, 1), (std::pair{0, -1}));
+    }
+    // Near is 1e-10 of the whole span, 5, and nearest of the points.
+    const struct {
+        double slope, next;
+        int position, found;
+    } cases[] = {{4e-10, 1, 2, 1},         {6e-10, 1, 2, 0},     {0x1p-32, 0x1p-31, 2, 0},
+                 {0x1p-32, 0x1p-31, 3, 0}, {1e-10, 3e-10, 2, 1}, {1e-10, 3e-10, 3, 0},
+                 {2e-10, 3e-10, 2, 0},     {2e-10, 3e-10, 3, 1}};
+    double *const t = record->parameters->points, *const sites = record->slope_parameters->points;
+    for (const auto& c : cases) {
+        sites[2] = 2 + c.slope;
+        t[3] = 2 + c.next;
+        EXPECT_EQ(found(BCDF_slope_at_point, record, c.position).first, c.found) << c.slope;
+    }
     int* positions = BCDF_create_slope_pos_array(record.get(), &number);
-    EXPECT_EQ(std::vector<int>(positions, positions + number), (std::vector<int>{1, 2, 0, 0}));
+    EXPECT_EQ(std::vector<int>(positions, positions + number), (std::vector<int>{1, 2, 0, 0}))
+        << "at its end where a point is missing";
     SM_free(positions);
-    record->slope_parameters->points[0] = 5 * 1e-10;
-    EXPECT_EQ(BCDF_slope_at_point(record.get(), 0, &at), 1);
-    EXPECT_EQ(BCDF_point_at_curvature(record.get(), 0), 2);
-    EXPECT_EQ(recorder.take(), Reports{});
-    record->slope_parameters->points[2] = 2.5;
-    Vector slope;
-    EXPECT_EQ(BCDF_slope_at_curvature(record.get(), 0, &at, slope.data()), 0);
-    EXPECT_EQ(BCDF_point_at_slope(record.get(), 2), 6);
+    sites[0] = 5 * 1e-10;
+    EXPECT_EQ(found(BCDF_slope_at_point, record, 0), (std::pair{1, 0}));
+    // Near too, at the very end of what is, but nearer to the point before.
+    t[0] = -4e-10;
+    t[1] = 0;
+    sites[0] = -1e-10 * (t[5] - t[0]);
+    EXPECT_EQ(found(BCDF_slope_at_point, record, 1), (std::pair{0, 0}));
+    sites[2] = record->curvature_parameters->points[0] = HUGE_VAL;
+    EXPECT_EQ(found(BCDF_curvature_at_slope, record, 2), (std::pair{0, 0}));
+}
+
+TEST(CurveSearches, ReportSlopesThatAreMissing) {
+    const CheckingLevel checking(1);
+    const ReportRecorder recorder;
+    const Record record = row_of(6);
+    BCDF_replace_slope(record.get(), along, 2, 1);
+    BCDF_replace_curvature(record.get(), up, 2, 1);
+    for (const double site : {2.0, 2.5}) {
+        record->slope_parameters->points[0] = site;
+        int at = -1;
+        Vector slope;
+        EXPECT_EQ(BCDF_slope_at_curvature(record.get(), 0, &at, slope.data()), site == 2);
+        EXPECT_EQ(slope, (Vector{site == 2 ? 1.0 : 0.0, 0, 0}));
+        EXPECT_EQ(BCDF_point_at_slope(record.get(), 0), site == 2 ? 2 : 6);
+    }
     const Reports expected = {internal("bcdf_gen", "Point With Assigned Curvature Has No Slope"),
                               internal("bcdf_gen", "Bcurve Defining Data Structure Corrupt")};
-    EXPECT_EQ(recorder.take(), expected);
+    EXPECT_EQ(recorder.reports(), expected);
 }
 
 TEST(CurveEditing, PointsTakeTheirSlopesWithThemAndNoOther) {
@@ -146,20 +169,28 @@ TEST(CurveEditing, PointsTakeTheirSlopesWithThemAndNoOther) {
     BCDF_remove_defining_points(record.get(), 1, 3);
     ASSERT_EQ(BCDF_return_num_of_slopes(record.get()), 1);
     EXPECT_EQ(record->slopes->points[0], 2.0);
+    BCDF_add_params(record.get(), nullptr);
+    EXPECT_EQ(record->slope_parameters->points[0], 2.25);
     const Record ring = row_of(3, 1);
     BCDF_remove_defining_points(ring.get(), 0, 1);
     EXPECT_EQ(vector_in(ring->points, 1), (Vector{1, 0, 0})) << "two that are one";
     BCDF_replace_defining_point(ring.get(), up, 0, 3);
-    EXPECT_EQ(vector_in(ring->points, 1), (Vector{0, 1, 0}));
     ring->parameters->points[1] = 9;
     BCDF_remove_defining_points(ring.get(), 0, 0);
-    EXPECT_EQ(values_of(ring->parameters).back(), 1) << "parameters are new, though nothing went";
+    EXPECT_EQ(values_of(ring->parameters).back(), 1) << "new, though nothing went";
     // Where the array has room behind the last point, a point of weight 1 comes to stand there.
     const Record weighted = new_record({0, 0, 0, 2, 0, 0, 0, 2}, 4);
     weighted->points->num_points = 1;
     BCDF_replace_defining_point(weighted.get(), up, 1, 3);
     weighted->points->num_points = 2;
     EXPECT_EQ(values_of(weighted->points), (Values{0, 0, 0, 2, 0, 1, 0, 1}));
+}
+
+TEST(CurveEditing, APointByItselfMayBeClosed) {
+    const Record one = new_record({0, 0, 0});
+    EXPECT_EQ(one->parameters->points_allocated, 1);
+    BCDF_toggle_periodicity(one.get());
+    EXPECT_EQ(one->points->num_points, 2);
 }
 
 TEST(CurveEditing, ReportsAndGoesOn) {
@@ -173,6 +204,7 @@ TEST(CurveEditing, ReportsAndGoesOn) {
         BCDF_change_order(record.get(), order);
         EXPECT_EQ(record->order, order);
     }
+    BCDF_remove_defining_points(record.get(), -1, 2);
     BCDF_remove_defining_points(record.get(), 3, 3);
     EXPECT_EQ(record->points->num_points, 5);
     BCDF_change_curvature(record.get(), 1, nullptr, 2, 1.0);
@@ -201,7 +233,7 @@ TEST(CurveEditing, ReportsAndGoesOn) {
 
 TEST(CurveEditing, NeededAndUpdatedSlopes) {
     const KeepBlock keep;
-    set_word_at(1128, 1e-6);  // the length tolerance
+    acom_.tolerances[ZTMATH_LENGTH_TOLERANCE] = 1e-6;
     for (const int end : {0, 1}) {
         const Record two = row_of(2);
         BCDF_replace_slope(two.get(), Vector{1, 1, 0}.data(), end, 3);
@@ -223,21 +255,27 @@ TEST(CurveEditing, NeededAndUpdatedSlopes) {
             BCDF_update_slopes(record.get());
             EXPECT_NEAR(vector_in(record->slopes, at)[0], expected[type], 1e-14) << type;
         }
+    const Record square = row_of(3);
+    BCDF_replace_slope(square.get(), up, 1, 4);
+    BCDF_update_slopes(square.get());
+    EXPECT_GT(vector_in(square->slopes, 0)[1], 0.0) << "not against the automatic one";
     for (const int end : {4, 0}) {
-        const Record last = row_of(5);
-        BCDF_replace_slope(last.get(), along, end, 0);
-        BCDF_replace_slope(last.get(), Vector{4, 0, 0}.data(), end == 0 ? 1 : 3, 1);
-        BCDF_update_end_slopes(last.get());
-        EXPECT_NEAR(vector_in(last->slopes, end == 0 ? 0 : 1)[0], -2.0, 1e-14);
-        BCDF_replace_slope(last.get(), along, end, 4);
-        BCDF_update_slopes(last.get());
-        EXPECT_LT(vector_in(last->slopes, end == 0 ? 0 : 1)[0], 0.0) << "in the automatic sense";
+        const Record record = row_of(5);
+        const auto x_at_end = [&] { return vector_in(record->slopes, end == 0 ? 0 : 1)[0]; };
+        BCDF_replace_slope(record.get(), along, end, 0);
+        BCDF_replace_slope(record.get(), Vector{4, 0, 0}.data(), end == 0 ? 1 : 3, 1);
+        BCDF_update_end_slopes(record.get());
+        EXPECT_NEAR(x_at_end(), -2.0, 1e-14);
+        for (const double x : {1.0, -0.25}) {
+            BCDF_replace_slope(record.get(), Vector{x, 0, 0}.data(), end, 4);
+            BCDF_update_slopes(record.get());
+            EXPECT_LT(x_at_end(), 0.0) << "in the automatic sense";
+        }
     }
+}
+
+TEST(CurveEditing, ToleranceAndNumberOfSegmentsReplaceEachOther) {
     const Record record = row_of(5);
-    BCDF_replace_slope(record.get(), along, 0, 0);
-    BCDF_replace_slope(record.get(), Vector{4, 0, 0}.data(), 1, 0);
-    BCDF_update_slopes(record.get());
-    EXPECT_NEAR(vector_in(record->slopes, 0)[0], 1.0, 1e-14);
     BCDF_change_tolerance(record.get(), 0.5);
     EXPECT_EQ(record->ls_tolerance, 0.5);
     EXPECT_NE(record->weights, nullptr);
@@ -252,7 +290,7 @@ TEST(CurveEditing, CurvaturesTurnWithTheirSlopes) {
         Vector curvature, slope, turned;
     } cases[] = {
         {{0, 3, 0}, {0, 5, 0}, {-3, 0, 0}},      {{0, -3, 0}, {0, 5, 0}, {-3, 0, 0}},
-        {{0, 3, 0}, {4, 0, 1}, {0, 3, 0}},       {{0, 1e-10, 0}, {0, 5, 0}, {-1e-10, 0, 0}},
+        {{3, 4, 0}, {-4, 3, 1}, {3, 4, 0}},      {{0, 1e-10, 0}, {0, 5, 0}, {-1e-10, 0, 0}},
         {{0, 3, 0}, {3, 4, 12}, {-2.4, 1.8, 0}}, {{0, 0, 3}, {0, 0, 5}, {0, 0, 3}},
         {{3, 4, 0}, {0, 5, 0}, {3.2, -2.4, 0}},  {{0, 9e-11, 0}, {0, 5, 0}, {0, 9e-11, 0}}};
     for (const auto& c : cases) {

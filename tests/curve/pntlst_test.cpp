@@ -10,62 +10,21 @@ namespace {
 
 using namespace ztmath_test;
 
-List counting(int number, int dimension) {
-    return List(PNTLST_get_from_func(number, dimension, [](int n, double* array) {
-        for (int i = 0; i < n; ++i)
-            array[i] = i;
-        return n;
-    }));
-}
-
-/// Random edits beside a plain vector, with points of the list itself handed in.
-TEST(PointList, EditsAsAPlainVectorDoes) {
+/// Points that come in may be the list's own, whose array moves.
+TEST(PointList, GrowsByTheNumberOfPointsAndByWhatItHolds) {
     const NoBlocksLeft watch;
-    Random random;
-    List list = counting(1, 1);
-    Values model{0.0};
-    for (int round = 0; round < rounds(2000); ++round) {
-        const int n = list->num_points;
-        const int capacity = list->points_allocated;
-        const int position = random.integer(0, n);
-        const double* own = n > 0 ? list->points + n - 1 : nullptr;
-        const double fresh = round;
-        const double* given = own != nullptr && random.integer(0, 1) == 0 ? own : &fresh;
-        const double value = *given;
-        switch (random.integer(0, 3)) {
-            case 0:
-                PNTLST_insert_points(list.get(), 1, position, given);
-                model.insert(model.begin() + position, value);
-                ASSERT_EQ(list->points_allocated,
-                          capacity < n + 1 ? n + 1 + 2 * capacity : capacity);
-                break;
-            case 1:
-                PNTLST_concat_one_point(list.get(), given);
-                model.push_back(value);
-                ASSERT_EQ(list->points_allocated, std::max(capacity, n + 1));
-                break;
-            case 2:
-                if (n == 0) break;
-                PNTLST_replace_points(list.get(), n - position, position, list->points);
-                std::copy_backward(model.begin(), model.end() - position, model.end());
-                break;
-            default: {
-                const int number = std::min(n - position, 2);
-                PNTLST_remove_points(list.get(), position, number);
-                model.erase(model.begin() + position, model.begin() + position + number);
-            }
-        }
-        ASSERT_EQ(values_of(list.get()), model);
-    }
-}
-
-TEST(PointList, MovesTheTailByOnePlaceHoweverManyPointsComeIn) {
-    List list = counting(5, 1);
-    const double two[] = {10.0, 11.0};
-    PNTLST_insert_points(list.get(), 2, 1, two);
-    ASSERT_EQ(list->num_points, 7);
-    EXPECT_EQ(list->points_allocated, 17);
-    EXPECT_EQ(Values(list->points, list->points + 6), (Values{0, 10, 11, 2, 3, 4}));
+    const List list = new_list({0, 1, 2, 3, 4}, 1);
+    PNTLST_insert_points(list.get(), 2, 1, list->points + 3);
+    EXPECT_EQ(list->num_points, 7);
+    EXPECT_EQ(Values(list->points, list->points + 6), (Values{0, 3, 4, 2, 3, 4}))
+        << "the tail moves by one place, however many come in";
+    PNTLST_concat_one_point(list.get(), list->points);
+    EXPECT_EQ(list->points_allocated, 17) << "5 + 2 + 2 * 5, and room for one more";
+    const List full = new_list({0, 1, 2}, 1);
+    PNTLST_concat_one_point(full.get(), full->points + 1);
+    EXPECT_EQ(full->points_allocated, 4);
+    PNTLST_replace_points(full.get(), 2, 1, full->points);
+    EXPECT_EQ(values_of(full.get()), (Values{0, 0, 1, 1}));
 }
 
 TEST(PointList, ConvertsHomogeneousPoints) {
@@ -94,7 +53,6 @@ TEST(PointList, ConvertsHomogeneousPoints) {
         PNTLST_convert_4d_to_3d(narrow.get());
         EXPECT_EQ(narrow->points[1] == HUGE_VAL, dimension == 2);
     }
-    EXPECT_EQ(PNTLST_calc_point_distance(list.get(), 1, 1), 0.0);
 }
 
 TEST(PointList, OwnsAnArrayAsItsCapacitySays) {
@@ -117,26 +75,32 @@ TEST(PointList, OwnsAnArrayAsItsCapacitySays) {
     EXPECT_EQ(empty->num_points, 0);
     PNTLST_allocate_points(list.get(), 0);
     EXPECT_EQ(list->points, nullptr);
+    EXPECT_EQ(list->points_allocated, 0);
 
-    List shared = counting(2, 1);
-    double* array = shared->points;
-    PNTLST_free_all_but_points(shared.release());
-    EXPECT_EQ(array[1], 1.0);
-    SM_free(array);
+    const List made(PNTLST_get_from_func(2, 1, [](int n, double* points) {
+        std::iota(points, points + n, 0.0);
+        return n;
+    }));
+    EXPECT_EQ(values_of(made.get()), (Values{0, 1}));
 }
 
 TEST(PointList, ReportsOnlyWithCheckingAndStaysInsideItsArray) {
     const auto run = [] {
-        const List list = new_list({0, 1, 2, 3}, 1);
+        const List list = new_list({0, 1, 2, 3, 9}, 1);
+        list->num_points = list->points_allocated = 4;
         double out[3] = {-1, -1, -1};
         const double given[8] = {50, 51, 52, 53, 54, 55, 56, 57};
         PNTLST_copy_single_point(list.get(), -1, out);
         PNTLST_copy_single_point(list.get(), 4, out + 1);
+        list->dimension = 0;
+        PNTLST_copy_single_point(list.get(), 4, out + 2);
+        list->dimension = 1;
         EXPECT_EQ(Values(out, out + 3), (Values{0, 0, -1}));
         EXPECT_EQ(PNTLST_calc_point_distance(list.get(), 0, 4), 0.0);
         PNTLST_replace_points(list.get(), 8, 3, given);
         PNTLST_replace_points(list.get(), 2, -1, given);
         EXPECT_EQ(values_of(list.get()), (Values{51, 1, 2, 50}));
+        EXPECT_EQ(list->points[4], 9) << "beside the array";
         PNTLST_remove_points(list.get(), 3, 2);
         EXPECT_EQ(values_of(list.get()), (Values{51, 1}));
         PNTLST_convert_4d_to_3d(list.get());
@@ -144,13 +108,15 @@ TEST(PointList, ReportsOnlyWithCheckingAndStaysInsideItsArray) {
         PNTLST_remove_points(new_list({0}, 1).get(), 0, 1);
         PNTLST_remove_points(list.get(), 0, 3);
         EXPECT_EQ(list->num_points, 0);
+        PNTLST_convert_4d_to_3d(new_list({0, 0, 0, 1}, 4).get());
     };
     const Report invalid = internal("pntlst_gen", "Invalid Point Position Given");
     expect_reports_when_checking(
-        run, {invalid, invalid, raised("pntlst_gen", 1005337, "Invalid Point Position Given"),
-              internal("pntlst_gen", "Too Many Points To Replace"),
-              internal("pntlst_gen", "Dimension Of The Input Points Is Not Valid"),
-              internal("pntlst_gen", "Too Many Points To Remove")});
+        run,
+        {invalid, invalid, invalid, raised("pntlst_gen", 1005337, "Invalid Point Position Given"),
+         internal("pntlst_gen", "Too Many Points To Replace"),
+         internal("pntlst_gen", "Dimension Of The Input Points Is Not Valid"),
+         internal("pntlst_gen", "Too Many Points To Remove")});
 }
 
 }  // namespace

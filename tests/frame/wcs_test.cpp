@@ -9,10 +9,9 @@ namespace {
 
 using namespace ztmath_test;
 
-/// Makes the WCS from a matrix and an origin, by offset.
 void set_wcs(const Matrix& matrix, const Vector& origin) {
-    set_word_at(1440, matrix);
-    set_word_at(1512, origin);
+    std::ranges::copy(matrix, acom_.wcs_matrix);
+    std::ranges::copy(origin, acom_.wcs_origin);
 }
 
 /// What a query writes; it returns 0.
@@ -37,12 +36,12 @@ TEST(Wcs, IsReadInPieces) {
     EXPECT_EQ(matrix, axes);
     EXPECT_EQ(point, origin);
 
-    const BlockBytes expected = block_bytes();
+    const BlockBytes expected = bytes_of();
     set_wcs({}, origin);
     WCS__set_matrix_values(axes.data());
-    EXPECT_EQ(block_bytes(), expected) << "taken as it stands";
+    EXPECT_EQ(bytes_of(), expected) << "taken as it stands";
     WCS_ask_coordinate_system(acom_.wcs_matrix);  // over itself
-    EXPECT_EQ(word_at<Matrix>(1440), (Matrix{10, 11, 12, 1, 2, 3, 4, 5, 6}));
+    EXPECT_EQ(std::to_array(acom_.wcs_matrix), (Matrix{10, 11, 12, 1, 2, 3, 4, 5, 6}));
 }
 
 TEST(Wcs, MapsIntoItsFrameAndBack) {

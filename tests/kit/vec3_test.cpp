@@ -34,8 +34,6 @@ TEST(Vec3, AssertsThatInputsAreFinite) {
     double magnitude;
     const double below = std::nextafter(1.0e19, 0.0);
     const Vector good = {below, -below, 0};
-    VEC3_is_parallel(good.data(), good.data(), 1.0);
-    EXPECT_EQ(recorder.take(), Reports{});
     for (const double value : {1.0e19, -1.0e19, double{NAN}}) {
         const Vector bad = {0, value, 0};
         VEC3_unitize(bad.data(), 1.0, &magnitude, unit.data());

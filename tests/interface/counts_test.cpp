@@ -150,14 +150,6 @@ void space_circle(const double* points, int n, double* point, double* normal, do
     LSFIT_circle_to_points_3d(points, n, point, normal, centre, radius, failed, stats, frame);
 }
 
-int integrated_equation(double* y, int n, int max_steps, double* reached, int* good, int* bad) {
-    const auto decay = [](double, const double* at, double* rates, void* size) {
-        std::transform(at, at + *static_cast<int*>(size), rates, std::negate());
-    };
-    return NR_odeint(y, n, 0.0, 1.0, 1e-3, 0.0, 0.0, max_steps, decay, &n, nullptr, reached, good,
-                     bad);
-}
-
 PNTLST* list_from_function(int number, int dimension) {
     PNTLST* const list = PNTLST_get_from_func(number, dimension, [](int, double*) { return 0; });
     if (list != nullptr) std::fill_n(list->points, number * std::max(dimension, 0), 1.0);
@@ -221,7 +213,7 @@ std::vector<Row> rows_to_sweep() {
 /// WCS_set_wcs_display, a406_, cu0008_, d7391_, merrorpush, sys10_.
 const std::vector<Row> rows = rows_to_sweep<
     lu_solved, vertex_normal, space_line, space_circle, banded_solved, banded_dumped, minimised,
-    integrated_equation, integrated, filled, list_from_function, record_over_block,
+    equation_integrated, integrated, filled, list_from_function, record_over_block,
     record_over_list, inserted, fitted, curved, BCDF_CALC_auto_curvature,
     BCDF_CALC_auto_derivatives, BCDF_CALC_auto_slope, BCDF_CALC_normalized_slope,
     BCDF_CALC_parameters, BCDF_CALC_quadratic_apprx, BCDF_CALC_single_weight, BCDF_CALC_weights,

@@ -51,21 +51,6 @@ double function_root_found(In in, Out out) {
     return SOLVE_function_root(cubic, as_data(in[0]), in[1][0], in[1][1], 1e-9, out[0]);
 }
 
-void linear_slope(double x, const double* y, double* dydx, void* data) {
-    const auto* a = static_cast<const double*>(data);
-    dydx[0] = a[0] * y[0] + a[1] * y[1] + x;
-    dydx[1] = a[2] * y[0] + a[3] * y[1];
-}
-
-double equation_integrated(In in, Out out) {
-    std::copy_n(in[0], 2, out[0]);
-    int good;
-    int bad;
-    const int status = NR_odeint(out[0], 2, in[1][0], in[1][1], 1e-6, 0.0, 0.0, 100, linear_slope,
-                                 as_data(in[2]), nullptr, out[1], &good, &bad);
-    return 1e6 * status + 1e3 * good + bad;
-}
-
 double unique_found(In in, Out out) {
     double* unique;
     int count;
@@ -138,7 +123,7 @@ std::vector<Call> solve_calls() {
             row<SOLVE_polynomial, 4>({5}, {4}),
             {"SOLVE_function_root", {4, 2}, {1}, function_root_found},
             on_matrices<minimised, first, 2, 6, 2, 3>({6, 3, 2}, {6, 3, 2}),
-            {"NR_odeint", {2, 2, 4}, {2, 1}, equation_integrated},
+            changing<equation_integrated, first, 2, 2, 3>({2, 2, 4}, {2, 1, 2, 2}),
             row<integrated, 10>({4, 2}, {1, 2}),
             banded,
             {"get_unique_reals", {8}, {8}, unique_found},

@@ -49,7 +49,11 @@ inline void* as_data(const double* in) {
     return const_cast<double*>(in);
 }
 
-/// The fifth power of the limit counts: 3 is enough, and 0, 1 and -1 stay what they are.
+/// Of a limit that the sweep of counts gives: 3 becomes enough, and 0, 1 and -1 stay what they are.
+inline int fifth_power(int limit) {
+    return limit * limit * limit * limit * limit;
+}
+
 inline int minimised(double** p, const double* values, int n, const double* centre, int limit,
                      double* y, int* evaluations) {
     const auto bowl = [](const double* x, int size, void* data) {
@@ -57,8 +61,20 @@ inline int minimised(double** p, const double* values, int n, const double* cent
                                   [](double a, double b) { return (a - b) * (a - b); });
     };
     std::copy_n(values, n + 1, y);
-    return NR_amoeba(p, y, n, 1e-6, bowl, as_data(centre), static_cast<int>(std::pow(limit, 5)),
-                     evaluations);
+    return NR_amoeba(p, y, n, 1e-6, bowl, as_data(centre), fifth_power(limit), evaluations);
+}
+
+/// y' = A y + x, each component, over an interval.
+inline int equation_integrated(double* y, int n, const double* interval, const double* a, int limit,
+                               double* reached, int* good, int* bad) {
+    std::pair<int, const double*> system(n, a);
+    const auto slope = [](double x, const double* at, double* rates, void* data) {
+        const auto& [size, rows] = *static_cast<std::pair<int, const double*>*>(data);
+        for (int i = 0; i < size; ++i)
+            rates[i] = std::inner_product(at, at + size, rows + i * size, x);
+    };
+    return NR_odeint(y, n, interval[0], interval[1], 1e-6, 0.0, 0.0, fifth_power(limit), slope,
+                     &system, nullptr, reached, good, bad);
 }
 
 /// A cubic's value by the four coefficients behind data.

@@ -112,19 +112,20 @@ TEST(Vec2AskShortestVector, TakesTheFirstOfTheShortest) {
 }
 
 TEST(Vec3AngleBetween, RunsCounterClockwiseAboutTheReference) {
-    const Vector x = {2, 0, 0}, up = {0, 0, 1.0e-3}, down = {0, 0, -50};
+    const Vector x = {2, 0, 0}, above = {0, 0, 1.0e-3}, below = {0, 0, -50};
     const std::tuple<Vector, Vector, double> rows[] = {
-        {{0, 3, 0}, up, pi / 2},
-        {{0, 3, 0}, down, 3 * pi / 2},
-        {{-1, 0, 0}, down, pi},
+        {{0, 3, 0}, above, pi / 2},
+        {{0, 3, 0}, below, 3 * pi / 2},
+        {{-1, 0, 0}, below, pi},
         {{0, 3, 0}, x, pi / 2},
-        {{0, 0, 1.0e-10}, up, 0},
-        {{1, -1e-10, 0}, up, 0},
-        {{1, -1.1e-10, 0}, up, 2 * pi - 1.1e-10},
+        {{0, 0, 1.0e-10}, above, 0},
+        {{1, -1e-10, 0}, above, 0},
+        {{1, -1.1e-10, 0}, above, 2 * pi - 1.1e-10},
     };
     for (const auto& [v, reference, angle] : rows)
         EXPECT_DOUBLE_EQ(called(VEC3_angle_between, x, v, reference), angle)
             << testing::PrintToString(v);
+    EXPECT_EQ(called(VEC3_angle_between, Vector{}, Vector{NAN, 0, 0}, above), 0) << "one is null";
 }
 
 TEST(Vec3MakeTrihedral, SplitsAlongAndAcross) {

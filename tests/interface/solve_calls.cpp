@@ -8,19 +8,18 @@ namespace ztmath_test {
 
 namespace {
 
-/// Makes square matrices symmetric, and the last one positive definite if it is to be.
-template <std::size_t n, bool definite = true>
+/// Makes square matrices symmetric, and the one of this index positive definite.
+template <std::size_t n, int definite = -1>
 void prepare_symmetric(Random&, Arrays& inputs) {
-    std::vector<double>* last = nullptr;
     for (auto& m : inputs) {
         if (m.size() != n * n) continue;
         for (std::size_t i = 0; i < n; ++i)
             for (std::size_t j = 0; j < i; ++j)
                 m[i * n + j] = m[j * n + i];
-        last = &m;
     }
-    for (std::size_t i = 0; definite && i < n * n; i += n + 1)
-        (*last)[i] = std::fabs((*last)[i]) + 2.0 * n;
+    if constexpr (definite >= 0)
+        for (std::size_t i = 0; i < n * n; i += n + 1)
+            inputs[definite][i] = std::fabs(inputs[definite][i]) + 2.0 * n;
 }
 
 /// A factor L: ones, about, on the diagonal, which stands alone, and little below it.
@@ -91,18 +90,18 @@ std::vector<Call> solve_calls() {
             on_matrices<SOLVE_svd_solver_r, first | third, columns, rows * columns, rows, columns>(
                 {rows * columns, rows, 1}, {rows * columns, 2, columns}),
             on_matrices<NR_ask_eigenvalues_jacobi, first, jacobi, square(jacobi), jacobi, 60>(
-                {square(jacobi)}, jacobi_outputs, prepare_symmetric<jacobi, false>),
+                {square(jacobi)}, jacobi_outputs, prepare_symmetric<jacobi>),
             // Not enough sweeps, which is reported.
             on_matrices<NR_ask_eigenvalues_jacobi, first, jacobi, square(jacobi), jacobi, 3>(
-                {square(jacobi)}, jacobi_outputs, prepare_symmetric<jacobi, false>),
+                {square(jacobi)}, jacobi_outputs, prepare_symmetric<jacobi>),
             changing<NR_generalized_eigenvalues_symm, first | second, square(pencil), pencil, 60>(
                 {square(pencil), square(pencil)},
                 {square(pencil), square(pencil), pencil, square(pencil), 2, 2},
-                prepare_symmetric<pencil>),
+                prepare_symmetric<pencil, 1>),
             on_matrices<NR_ask_max_eigen_val_vec, second, power, square(power), power, 50>(
-                {square(power), power}, {square(power), 1, power, 2}, prepare_symmetric<power>),
+                {square(power), power}, {square(power), 1, power, 2}, prepare_symmetric<power, 0>),
             changing<NR_cholesky_decomp, second, square(factor), factor>(
-                {square(factor)}, {square(factor), factor, 2}, prepare_symmetric<factor>),
+                {square(factor)}, {square(factor), factor, 2}, prepare_symmetric<factor, 0>),
             row<NR_cholesky_solver, factor>({square(factor), factor, factor}, {factor},
                                             prepare_factor<factor>),
             changing<NR_cholesky_inverse, third, square(factor), factor>(

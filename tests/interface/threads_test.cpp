@@ -35,6 +35,7 @@ TEST(Threads, ComputeWhatTheyWouldAlone) {
             shares.push_back(draw_cases(random, draw));
         std::atomic<int> different = 0;
         std::vector<std::thread> threads;
+        threads.reserve(shares.size());
         for (const auto& share : shares)
             threads.emplace_back([&share, &different] {
                 for (const auto& [call, inputs, alone] : share)

@@ -1,8 +1,9 @@
 #!/bin/sh
-# counted.sh MARK SWEEP HEADER... - the sweep of counts names every function that is declared,
-# behind MARK, with a count, an index or a size, be it in a row or among those it leaves out.
+# counted.sh MARK HEADERS SWEEP... - the files of the sweep of counts name every function that is
+# declared in the headers, behind MARK, with a count, an index or a size, be it in a row or among those
+# that are left out.
 set -eu
-mark=$1 sweep=$2
+mark=$1 headers=$2
 shift 2
 
 # Integers that are none of these: they choose, and address nothing.
@@ -20,8 +21,8 @@ for name in $(awk -v start="^$mark " -v flag="int ($flags)[,)]" '
             print substr(declaration, RSTART, RLENGTH - 1)
         }
         declaration = ""
-    }' "$@"); do
-    grep -qwe "$name" "$sweep" || {
+    }' "$headers"/*.h); do
+    grep -qwe "$name" "$@" || {
         echo "$name takes an integer that is not swept"
         status=1
     }

@@ -1,9 +1,9 @@
 // Counts, and other integers, that ask for little or make no sense.
-#include "interface/table.h"
+#include "interface/row.h"
+#include "interface/whole_calls.h"
 #include "support/curve_record.h"
 #include "support/reports.h"
 #include "support/session.h"
-#include "ztmath/ztmath.h"
 
 namespace {
 
@@ -131,15 +131,10 @@ class Bench {
     int value_;
 };
 
-void lu_solved(double** a, int n, double* d, double* b) {
-    int exchanges[8] = {};
-    if (ludcmp_a(a, n, exchanges, d) == 0) lubksb_a(a, n, exchanges, b);
-}
-
-void vertex_normal(int given, int vertex, int n, int weights, double* parameters, double* normal) {
-    const FACET_facet_t facet = {{{0, 0, 0}, {1, 0, 0}, {0, 1, 0}}, {3, 0, 1}, {0, 0, 1}};
-    const FACET_facet_t facets[3] = {facet, facet, facet};
-    FACET_interp_normal_at_vertex(given, vertex, n, facets, weights, parameters, normal);
+void banded_dumped(double** matrix, const double* b, int n, int bw) {
+    testing::internal::CaptureStdout();
+    mdump_banded(matrix, b, n, bw);
+    testing::internal::GetCapturedStdout();
 }
 
 void space_line(const double* points, int n, double* normal, int* coincident, double* point,
@@ -153,58 +148,6 @@ void space_circle(const double* points, int n, double* point, double* normal, do
                   double* radius, int* failed, double* stats, double* frame) {
     std::fill_n(normal, 3, 0.0);  // fits a plane
     LSFIT_circle_to_points_3d(points, n, point, normal, centre, radius, failed, stats, frame);
-}
-
-/// A system of one size and band, of which a smaller one may be solved.
-void banded_solved(int size, int band, int n, int bw, double* b) {
-    double** matrix = nullptr;
-    double* rhs = nullptr;
-    merrorflush();
-    msetup_banded(size, band, &matrix, &rhs);
-    for (int i = 0; matrix != nullptr && i < size; ++i)
-        for (int j = std::max(0, i - band); j <= std::min(size - 1, i + band); ++j)
-            matrix[i][j] = i == j ? 4.0 : 1.0;
-    if (matrix != nullptr) {
-        mdecompose_banded(matrix, std::min(n, size), std::min(bw, band));
-        msolve_banded(matrix, std::min(n, size), std::min(bw, band), b);
-        testing::internal::CaptureStdout();
-        mdump_banded(matrix, b, std::min(n, size), std::min(bw, band));
-        testing::internal::GetCapturedStdout();
-    }
-    mdispose_banded(&matrix, &rhs);
-}
-
-/// Cubed, the usual limit is enough; 0, 1 and -1 stay.
-int minimised(double** p, double* y, int n, int max_evaluations, int* evaluations) {
-    const auto distance = [](const double* x, int size, void*) {
-        return std::inner_product(x, x + size, x, 0.0);
-    };
-    return NR_amoeba(p, y, n, 1e-3, distance, nullptr,
-                     max_evaluations * max_evaluations * max_evaluations, evaluations);
-}
-
-int integrated_equation(double* y, int n, int max_steps, double* reached, int* good, int* bad) {
-    const auto decay = [](double, const double* at, double* rates, void* size) {
-        std::transform(at, at + *static_cast<int*>(size), rates, std::negate());
-    };
-    return NR_odeint(y, n, 0.0, 1.0, 1e-3, 0.0, 0.0, max_steps, decay, &n, nullptr, reached, good,
-                     bad);
-}
-
-int integrated(int max_level, double* integral, int* evaluations) {
-    const auto square = [](double x, void*) { return x * x; };
-    return NR_qsimp(square, nullptr, 0.0, 1.0, 1e-3, max_level, integral, evaluations);
-}
-
-int filled(int n, const double* points, int* count, int* corners) {
-    PTF_triangle_t* triangles = nullptr;
-    PTF_vertex_edge_t* edges = nullptr;
-    PTF_neighbor_list_t* neighbors = nullptr;
-    const int status = PTF_poly_tri_fill(n, points, count, &triangles, &edges, &neighbors);
-    for (int i = 0; i < *count; ++i)
-        corners[i] = triangles[i].a;
-    PTF_free_output(n, triangles, neighbors, edges);
-    return status;
 }
 
 PNTLST* list_from_function(int number, int dimension) {
@@ -255,27 +198,22 @@ int curved(BCDF* record, const double* vector, int position) {
 }
 
 struct Row {
-    const char* name;
+    std::string name;
     void (*run)(Bench&);
 };
 
-template <auto function>
-Row row() {
-    return {__PRETTY_FUNCTION__, [](Bench& bench) { bench.call(function); }};
-}
-
 template <auto... functions>
-std::vector<Row> rows_of() {
-    return {row<functions>()...};
+std::vector<Row> rows_to_sweep() {
+    return {{name_of<functions>(), [](Bench& bench) { bench.call(functions); }}...};
 }
 
 /// Left out, since they only store a number of the session, or one by which the caller knows an
 /// object: ACOM_set_application, DISPLAY_set_system_color, DISPLAY_set_view_of_last_cursor,
 /// PX_set_default_face_grid_counts, WCS__set_matrix_tag, WCS_set_linked_to_view, WCS_set_tag,
 /// WCS_set_wcs_display, a406_, cu0008_, d7391_, merrorpush, sys10_.
-const std::vector<Row> rows = rows_of<
-    lu_solved, vertex_normal, space_line, space_circle, banded_solved, minimised,
-    integrated_equation, integrated, filled, list_from_function, record_over_block,
+const std::vector<Row> rows = rows_to_sweep<
+    lu_solved, vertex_normal, space_line, space_circle, banded_solved, banded_dumped, minimised,
+    equation_integrated, integrated, filled, list_from_function, record_over_block,
     record_over_list, inserted, fitted, curved, BCDF_CALC_auto_curvature,
     BCDF_CALC_auto_derivatives, BCDF_CALC_auto_slope, BCDF_CALC_normalized_slope,
     BCDF_CALC_parameters, BCDF_CALC_quadratic_apprx, BCDF_CALC_single_weight, BCDF_CALC_weights,

@@ -146,24 +146,6 @@ std::vector<Call> rows_with(const char* name) {
     return rows;
 }
 
-std::vector<Call> other_rows() {
-    return {
-        {"PNTLST_insert_points", {12}, {3, 6}, list_edits},
-        {"BCDF_copy_structure", {24, 6}, {3, 6}, whole_records},
-        row<bc_POLE_3d_distance>({4, 4}, {3}),
-        row<bc_POLE_translate_pole>({4, 3}, {4}),
-        row<bc_POLE_average_in_3d, 3>({12}, {3}),
-        row<bc_POLE_identical_poles_in_3d, 3>({12}),
-        row<bc_xyz_box, 3>({12}, {6}),
-        row<knot_seq_order_4, 7, 1>({7}, {13, 2, 2}, ascending),
-        row<BCDF_CALC_parameters, 4, 3>({12, 1}, {4}),
-        row<BCDF_CALC_weights, 9>({9}, {9}),
-        row<BCDF_CALC_single_weight, 9, 4>({9}),
-        row<BCDF_CALC_quadratic_apprx, 1, 2>({3, 3, 3, 3, 1}, {9}),
-        changing<h813_, fifth, 3, 5>({3, 1, 1, 3}, {3}),
-    };
-}
-
 }  // namespace
 
 void release_held() {
@@ -177,7 +159,21 @@ std::vector<Call> curve_calls() {
     return joined({
         rows_of<3, h430_, BCDF_CALC_mirror_slope, BCDF_CALC_unitize_slope>(),
         rows_of<4, bc_POLE_equal_in_4d, bc_POLE_project_to_line>(),
-        other_rows(),
+        {
+            {"PNTLST_insert_points", {12}, {3, 6}, list_edits},
+            {"BCDF_copy_structure", {24, 6}, {3, 6}, whole_records},
+            row<bc_POLE_3d_distance>({4, 4}, {3}),
+            row<bc_POLE_translate_pole>({4, 3}, {4}),
+            row<bc_POLE_average_in_3d, 3>({12}, {3}),
+            row<bc_POLE_identical_poles_in_3d, 3>({12}),
+            row<bc_xyz_box, 3>({12}, {6}),
+            row<knot_seq_order_4, 7, 1>({7}, {13, 2, 2}, ascending),
+            row<BCDF_CALC_parameters, 4, 3>({12, 1}, {4}),
+            row<BCDF_CALC_weights, 9>({9}, {9}),
+            row<BCDF_CALC_single_weight, 9, 4>({9}),
+            row<BCDF_CALC_quadratic_apprx, 1, 2>({3, 3, 3, 3, 1}, {9}),
+            changing<h813_, fifth, 3, 5>({3, 1, 1, 3}, {3}),
+        },
         rows_with<queries>("queries of a curve record"),
         rows_with<edits_of_points>("edits of its points"),
         rows_with<edits_of_slopes>("edits of its slopes"),

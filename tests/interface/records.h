@@ -31,12 +31,10 @@ inline constexpr std::size_t numbers_out = is_segment<Value> ? segment_out
 
 /// A segment of any kind: kind, orientation, start, inclination, turn, radius or length.
 inline Segment segment_of(const double* numbers) {
-    const auto [kind, sense, x, y, angle, turn, radius] =
-        std::tuple(numbers[0], numbers[1], numbers[2], numbers[3], numbers[4], numbers[5],
-                   std::fabs(numbers[6]));
-    const double start[] = {x, y};
+    const double kind = numbers[0], angle = numbers[4], radius = std::fabs(numbers[6]);
+    const double* start = numbers + 2;
     const double tangent[] = {std::cos(angle), std::sin(angle)};
-    double end[] = {x + radius * tangent[0], y + radius * tangent[1]};
+    double end[] = {start[0] + radius * tangent[0], start[1] + radius * tangent[1]};
     double end_tangent[2];
     Segment s;
     if (kind > 0.8)
@@ -46,8 +44,8 @@ inline Segment segment_of(const double* numbers) {
     else if (kind > 0.2)
         ARC_SPLINE_cre_circle_from_center_and_radius_2d(start, radius, &s);
     else
-        ARC_SPLINE_cre_arc_seg_2d(start, tangent, std::fabs(turn) * 100.0, radius,
-                                  sense < 0.0 ? -1 : 1, &s, end, end_tangent);
+        ARC_SPLINE_cre_arc_seg_2d(start, tangent, std::fabs(numbers[5]) * 100.0, radius,
+                                  numbers[1] < 0.0 ? -1 : 1, &s, end, end_tangent);
     return s;
 }
 

@@ -2,25 +2,24 @@
 // function of the caller's. Sizes are above what work memory holds in place, so that the platform
 // is asked for some.
 #include "interface/row.h"
-#include "syss/syss.h"
+#include "interface/whole_calls.h"
 
 namespace ztmath_test {
 
 namespace {
 
-/// Makes square matrices symmetric, and the last one positive definite if it is to be.
-template <std::size_t n, bool definite = true>
+/// Makes square matrices symmetric, and the one of this index positive definite.
+template <std::size_t n, int definite = -1>
 void prepare_symmetric(Random&, Arrays& inputs) {
-    std::vector<double>* last = nullptr;
     for (auto& m : inputs) {
         if (m.size() != n * n) continue;
         for (std::size_t i = 0; i < n; ++i)
             for (std::size_t j = 0; j < i; ++j)
                 m[i * n + j] = m[j * n + i];
-        last = &m;
     }
-    for (std::size_t i = 0; definite && i < n * n; i += n + 1)
-        (*last)[i] = std::fabs((*last)[i]) + 2.0 * n;
+    if constexpr (definite >= 0)
+        for (std::size_t i = 0; i < n * n; i += n + 1)
+            inputs[definite][i] = std::fabs(inputs[definite][i]) + 2.0 * n;
 }
 
 /// A factor L: ones, about, on the diagonal, which stands alone, and little below it.
@@ -29,20 +28,6 @@ void prepare_factor(Random&, Arrays& inputs) {
     for (auto& array : inputs)
         for (double& element : array)
             element = array.size() == n ? 1 + std::fabs(element) : element / n;
-}
-
-constexpr int lu_size = 66;
-
-double lu_decomposed(In in, Out out) {
-    std::copy_n(in[0], lu_size * lu_size, out[0]);
-    double* a[lu_size];
-    for (std::size_t i = 0; i < lu_size; ++i)
-        a[i] = out[0] + i * lu_size;
-    int exchanges[lu_size] = {};
-    const int status = ludcmp_a(a, lu_size, exchanges, out[1]);
-    std::copy_n(in[1], lu_size, out[2]);
-    if (status == 0) lubksb_a(a, lu_size, exchanges, out[2]);
-    return status;
 }
 
 constexpr int helper_size = 9;
@@ -61,79 +46,8 @@ double made(In in, Out out) {
     return 0;
 }
 
-constexpr int band_size = 12;
-constexpr int band_width = 2;
-constexpr std::size_t band_elements = band_size * (2 * band_width + 1);
-
-/// A cubic's value by the four coefficients behind data.
-double cubic(double x, void* data) {
-    const auto* c = static_cast<const double*>(data);
-    return ((c[3] * x + c[2]) * x + c[1]) * x + c[0];
-}
-
-/// The callbacks' pointer to input that they only read.
-void* as_data(const double* in) {
-    return const_cast<double*>(in);
-}
-
 double function_root_found(In in, Out out) {
     return SOLVE_function_root(cubic, as_data(in[0]), in[1][0], in[1][1], 1e-9, out[0]);
-}
-
-double bounded_bowl(const double* x, int n, void* data) {
-    return std::inner_product(x, x + n, static_cast<const double*>(data), 0.0, std::plus(),
-                              [](double a, double b) { return (a - b) * (a - b); });
-}
-
-double minimised(In in, Out out) {
-    std::copy_n(in[0], 6, out[0]);
-    std::copy_n(in[1], 3, out[1]);
-    double* rows[] = {out[0], out[0] + 2, out[0] + 4};
-    int evaluations;
-    const int status =
-        NR_amoeba(rows, out[1], 2, 1e-6, bounded_bowl, as_data(in[2]), 200, &evaluations);
-    return 1000.0 * status + evaluations;
-}
-
-void linear_slope(double x, const double* y, double* dydx, void* data) {
-    const auto* a = static_cast<const double*>(data);
-    dydx[0] = a[0] * y[0] + a[1] * y[1] + x;
-    dydx[1] = a[2] * y[0] + a[3] * y[1];
-}
-
-double integrated(In in, Out out) {
-    std::copy_n(in[0], 2, out[0]);
-    int good;
-    int bad;
-    const int status = NR_odeint(out[0], 2, in[1][0], in[1][1], 1e-6, 0.0, 0.0, 100, linear_slope,
-                                 as_data(in[2]), nullptr, out[1], &good, &bad);
-    return 1e6 * status + 1e3 * good + bad;
-}
-
-double area_found(In in, Out out) {
-    int evaluations;
-    const int status =
-        NR_qsimp(cubic, as_data(in[0]), in[1][0], in[1][1], 1e-9, 10, out[0], &evaluations);
-    return 1e6 * status + evaluations;
-}
-
-double band_solved(In in, Out out) {
-    merrorflush();
-    double** matrix;
-    double* b;
-    msetup_banded(band_size, band_width, &matrix, &b);
-    const double* next = in[0];
-    for (int i = 0; i < band_size; ++i)
-        for (int j = std::max(0, i - band_width); j <= std::min(band_size - 1, i + band_width); ++j)
-            matrix[i][j] = *next++;
-    std::copy_n(in[1], band_size, b);
-    mdecompose_banded(matrix, band_size, band_width);
-    msolve_banded(matrix, band_size, band_width, b);
-    std::copy_n(b, band_size, out[0]);
-    mdispose_banded(&matrix, &b);
-    const int number = merrornum() + merrorlevel();
-    merrorflush();
-    return number;
 }
 
 double unique_found(In in, Out out) {
@@ -145,44 +59,6 @@ double unique_found(In in, Out out) {
     return count;
 }
 
-std::vector<Call> matrix_rows() {
-    constexpr auto square = [](std::size_t n) { return n * n; };
-    constexpr int lu = lu_size, rows = 22, columns = 18, jacobi = 9, pencil = 33;
-    constexpr int power = 40, factor = 66, helper = helper_size;
-    const Lengths jacobi_outputs = {square(jacobi), jacobi, square(jacobi), 2};
-    return {
-        {"ludcmp_a, lubksb_a", {square(lu), lu}, {square(lu), 1, lu}, lu_decomposed},
-        on_matrices<SOLVE_lu_solver, first | second, lu, square(lu), lu, 2>(),
-        on_matrices<SOLVE_svd_decompose, first, columns, rows * columns, rows, columns>(
-            {rows * columns}, {rows * columns, columns, square(columns)}),
-        // Said to have fewer rows than columns, which is noted.
-        on_matrices<SOLVE_svd_decompose, first, columns, square(columns), columns - 1, columns>(
-            {square(columns)}, {square(columns), columns, square(columns)}),
-        on_matrices<SOLVE_svd_solver, first | third, columns, rows * columns, rows, columns>(
-            {rows * columns, rows}, {rows * columns, 2, columns}),
-        on_matrices<SOLVE_svd_solver_r, first | third, columns, rows * columns, rows, columns>(
-            {rows * columns, rows, 1}, {rows * columns, 2, columns}),
-        on_matrices<NR_ask_eigenvalues_jacobi, first, jacobi, square(jacobi), jacobi, 60>(
-            {square(jacobi)}, jacobi_outputs, prepare_symmetric<jacobi, false>),
-        // Not enough sweeps, which is reported.
-        on_matrices<NR_ask_eigenvalues_jacobi, first, jacobi, square(jacobi), jacobi, 3>(
-            {square(jacobi)}, jacobi_outputs, prepare_symmetric<jacobi, false>),
-        changing<NR_generalized_eigenvalues_symm, first | second, square(pencil), pencil, 60>(
-            {square(pencil), square(pencil)},
-            {square(pencil), square(pencil), pencil, square(pencil), 2, 2},
-            prepare_symmetric<pencil>),
-        on_matrices<NR_ask_max_eigen_val_vec, second, power, square(power), power, 50>(
-            {square(power), power}, {square(power), 1, power, 2}, prepare_symmetric<power>),
-        changing<NR_cholesky_decomp, second, square(factor), factor>(
-            {square(factor)}, {square(factor), factor, 2}, prepare_symmetric<factor>),
-        row<NR_cholesky_solver, factor>({square(factor), factor, factor}, {factor},
-                                        prepare_factor<factor>),
-        changing<NR_cholesky_inverse, third, square(factor), factor>(
-            {factor, square(factor)}, {square(factor)}, prepare_factor<factor>),
-        {"NR_2d_matrix_allo", {square(helper)}, {square(helper)}, made},
-    };
-}
-
 /// Of helpers with square matrices and their size for every integer.
 template <unsigned in_out, auto... functions>
 std::vector<Call> on_squares() {
@@ -190,34 +66,67 @@ std::vector<Call> on_squares() {
     return {on_matrices<functions, in_out, n, n * n, n, n, n>()...};
 }
 
-std::vector<Call> other_rows() {
-    return {
-        row<SOLVE_solve_3equations>({9, 3}, {3}),
-        row<SOLVE_quadratic>({3}, {2}),
-        row<SOLVE_cubic>({4}, {3}),
-        row<SOLVE_quartic>({5}, {4}),
-        row<SOLVE_polynomial, 4>({5}, {4}),
-        {"SOLVE_function_root", {4, 2}, {1}, function_root_found},
-        {"NR_amoeba", {6, 3, 2}, {6, 3}, minimised},
-        {"NR_odeint", {2, 2, 4}, {2, 1}, integrated},
-        {"NR_qsimp", {4, 2}, {1}, area_found},
-        {"msolve_banded", {band_elements, band_size}, {band_size}, band_solved, {}, false, true},
-        {"get_unique_reals", {8}, {8}, unique_found},
-    };
-}
-
 }  // namespace
 
 std::vector<Call> solve_calls() {
+    constexpr auto square = [](std::size_t n) { return n * n; };
+    constexpr int lu = 66, rows = 22, columns = 18, jacobi = 9, pencil = 33;
+    constexpr int power = 40, factor = 66, helper = helper_size;
+    const Lengths jacobi_outputs = {square(jacobi), jacobi, square(jacobi), 2};
+    Call banded = row<banded_solved, 12, 2, 12, 2>({12 * 5, 12}, {12});
+    banded.writes_shared = true;  // the error register
     return joined({
-        matrix_rows(),
+        {
+            on_matrices<lu_solved, first, lu, square(lu), lu>({square(lu), lu},
+                                                              {square(lu), 1, lu}),
+            on_matrices<SOLVE_lu_solver, first | second, lu, square(lu), lu, 2>(),
+            on_matrices<SOLVE_svd_decompose, first, columns, rows * columns, rows, columns>(
+                {rows * columns}, {rows * columns, columns, square(columns)}),
+            // Said to have fewer rows than columns, which is noted.
+            on_matrices<SOLVE_svd_decompose, first, columns, square(columns), columns - 1, columns>(
+                {square(columns)}, {square(columns), columns, square(columns)}),
+            on_matrices<SOLVE_svd_solver, first | third, columns, rows * columns, rows, columns>(
+                {rows * columns, rows}, {rows * columns, 2, columns}),
+            on_matrices<SOLVE_svd_solver_r, first | third, columns, rows * columns, rows, columns>(
+                {rows * columns, rows, 1}, {rows * columns, 2, columns}),
+            on_matrices<NR_ask_eigenvalues_jacobi, first, jacobi, square(jacobi), jacobi, 60>(
+                {square(jacobi)}, jacobi_outputs, prepare_symmetric<jacobi>),
+            // Not enough sweeps, which is reported.
+            on_matrices<NR_ask_eigenvalues_jacobi, first, jacobi, square(jacobi), jacobi, 3>(
+                {square(jacobi)}, jacobi_outputs, prepare_symmetric<jacobi>),
+            changing<NR_generalized_eigenvalues_symm, first | second, square(pencil), pencil, 60>(
+                {square(pencil), square(pencil)},
+                {square(pencil), square(pencil), pencil, square(pencil), 2, 2},
+                prepare_symmetric<pencil, 1>),
+            on_matrices<NR_ask_max_eigen_val_vec, second, power, square(power), power, 50>(
+                {square(power), power}, {square(power), 1, power, 2}, prepare_symmetric<power, 0>),
+            changing<NR_cholesky_decomp, second, square(factor), factor>(
+                {square(factor)}, {square(factor), factor, 2}, prepare_symmetric<factor, 0>),
+            row<NR_cholesky_solver, factor>({square(factor), factor, factor}, {factor},
+                                            prepare_factor<factor>),
+            changing<NR_cholesky_inverse, third, square(factor), factor>(
+                {factor, square(factor)}, {square(factor)}, prepare_factor<factor>),
+            {"NR_2d_matrix_allo", {square(helper)}, {square(helper)}, made},
+        },
         on_squares<0, NR_matrix_copy_1d_to_2d>(),
         on_squares<first, NR_matrix_copy_2d_to_1d, NR_2d_matrix_identity, NR_2d_matrix_init_zero,
                    NR_2d_matrix_nxn_transp, NR_matrix_2d_as_1d_identity,
                    NR_matrix_2d_as_1d_init_zero, NR_matrix_2d_as_1d_init_zero_ut,
                    NR_matrix_2d_as_1d_init_zero_lt, NR_matrix_2d_as_1d_nxn_transp>(),
         on_squares<first | second, NR_2d_matrix_product_of_2, NR_matrix_2d_as_1d_product_of_2>(),
-        other_rows(),
+        {
+            row<SOLVE_solve_3equations>({9, 3}, {3}),
+            row<SOLVE_quadratic>({3}, {2}),
+            row<SOLVE_cubic>({4}, {3}),
+            row<SOLVE_quartic>({5}, {4}),
+            row<SOLVE_polynomial, 4>({5}, {4}),
+            {"SOLVE_function_root", {4, 2}, {1}, function_root_found},
+            on_matrices<minimised, first, 2, 6, 2, 3>({6, 3, 2}, {6, 3, 2}),
+            changing<equation_integrated, first, 2, 2, 3>({2, 2, 4}, {2, 1, 2, 2}),
+            row<integrated, 10>({4, 2}, {1, 2}),
+            banded,
+            {"get_unique_reals", {8}, {8}, unique_found},
+        },
     });
 }
 

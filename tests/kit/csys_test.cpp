@@ -21,16 +21,17 @@ TEST(CsysMapCsys, ExpressesAFrameInAnother) {
 
 TEST(CsysMapCsys, LeavesTheMatrixOfWhatIsNoFrame) {
     const Frame absolute({0, 0, 0}, identity);
-    const Matrix skew = {1, 0, 0, 1, 1, 0, 0, 0, 1};
-    const Matrix left_handed = {1, 0, 0, 0, 1, 0, 0, 0, -1};
     const Matrix untouched = {7, 7, 7, 7, 7, 7, 7, 7, 7};
-    for (const Matrix& axes : {skew, left_handed}) {
+    const std::tuple<Matrix, int, Matrix> rows[] = {
+        {{1, 0, 0, 1, 1, 0, 0, 0, 1}, 0, untouched},
+        {{1, 0, 0, 0, 1, 0, 0, 0, -1}, 1, identity},  // made right-handed
+    };
+    for (const auto& [axes, valid, expected] : rows) {
         const Frame frame({1, 2, 3}, axes);
         Frame out({7, 7, 7}, untouched);
-        const int valid = axes == left_handed;
         EXPECT_EQ(CSYS_map_csys(frame.data(), absolute.data(), out.data()), valid);
         EXPECT_EQ(out.origin, frame.origin);
-        EXPECT_EQ(out.axes, valid ? identity : untouched) << "made right-handed";
+        EXPECT_EQ(out.axes, expected);
     }
 }
 

@@ -43,6 +43,7 @@ TEST(McArithmetic, TakesOperandsInTheOrderOfTheNames) {
     EXPECT_EQ(written(MC_AxB, a, b), (Vector{37, 10, -19}));
     EXPECT_EQ(called(MC_A_dot_B, a, b), 30);
     EXPECT_EQ(called(MC_triple_product, a, b, Vector{2, 3, 5}), 9);
+    EXPECT_EQ(called(MC_determinant, System{1, 2, 3, 0, 7, -5, 11, 0, 2, 3, 5, 0}), 9);
     EXPECT_EQ(called(MC_length2, b), 195);
     EXPECT_EQ(called(MC_length, b), std::sqrt(195.0));
     EXPECT_EQ(called(MC_dist2, a, b), 149);
@@ -69,7 +70,6 @@ TEST(McDirections, CompareWhatIsNotDividedByTheLengths) {
     EXPECT_EQ(parallel({-1, 0, s * 1.000001}), 0);
     EXPECT_EQ(parallel({1, 0.003, 0.002907454646240126}), 0) << "a squared sine of just as much";
     EXPECT_EQ(parallel({10, 10 * s * 0.999999, 0}), 0) << "longer vectors tighten the test";
-    EXPECT_EQ(parallel({0, s * 0.5, 0}), 1) << "short vectors pass";
     for (const double cosine : {1.0e-4, std::nextafter(1.0e-4, 0), -1.0e-4})
         EXPECT_EQ(called(MC_q_perp, x, Vector{cosine, 1, 0}), std::fabs(cosine) < 1.0e-4);
 }
@@ -97,21 +97,6 @@ TEST(McPerpVec, DividesByALargeComponent) {
         EXPECT_EQ(written(MC_perp_vec, v), unitized(across));
 }
 
-TEST(McSolve3, SatisfiesTheEquations) {
-    Random random;
-    for (int round = 0; round < rounds(1000); ++round) {
-        const System system = random.vector<12>();
-        const Vector x = written(MC_solve_3, system);
-        Matrix a;
-        for (std::size_t i = 0; i < 9; ++i)
-            a[i] = system[i + i / 3];
-        const double d = determinant(a);
-        ASSERT_NEAR(called(MC_determinant, system), d, 1.0e-13);
-        for (std::size_t i = 0; i < 3; ++i)
-            ASSERT_NEAR(dot(row(a, i), x), system[4 * i + 3], 1.0e-12 / std::fabs(d));
-    }
-}
-
 TEST(McSolve3, ReportsASmallDeterminantAndDividesByItAllTheSame) {
     const auto diagonal = [](double d) { return System{1, 0, 0, 3, 0, d, 0, 5, 0, 0, 1, 7}; };
     Vector x;
@@ -127,25 +112,13 @@ TEST(McSolve3, ReportsASmallDeterminantAndDividesByItAllTheSame) {
     EXPECT_EQ(unwinding.lines().at(0) / 1000, 2) << "in the second of the module's files";
 }
 
-TEST(McDistLines, IsThatOfTheCommonPerpendicular) {
-    Random random;
-    for (int round = 0; round < rounds(1000); ++round) {
-        const Vector d1 = random.vector(), d2 = random.vector(), normal = cross(d1, d2);
-        const Vector p1 = random.vector();
-        const double apart = random.uniform(0.1, 5);
-        const Vector across = moved(p1, apart / length(normal), normal);
-        const Vector p2 = moved(moved(across, random.normal(), d1), random.normal(), d2);
-        ASSERT_NEAR(called(MC_dist_lines, d1, p1, d2, p2), apart,
-                    1.0e-14 * (10 + length(p2)) / length(normal));
-        ASSERT_NEAR(called(MC_dist_lines, d1, p1, d1, across), apart, 1.0e-13);
-    }
-}
-
-TEST(McDistLines, TellsParallelLinesByTheProductOfTheDirections) {
+TEST(McDistLines, IsAlongTheCommonPerpendicularUnlessTheProductOfTheDirectionsIsSmall) {
     const auto distance = [&](const Vector& d1, const Vector& d2, const Vector& p2) {
         return called(MC_dist_lines, d1, Vector{}, d2, p2);
     };
     const Vector x = {1, 0, 0};
+    const Vector d1 = {1, 2, 0}, d2 = {-5, 11, 3}, p1 = {1, 1, 1}, p2 = {3, -2, 6};
+    EXPECT_DOUBLE_EQ(called(MC_dist_lines, d1, p1, d2, p2), 126 / std::sqrt(486));
     // Crossing lines, unless they are taken for parallel.
     EXPECT_NEAR(distance(x, {1, 1.0e-4, 0}, {0, 2, 0}), 0, 1.0e-15);
     EXPECT_EQ(distance(x, {1, 0.99e-4, 0}, {0, 2, 0}), 2);

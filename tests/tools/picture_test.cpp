@@ -63,7 +63,7 @@ SvgDocument picture_of(const Points& points, const Fit& fit,
     const double scale = (dots.at(high - distances.begin()).number("cy") - y_low) / (*high - *low);
     EXPECT_LT(scale, 0.0);
     for (std::size_t i = 0; i < dots.size(); ++i)
-        EXPECT_NEAR(dots[i].number("cy"), y_low + scale * (distances[i] - *low), 0.03);
+        EXPECT_NEAR(dots[i].number("cy"), y_low + scale * (distances.at(i) - *low), 0.03);
     expect_ring_around_last(svg, "distances");
     return svg;
 }

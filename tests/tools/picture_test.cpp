@@ -54,7 +54,7 @@ template <class Fit>
 SvgDocument picture_of(const Points& points, const Fit& fit,
                        std::string (*picture)(const Points&, const Fit&, const Unit&,
                                               const std::string&)) {
-    const SvgDocument svg(picture(points, fit, millimetres, "p.txt"));
+    SvgDocument svg(picture(points, fit, millimetres, "p.txt"));
     const auto distances = drawn_distances(fit.distances.of_point);
     const auto dots = svg.find("distances", "dot");
     EXPECT_EQ(dots.size(), distances.size());

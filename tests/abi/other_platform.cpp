@@ -6,20 +6,15 @@
 
 #include "syss/syss.h"
 
-using ztmath_test::Kind;
+using ztmath_test::Chance;
 using ztmath_test::OtherPlatform;
 
 namespace {
 
 OtherPlatform controls;
 
-/// Counts an allocation, or refuses it.
-void admit() {
-    if (controls.allocations_before_refusal == 0) {
-        controls.allocations_before_refusal = -1;
-        throw ztmath_test::Interrupted{};
-    }
-    if (controls.allocations_before_refusal > 0) --controls.allocations_before_refusal;
+void take(Chance chance) {
+    if (controls.on_chance != nullptr) controls.on_chance(chance);
 }
 
 /// Blocks begin 16 bytes behind their size.
@@ -36,15 +31,15 @@ void* memory_of(void* block) {
 }
 
 void* allocate(std::size_t size, int fill) {
-    admit();
+    take(Chance::allocation);
     void* block = block_of(std::malloc(prefix + size), size);
     ++controls.blocks_out;
     return std::memset(block, fill, size);
 }
 
-void report(Kind kind) {
+void report(Chance chance) {
     ++controls.reports;
-    if (controls.on_report != nullptr) controls.on_report(kind);
+    take(chance);
 }
 
 }  // namespace
@@ -75,7 +70,7 @@ void* SM_calloc_persistent(std::size_t count, std::size_t size) {
 
 void* SM_realloc(void* block, std::size_t size) {
     if (block == nullptr) return SM_alloc(size);
-    admit();
+    take(Chance::allocation);
     return block_of(std::realloc(memory_of(block), prefix + size), size);
 }
 
@@ -92,19 +87,19 @@ std::size_t SM_length(void* block) {
 }
 
 void ERROR_raise(const char*, int, int, const char*) {
-    report(Kind::raised);
+    report(Chance::raised);
 }
 
 void ERROR_internal(const char*, int, const char*, ...) {
-    report(Kind::internal);
+    report(Chance::report);
 }
 
 void ERROR_note(const char*, int, const char*, ...) {
-    report(Kind::note);
+    report(Chance::report);
 }
 
 void ERROR_lprintf(const char*, ...) {
-    report(Kind::log);
+    report(Chance::report);
 }
 
 int ZT_REASON_ask_reason_number(int reason) {

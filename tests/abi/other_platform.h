@@ -8,14 +8,14 @@ namespace ztmath_test {
 /// What the other platform throws.
 struct Interrupted {};
 
-enum class Kind { raised, internal, note, log };
+/// Where a call of the platform may be left instead of returning.
+enum class Chance { allocation, raised, report };
 
 struct OtherPlatform {
     long blocks_out = 0;
-    long allocations_before_refusal = -1;  // -1: none is refused
-    long persistent_before_null = -1;      // blocks; -1: all are there
+    long persistent_before_null = -1;  // blocks; -1: all are there
     long reports = 0;
-    void (*on_report)(Kind kind) = nullptr;  // may throw or jump
+    void (*on_chance)(Chance chance) = nullptr;  // may throw or jump
 };
 
 }  // namespace ztmath_test

@@ -21,14 +21,16 @@ OtherPlatform* platform() {
     return access != nullptr ? access() : nullptr;
 }
 
-long reports_before_interruption;  // counts down
-bool by_jump;                      // from raised reports only
+long chances_before_leaving;  // counts down
+bool by_jump;                 // from raised reports only
 std::jmp_buf way_out;
+std::map<Chance, long> exceptions;
 
-void leave_when_due(Kind kind) {
-    if (by_jump && kind != Kind::raised) return;
-    if (reports_before_interruption-- != 0) return;
+void leave_when_due(Chance chance) {
+    if (by_jump && chance != Chance::raised) return;
+    if (chances_before_leaving-- != 0) return;
     if (by_jump) std::longjmp(way_out, 1);
+    ++exceptions[chance];
     throw Interrupted{};
 }
 
@@ -45,9 +47,7 @@ class AnotherPlatform : public testing::Test {
 /// A call of the library, which keeps its storage elsewhere, so that a long jump loses nothing.
 using Body = std::function<void()>;
 
-/// Each returns whether the call was interrupted.
-using Interruption = bool (*)(const Body& call, long at);
-
+/// Both return whether the call was left.
 bool left_by_exception(const Body& call) {
     try {
         call();
@@ -57,46 +57,26 @@ bool left_by_exception(const Body& call) {
     }
 }
 
-bool refused(const Body& call, long at) {
-    platform()->allocations_before_refusal = at;
-    const bool interrupted = left_by_exception(call);
-    platform()->allocations_before_refusal = -1;
-    return interrupted;
+bool left_by_long_jump(const Body& call) {
+    const bool left = setjmp(way_out) != 0;
+    if (!left) call();
+    return left;
 }
 
-void leave_at(long report, bool jump) {
-    reports_before_interruption = report;
-    by_jump = jump;
-    platform()->on_report = leave_when_due;
-}
-
-bool reported_by_exception(const Body& call, long at) {
-    leave_at(at, false);
-    const bool interrupted = left_by_exception(call);
-    platform()->on_report = nullptr;
-    return interrupted;
-}
-
-bool raised_by_long_jump(const Body& call, long at) {
-    leave_at(at, true);
-    const bool interrupted = setjmp(way_out) != 0;
-    if (!interrupted) call();
-    platform()->on_report = nullptr;
-    return interrupted;
-}
-
-constexpr Interruption interruptions[] = {refused, reported_by_exception, raised_by_long_jump};
 constexpr long bound = 5000;  // calls of the platform within one call of the library
 
-/// Interrupts a call at its first, second, ... chance until it runs through; returns how often.
-long interrupt_everywhere(Interruption interrupt, const Body& call) {
+/// Leaves a call at its first, second, ... chance until it runs through; returns how often.
+long leave_everywhere(const Body& call, bool jump) {
     const long before = platform()->blocks_out;
+    by_jump = jump;
     for (long at = 0; at < bound; ++at) {
-        const bool interrupted = interrupt(call, at);
+        chances_before_leaving = at;
+        platform()->on_chance = leave_when_due;
+        const bool left = jump ? left_by_long_jump(call) : left_by_exception(call);
+        platform()->on_chance = nullptr;
         release_held();
         EXPECT_EQ(platform()->blocks_out, before) << "left at chance " << at;
-        if (!interrupted) return at;
-        if (testing::Test::HasFailure()) return at;
+        if (!left || testing::Test::HasFailure()) return at;
     }
     ADD_FAILURE() << "the call never runs through";
     return bound;
@@ -116,7 +96,7 @@ std::vector<Arrays> inputs_of(const Call& call, Random& random) {
 
 TEST_F(AnotherPlatform, MayLeaveEveryCallAtEveryChance) {
     Random random;
-    long interrupted[std::size(interruptions)] = {};
+    long jumps = 0;
     for (const Call& call : interface_table()) {
         SCOPED_TRACE(call.name);
         for (const Arrays& inputs : inputs_of(call, random)) {
@@ -128,15 +108,16 @@ TEST_F(AnotherPlatform, MayLeaveEveryCallAtEveryChance) {
                 ++calls_made;
                 call.run(in.data(), out.data());
             };
-            for (std::size_t i = 0; i < std::size(interruptions); ++i)
-                interrupted[i] += interrupt_everywhere(interruptions[i], body);
+            leave_everywhere(body, false);
+            jumps += leave_everywhere(body, true);
             EXPECT_TRUE(same_bits(outcome_of(call, inputs), undisturbed));
             ASSERT_FALSE(HasFailure());
         }
     }
     tell_calls();
-    EXPECT_GT(interrupted[0], 100) << "allocations refused";
-    EXPECT_GT(interrupted[1], 100) << "reports left by exceptions";
+    EXPECT_GT(exceptions[Chance::allocation], 100);
+    EXPECT_GT(exceptions[Chance::report], 100);
+    EXPECT_GT(jumps, 10);
 }
 
 TEST_F(AnotherPlatform, MayLackMemoryThatPersists) {
@@ -144,6 +125,7 @@ TEST_F(AnotherPlatform, MayLackMemoryThatPersists) {
     const double slope[] = {1, 2, 3};
     BCDF_replace_slope(record.get(), slope, 1, 1);
     const long before = platform()->blocks_out;
+    ASSERT_GT(before, 0) << "blocks are counted";
     BCDF* kept = nullptr;
     for (long at = 0; kept == nullptr && at < bound; ++at) {
         platform()->persistent_before_null = at;
@@ -156,28 +138,6 @@ TEST_F(AnotherPlatform, MayLackMemoryThatPersists) {
     ASSERT_NE(kept, nullptr);
     record.release();
     record.reset(kept);
-}
-
-TEST_F(AnotherPlatform, WouldSeeABlockThatIsLeftBehind) {
-    const std::tuple<Interruption, long, bool, bool> rows[] = {
-        {refused, 0, true, false},
-        {reported_by_exception, 0, true, true},
-        {reported_by_exception, 1, true, true},  // the note
-        {raised_by_long_jump, 0, true, true},
-        {raised_by_long_jump, 1, false, false}};  // the note is not raised
-    for (const auto& [interrupt, at, interrupted, leaves] : rows) {
-        const long before = platform()->blocks_out;
-        void* block = nullptr;
-        const auto careless = [&block] {
-            block = SM_alloc(8);
-            ERROR_raise("careless", 1, 1, "raised");
-            ERROR_note("careless", 2, "noted");
-            SM_free(std::exchange(block, nullptr));
-        };
-        EXPECT_EQ(interrupt(careless, at), interrupted);
-        EXPECT_EQ(platform()->blocks_out - before, leaves ? 1 : 0) << "left at " << at;
-        SM_free(block);
-    }
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 #include "guarded_from_c.h"
 
 #include <setjmp.h>
-#include <stdint.h>
 
 static void raising_body(void* data) {
     int* reached = data;
@@ -14,15 +13,6 @@ static void raising_body(void* data) {
 SYSS_outcome_t raise_guarded_in_c(SYSS_failure_t* failure, int* reached) {
     *reached = 0;
     return SYSS_call_guarded(raising_body, reached, failure);
-}
-
-static void greedy_body(void* data) {
-    (void)data;
-    SM_alloc(SIZE_MAX);
-}
-
-SYSS_outcome_t run_out_of_memory_in_c(SYSS_failure_t* failure) {
-    return SYSS_call_guarded(greedy_body, 0, failure);
 }
 
 static jmp_buf way_out;

@@ -12,9 +12,6 @@ extern "C" {
    before the report and 10 after it. */
 SYSS_outcome_t raise_guarded_in_c(SYSS_failure_t* failure, int* reached);
 
-/* Runs out of memory inside a guard. */
-SYSS_outcome_t run_out_of_memory_in_c(SYSS_failure_t* failure);
-
 /* Raises with a handler that leaves by a long jump; returns the code that the handler saw. */
 int leave_by_long_jump_in_c(int code);
 

@@ -70,13 +70,7 @@ TEST(Reports, GoToStandardErrorWithoutAHandler) {
 TEST(Guard, TurnsARaisedReportIntoAResult) {
     ReportRecorder recorder;
     SYSS_failure_t failure{};
-    bool went_on = false;
-    const auto body = [&] {
-        report_one_of_each();
-        went_on = true;
-    };
-    EXPECT_EQ(guarded(body, &failure), SYSS_RAISED);
-    EXPECT_FALSE(went_on);
+    EXPECT_EQ(guarded(report_one_of_each, &failure), SYSS_RAISED);
     EXPECT_EQ(failure.line, 1);
     EXPECT_EQ(told_by(failure), one_of_each.back());
     EXPECT_EQ(recorder.take(), one_of_each) << "the handler comes first";
@@ -148,8 +142,6 @@ TEST(Guard, ServesCallersInC) {
     EXPECT_EQ(raise_guarded_in_c(&failure, &reached), SYSS_RAISED);
     EXPECT_EQ(reached, 1);
     EXPECT_EQ(told_by(failure), raised("c_module", 17, "raised in C"));
-    EXPECT_EQ(run_out_of_memory_in_c(&failure), SYSS_OUT_OF_MEMORY);
-    EXPECT_STREQ(failure.module, "libsyss");
     EXPECT_EQ(leave_by_long_jump_in_c(99), 99);
 }
 

@@ -44,33 +44,6 @@ TEST(Curve, CirclesHaveTheirTangentsAndCurvatureInEveryUnit) {
     }
 }
 
-TEST(Curve, WordsTellWhatKeepsACurveFromBeingMade) {
-    const Workshop w;
-    w.file("slopes", "1 0\n");
-    const std::string in = "ztmath: standard input: ";
-    const std::vector<Ending> endings = {
-        {"--least-squares --segments 2", 0, "", "0 0\n1 0\n2 1\n3 3\n4 1\n"},
-        {"", 1, in + "too few points: a curve needs 2\n"},
-        {"--periodic", 1, in + "too few points: a periodic curve needs 2 besides", "1 2\n1 2\n"},
-        {"--least-squares --all-slopes", 1, in + "too few points: a fit of order 4 needs 4\n",
-         "0 0\n1 0\n0 1\n"},
-        {"--periodic", 1,
-         in + "too few constraints: order 4 needs 4 points and slopes, there are 3\n",
-         "0 0\n1 0\n0 1\n0 0\n"},
-        {"", 1, in + "the points on lines 1 and 2 are one and the same\n", "3 4\n3 4\n3 4\n3 4\n"},
-        {"--all-slopes", 1, in + "the points on lines 3 and 4 are one", "0 0\n#\n1 0\n1 0\n2 0\n"},
-        {"--order 2 --all-slopes", 1, in + "the order is too low: slopes need 3",
-         "0 0\n1 0\n2 1\n"},
-        {"--least-squares --tolerance -1", 1, in + "the tolerance must be 0 or more\n",
-         "0 0\n1 0\n2 1\n3 3\n"},
-        {"--least-squares --segments 3", 1, in + "the number of segments is not within 1 and 2",
-         "0 0\n1 0\n2 1\n3 3\n4 1\n"},
-        {"--periodic --least-squares", 2, "--periodic excludes --least-squares\n"},
-        {"--slopes slopes", 3, "ztmath: slopes: 1 slopes for 2 points\n", "0 0\n1 0\n"},
-    };
-    expect_endings(w, "curve --2d - ", endings);
-}
-
 TEST(Curve, DrawsAnArrowForEachSlopeAndNoTeethOnALine) {
     const Workshop w;
     w.file("arc", arc(5, 9, 0.1));

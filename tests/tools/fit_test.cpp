@@ -1,7 +1,5 @@
-// Fits as the program shows them, against the library and against what is known of the points.
+// Fits as the program shows them, against what is known of the points.
 #include "fit.h"
-
-#include <ztmath/ztmath.h>
 
 #include "support/random.h"
 
@@ -22,46 +20,29 @@ Points points_of(int dimension, std::vector<double> coordinates) {
 // In millimetres alone, rounding makes the library miss about half of these.
 TEST(Fit, FindsFlatAndStraightPointsOfEverySize) {
     Random random;
-    for (int round = 0; round < rounds(100); ++round)
-        for (const double size : {0.1, 30.0, 2e3, 1e7, 1e12}) {
-            const double a = random.normal(), b = random.normal(), c = size * random.normal();
-            const auto direction = random.vector();
-            std::vector<double> flat, straight, thin;  // the last a line in space
-            for (int i = 0; i < 60; ++i) {
-                const double x = random.uniform(0.0, size), y = random.uniform(0.0, size);
-                flat.insert(flat.end(), {x, y, a * x + b * y + c});
-                straight.insert(straight.end(), {x, a * x + c});
-                for (const double d : direction)
-                    thin.push_back(7.0 * size + y * d);
+    for (int round = 0; round < rounds(50); ++round)
+        for (const double size : {0.1, 30.0, 2e3, 1e7, 1e12})
+            for (const Unit& unit : {millimetres, unit_named("m")}) {
+                const double a = random.normal(), b = random.normal(), c = size * random.normal();
+                const auto direction = random.vector();
+                std::vector<double> flat, straight, thin;  // the last a line in space
+                for (int i = 0; i < 60; ++i) {
+                    const double x = random.uniform(0.0, size), y = random.uniform(0.0, size);
+                    flat.insert(flat.end(), {x, y, a * x + b * y + c});
+                    straight.insert(straight.end(), {x, a * x + c});
+                    for (const double d : direction)
+                        thin.push_back(7.0 * size + y * d);
+                }
+                const double rounding = 1e-13 * size * (1.0 + std::fabs(c / size));
+                const PlaneFit plane = fit_plane(points_of(3, flat), unit);
+                const Line2Fit line = fit_line_2d(points_of(2, straight), unit);
+                const Line3Fit space_line = fit_line_3d(points_of(3, thin), unit);
+                ASSERT_LT(plane.distances.max, 20.0 * rounding) << size;
+                ASSERT_LT(line.distances.max, 20.0 * rounding) << size;
+                ASSERT_LT(space_line.distances.max, 40.0 * rounding + 1e-12 * size) << size;
+                ASSERT_NEAR(line.normal[0] + line.normal[1] * a, 0.0, 1e-10);
+                ASSERT_NEAR(plane.normal[0] + plane.normal[2] * a, 0.0, 1e-10);
             }
-            const double rounding = 1e-13 * size * (1.0 + std::fabs(c / size));
-            const PlaneFit plane = fit_plane(points_of(3, flat), millimetres);
-            const Line2Fit line = fit_line_2d(points_of(2, straight), millimetres);
-            const Line3Fit space_line = fit_line_3d(points_of(3, thin), millimetres);
-            ASSERT_LT(plane.distances.max, 20.0 * rounding) << size;
-            ASSERT_LT(line.distances.max, 20.0 * rounding) << size;
-            ASSERT_LT(space_line.distances.max, 40.0 * rounding + 1e-12 * size) << size;
-            ASSERT_NEAR(line.normal[0] + line.normal[1] * a, 0.0, 1e-10);
-            ASSERT_NEAR(plane.normal[0] + plane.normal[2] * a, 0.0, 1e-10);
-        }
-}
-
-TEST(Fit, OfALineThroughScatteredPointsIsTheLibrarys) {
-    Random random;
-    std::vector<double> coordinates;
-    for (int i = 0; i < 50; ++i)
-        coordinates.insert(coordinates.end(),
-                           {random.uniform(0, 90), random.uniform(0, 50), random.normal()});
-    const Points points = points_of(3, coordinates);
-    double none[3] = {}, point[3], statistics[3], direction[3], frame[12];
-    int collinear = 0, coincident;
-    LSFIT_line_to_points_3d(coordinates.data(), 50, none, &collinear, &coincident, point, direction,
-                            statistics, frame);
-    const Line3Fit line = fit_line_3d(points, millimetres);
-    EXPECT_EQ(line.point, load<3>(point));
-    EXPECT_EQ(line.direction, load<3>(direction));
-    EXPECT_NEAR(line.plane_distances.rms, statistics[1], 1e-12);
-    EXPECT_GE(line.distances.max, line.plane_distances.max);
 }
 
 // In millimetres alone, the library gives few points, or none, of the smallest and the largest.
@@ -100,64 +81,48 @@ TEST(Fit, FindsCirclesAndSpheresOfEverySize) {
         }
 }
 
-TEST(Fit, OfAPartIsTheSameInEveryUnit) {
-    Random random;
-    std::vector<double> part;
-    for (int i = 0; i < 40; ++i)
-        part.insert(part.end(),
-                    {random.uniform(0, 200), random.uniform(0, 120), 80 + 0.02 * random.normal()});
-    const PlaneFit plane = fit_plane(points_of(3, part), millimetres);
-    const Line3Fit line = fit_line_3d(points_of(3, part), millimetres);
-    for (const Unit& unit : units()) {
-        SCOPED_TRACE(unit.name);
-        std::vector<double> scaled = part;
-        for (double& x : scaled)
-            x /= unit.millimetres;
-        const PlaneFit other = fit_plane(points_of(3, scaled), unit);
-        const Line3Fit other_line = fit_line_3d(points_of(3, scaled), unit);
-        EXPECT_NEAR(other.distances.rms * unit.millimetres, plane.distances.rms, 1e-10);
-        EXPECT_NEAR(other_line.distances.max * unit.millimetres, line.distances.max, 1e-9);
-        EXPECT_LE(length(other.normal - plane.normal), 1e-10);
-        EXPECT_LE(length(other_line.direction - line.direction), 1e-10);
-    }
-}
-
 TEST(Fit, SaysWhatHasNoAnswer) {
+    constexpr Shape regular = Shape::regular, too_few = Shape::too_few,
+                    collinear = Shape::collinear, coincident = Shape::coincident,
+                    coplanar = Shape::coplanar;
     const Unit& metres = unit_named("m");
     const struct {
         std::vector<double> points;
-        Shape plane, line;
+        Shape plane, line, sphere;
         const Unit& unit = millimetres;
-    } rows[] = {
-        {{}, Shape::too_few, Shape::too_few},
-        {{1, 1, 1, 1, 1, 1}, Shape::too_few, Shape::coincident},
-        {{1, 1, 1, 1, 1, 2}, Shape::too_few, Shape::regular},
-        {{5, 5, 5, 5, 5, 5, 5, 5, 5.0009}, Shape::coincident, Shape::coincident},
-        {{5, 5, 5, 5, 5, 5, 5, 5, 5.0009}, Shape::collinear, Shape::regular, metres},
-        {{0, 0, 0, 1, 2, 3, 5, 10, 15}, Shape::collinear, Shape::regular},
-        {{0, 0, 0, 1, 2, 3, 5, 10, 15.1}, Shape::regular, Shape::regular},
-        {{0, 0, 0, 1e9, 2e9, 3e9, 1e9 / 3, 2e9 / 3, 1e9}, Shape::collinear, Shape::regular},
+    } in_space[] = {
+        {{}, too_few, too_few, too_few},
+        {{1, 1, 1, 1, 1, 1}, too_few, coincident, too_few},
+        {{1, 1, 1, 1, 1, 2}, too_few, regular, too_few},
+        {{0, 0, 0, 1, 0, 0, 0, 1, 0}, regular, regular, too_few},
+        {{5, 5, 5, 5, 5, 5, 5, 5, 5.0009}, coincident, coincident, too_few},
+        {{5, 5, 5, 5, 5, 5, 5, 5, 5.0009}, collinear, regular, too_few, metres},
+        {{0, 0, 0, 1, 2, 3, 5, 10, 15, 2, 4, 6}, collinear, regular, collinear},
+        {{0, 0, 0, 1, 2, 3, 5, 10, 15.1}, regular, regular, too_few},
+        {{0, 0, 0, 1e9, 2e9, 3e9, 1e9 / 3, 2e9 / 3, 1e9}, collinear, regular, too_few},
+        {{0, 0, 3, 5, 0, 3, 0, 5, 3, 9, 9, 3, 2, 1, 3}, regular, regular, coplanar},
+        {{0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1}, regular, regular, regular},
     };
-    for (const auto& row : rows) {
+    for (const auto& row : in_space) {
+        SCOPED_TRACE(&row - in_space);
         const Points points = points_of(3, row.points);
-        EXPECT_EQ(fit_plane(points, row.unit).shape, row.plane) << &row - rows;
-        EXPECT_EQ(fit_line_3d(points, row.unit).shape, row.line) << &row - rows;
+        EXPECT_EQ(fit_plane(points, row.unit).shape, row.plane);
+        EXPECT_EQ(fit_line_3d(points, row.unit).shape, row.line);
+        EXPECT_EQ(fit_sphere(points, row.unit).shape, row.sphere);
     }
-    const auto shape_of = [](auto fit, int dimension, std::vector<double> p) {
-        return fit(points_of(dimension, std::move(p)), millimetres).shape;
+    const std::tuple<std::vector<double>, Shape, Shape> in_plane[] = {
+        {{1, 1}, too_few, too_few},
+        {{1, 1, 1, 1}, coincident, too_few},
+        {{1, 1, 1, 2}, regular, too_few},
+        {{1, 2, 1, 2, 1, 2.0009}, coincident, coincident},
+        {{1, 2, 2, 4, 3e9, 6e9, -7, -14}, regular, collinear},
+        {{0, 0, 10, 0, 3, 7}, regular, regular},
     };
-    EXPECT_EQ(shape_of(fit_circle, 2, {0, 0, 1, 1}), Shape::too_few);
-    EXPECT_EQ(shape_of(fit_circle, 2, {1, 2, 1, 2, 1, 2.0009}), Shape::coincident);
-    EXPECT_EQ(shape_of(fit_circle, 2, {1, 2, 2, 4, 3e9, 6e9, -7, -14}), Shape::collinear);
-    EXPECT_EQ(shape_of(fit_circle, 2, {0, 0, 10, 0, 3, 7}), Shape::regular);
-    EXPECT_EQ(shape_of(fit_sphere, 3, {0, 0, 0, 1, 0, 0, 0, 1, 0}), Shape::too_few);
-    EXPECT_EQ(shape_of(fit_sphere, 3, {0, 0, 0, 1, 2, 3, 5, 10, 15, 2, 4, 6}), Shape::collinear);
-    EXPECT_EQ(shape_of(fit_sphere, 3, {0, 0, 3, 5, 0, 3, 0, 5, 3, 9, 9, 3, 2, 1, 3}),
-              Shape::coplanar);
-    EXPECT_EQ(shape_of(fit_sphere, 3, {0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1}), Shape::regular);
-    EXPECT_EQ(shape_of(fit_line_2d, 2, {1, 1}), Shape::too_few);
-    EXPECT_EQ(shape_of(fit_line_2d, 2, {1, 1, 1, 1}), Shape::coincident);
-    EXPECT_EQ(shape_of(fit_line_2d, 2, {1, 1, 1, 2}), Shape::regular);
+    for (const auto& [coordinates, line, circle] : in_plane) {
+        const Points points = points_of(2, coordinates);
+        EXPECT_EQ(fit_line_2d(points, millimetres).shape, line);
+        EXPECT_EQ(fit_circle(points, millimetres).shape, circle);
+    }
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include "number.h"
 #include "palette.h"
 #include "support/prelude.h"
-#include "table.h"
 #include "unit.h"
 
 namespace {
@@ -57,20 +56,6 @@ TEST(Palette, IsStrongestAtTheLimitAndGreyAtZero) {
     EXPECT_EQ(palette.color(0.0), "#dedfe0");
     EXPECT_EQ(palette.color(2.0), "#9e182b");
     EXPECT_EQ(Palette(0.0).color(1.0), "#dedfe0");
-}
-
-TEST(Table, AlignsColumnsByCharacters) {
-    Table table("title");
-    table.row("a", {"1", "\u22122"}, "\u00b5m");
-    table.row("long", {"10", "200"});
-    table.text("t", "words");
-    table.gap();
-    EXPECT_EQ(table.str(),
-              "title\n"
-              "  a       1   \u22122  \u00b5m\n"
-              "  long   10  200\n"
-              "  t     words\n"
-              "\n");
 }
 
 TEST(Units, AreLengthsInMillimetres) {

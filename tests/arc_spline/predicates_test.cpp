@@ -289,11 +289,9 @@ TEST(ArcSplinePredicates, InscribedAngles) {
         EXPECT_EQ(type, turn > 0 ? 1 : 0);
         const Vector p2 = moved(normal, 1, v1), p3 = moved(p2, 1, v2);
         const Vector bisector = bisector_by(of_polygon, normal, p2, p3, scaled(normal, 4), 1.0);
-        EXPECT_NEAR(inscribed, 180 - turn, 1e-9);
         EXPECT_EQ(status, 0);
         EXPECT_NEAR(dot(bisector, b), -dot(bisector, a), 1e-11);  // as far from either edge
         EXPECT_GE(dot(bisector, cross(normal, b)), 0);            // to the left
-        EXPECT_NEAR(length(bisector), 1, 1e-12);
         EXPECT_EQ(bisector_by(of_polygon, normal, p2, p3, nullptr, 1.0),
                   bisector_by(of_polygon, normal, p2, p3, up, 1.0));
         const Vector projected = bisector_by(of_vectors, v1, v2, normal, 1 + i % 2, 1.0);
@@ -310,7 +308,6 @@ TEST(ArcSplinePredicates, InscribedAngles) {
         bisector_by(of_polygon, o, p2, p3, nullptr, tol);
         EXPECT_EQ(type, expected) << turn;
         EXPECT_EQ(inscribed == 180, expected == -1);
-        EXPECT_NEAR(inscribed, 180 - turn, 0.001);
         for (const auto& [end, normal] : {std::pair{p2, p3}, {p3, o}}) {
             EXPECT_EQ(bisector_by(of_polygon, o, p2, end, normal, tol), o);
             EXPECT_TRUE(type == -2 && status == 1 && inscribed == 0);

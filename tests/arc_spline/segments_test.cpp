@@ -92,7 +92,6 @@ TEST(ArcSplineSegments, FeetAreNearestAndTrimmingEndsThere) {
         EXPECT_TRUE(straight || (parm >= low - tols[1] && parm < low - tols[1] + 360)) << parm;
         const Foot near = nearest_on(s, point, 1);
         expect_near(evaluated(s, near.parm).point, near.at, 1e-11);
-        EXPECT_NEAR(near.distance, distance(near.at, point), 1e-12);
         for (double part = 0; part <= 1; part += 1.0 / 64)
             EXPECT_LE(near.distance,
                       distance(evaluated(s, low + part * span, 1).point, point) + 1e-12);

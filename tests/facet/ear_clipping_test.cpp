@@ -66,11 +66,11 @@ std::vector<int> clipping(const Vectors& p, const Vector& normal) {
     return triangles;
 }
 
-/// The polygon along a plane of the frame, at heights that have no part in areas.
-Vectors lifted(const Polygon& p, const Frame& frame) {
+/// The polygon in a plane of the frame, or along it at heights that have no part in areas.
+Vectors lifted(const Polygon& p, const Frame& frame, int height = 0) {
     Vectors points;
     for (std::size_t i = 0; i < p.size(); i += 2)
-        points.push_back(frame.at({p[i], p[i + 1], 1.0 * (i % 5)}));
+        points.push_back(frame.at({p[i], p[i + 1], 1.0 * height * (i % 5)}));
     return points;
 }
 
@@ -94,7 +94,7 @@ TEST(EarClipping, IsThePlainRuleTriangleForTriangle) {
               spiral_polygon(n), convex_polygon(n), crossing})
             for (const Polygon& q : {p, snapped(p, step), densified(p, 4 * n / 3), reversed(p)})
                 for (const Frame& frame : {along_axes[round % 3], Frame(random)}) {
-                    Vectors points = lifted(q, frame);
+                    Vectors points = lifted(q, frame, round % 2);
                     const int first = random.integer(1, static_cast<int>(points.size()));
                     std::rotate(points.begin(), points.end() - first, points.end());
                     const double size = random.integer(0, 1) == 0 ? 1 : random.uniform(0.1, 5);

@@ -220,6 +220,7 @@ TEST(CurveEditing, ReportsAndGoesOn) {
     PNTLST* parameters = std::exchange(record->parameters, nullptr);
     EXPECT_EQ(BCDF_parameter_in_list(record.get(), 0.0, &at), 0);
     record->parameters = parameters;
+    EXPECT_EQ(BCDF_parameter_in_list(record.get(), 0.0, &at), 1);
     const Reports expected = {
         internal("bcdf_gen", "Maximum Order For Spline Exceeded"),
         internal("bcdf_gen", "Order Must Be Greater Than 1"),

@@ -65,8 +65,8 @@ TEST(Poles, AreComparedWithTheirOwnTolerances) {
     EXPECT_EQ(bc_POLE_identical_poles_in_3d(apart, 3), 0);
     // With two poles the bound is half as wide as a pair's distance from its mean may be.
     for (const double x : {1.2e-10, 1e-10}) {
-        const double pair[] = {0, 0, 0, 1, x, 0, 0, 1};
-        EXPECT_EQ(bc_POLE_identical_poles_in_3d(pair, 2), x == 1e-10);
+        const double poles[] = {0, 0, 0, 1, x, 0, 0, 1, 9, 9, 9, 1};
+        EXPECT_EQ(bc_POLE_identical_poles_in_3d(poles, 2), x == 1e-10);
     }
 }
 

@@ -55,6 +55,7 @@ void reset_session_words() {
     set_all<double>(acom_.words_632, unset);
     clear_gca(2, 8);
     clear_gca(10, 22);
+    clear_gca(24, 24);
     clear_gca(26, 26);
     clear_gca(28, 28);
     clear_gca(30, 50);

@@ -17,8 +17,9 @@ bool has_direction(Vec3 v) {
     return length(v) >= no_direction;
 }
 
-/// Of vectors that have a direction.
+/// 1 when either vector has no direction.
 double cosine_between(Vec3 u, Vec3 v) {
+    if (!has_direction(u) || !has_direction(v)) return 1.0;
     return dot(u * (1.0 / length(u)), v * (1.0 / length(v)));
 }
 

@@ -151,17 +151,10 @@ TEST(ArcSplineConstructions, AlongATangent) {
         const Segment s = touching_at(pt, p, d).s[0];
         const int side = static_cast<int>(sign(dot(left_of(d), way)));
         const Pair c = moved(p, side * s.radius / 3, left_of(d));
-        expect_equal(s,
-                     {1,
-                      side,
-                      {p[0], p[1]},
-                      angle,
-                      angle + side * 360,
-                      {c[0], c[1]},
-                      {},
-                      s.radius,
-                      s.radius},
-                     1e-9);
+        const double turn = side * 360;
+        const Segment full{1,  side,     {p[0], p[1]}, angle, angle + turn, {c[0], c[1]},
+                           {}, s.radius, s.radius};
+        expect_equal(s, full, 1e-9);
         const Segment arc = chord(p, d, pt).s[0];
         EXPECT_TRUE(arc.start_angle == s.start_angle && arc.orientation == side);
         expect_near(evaluated(arc, arc.end_angle).point, pt, 1e-9 * s.radius);

@@ -180,6 +180,7 @@ TEST(ArcSplineConstructions, TakeTheToleranceItselfForNothing) {
     EXPECT_EQ(touching({0, 1}, {0, 1.25}, {0, 0}, {1, 0}).status, 1);
     EXPECT_EQ(touching({0, 0.25}, {1, 2}, {0, 0}, {1, 0}).count, 1);
     EXPECT_EQ(touching({1, 2}, {0, 0.25}, {0, 0}, {1, 0}).count, 1);
+    EXPECT_EQ(touching({-0.17, 0.3}, {0.17, 0.3}, {0, 0}, {1, 0}).count, 0) << "a radius of 0.2";
     EXPECT_EQ(touching_at({0.25, 0}, {0, 0}, {0, 1}).status, 1);
     const Segment back = made_straight({0, 0}, {-2, 0.25}),
                   ahead = made_straight({0, 0}, {2, 0.25});

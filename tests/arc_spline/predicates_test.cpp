@@ -287,13 +287,13 @@ TEST(ArcSplinePredicates, InscribedAngles) {
         EXPECT_NEAR(angle, turn < 0 ? turn + 360 : turn, 1e-9);
         EXPECT_NEAR(inscribed, 180 - turn, 1e-9);
         EXPECT_EQ(type, turn > 0 ? 1 : 0);
-        const Vector p2 = moved(normal, 1, v1), p3 = moved(p2, 1, v2);
-        const Vector bisector = bisector_by(of_polygon, normal, p2, p3, scaled(normal, 4), 1.0);
+        const Vector p1 = random.vector(), p2 = moved(p1, 1, v1), p3 = moved(p2, 1, v2);
+        const Vector bisector = bisector_by(of_polygon, p1, p2, p3, scaled(normal, 4), 1.0);
         EXPECT_EQ(status, 0);
         EXPECT_NEAR(dot(bisector, b), -dot(bisector, a), 1e-11);  // as far from either edge
         EXPECT_GE(dot(bisector, cross(normal, b)), 0);            // to the left
-        EXPECT_EQ(bisector_by(of_polygon, normal, p2, p3, nullptr, 1.0),
-                  bisector_by(of_polygon, normal, p2, p3, up, 1.0));
+        EXPECT_EQ(bisector_by(of_polygon, p1, p2, p3, nullptr, 1.0),
+                  bisector_by(of_polygon, p1, p2, p3, up, 1.0));
         const Vector projected = bisector_by(of_vectors, v1, v2, normal, 1 + i % 2, 1.0);
         EXPECT_LT(distance(projected, bisector), 1e-12);
         const Vector turned = bisector_by(of_vectors, v1, v2, normal, 0, 1.0);

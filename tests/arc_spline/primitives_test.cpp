@@ -83,7 +83,7 @@ TEST(ArcSplinePrimitives, Angles) {
         EXPECT_NEAR(called(ARC_SPLINE_ask_angle_between_vectors_2d, hardly, up, unit), 90 * unit,
                     1e-11);
     ReportRecorder recorder;
-    interior({-1, 0}, {0, 0}, {1, 1}, 1e-9, 4);
+    EXPECT_EQ(interior({-1, 0}, {0, 0}, {1, 1}, 1e-9, 4), 0);
     for (const double radius : {0.9e-10, 1e-10})
         EXPECT_EQ(ARC_SPLINE_ask_min_central_angle(radius, 0), 0);
     const Reports expected{internal(arc_module, "Unrecognizable input value for which_angle."),

@@ -211,7 +211,7 @@ TEST(ArcSplineSegments, CentralAngles) {
         const double central =
             ARC_SPLINE_ask_central_angle_from_inclination_angles(start, &moved_on, arc.orientation);
         EXPECT_TRUE(central == angle && moved_on == end_after) << central;
-        EXPECT_EQ(Data(&arc).angles[1], end_after);
+        EXPECT_EQ(Data(&arc).angles, (Pair{start, end_after}));
         EXPECT_EQ(arc.end_angle, end);  // only the next call writes it
         EXPECT_EQ(ARC_SPLINE_ask_central_angle_of_1_seg_2d(&arc), angle);
         EXPECT_EQ(arc.end_angle, end_after);
@@ -283,6 +283,9 @@ TEST(ArcSplineSegments, Reversal) {
     Segment straight = made_straight({1, 2}, {4, 6});
     ARC_SPLINE_reverse_parm_of_1_seg_2d(&straight);
     expect_equal(straight, made_straight({4, 6}, {1, 2}));
+    Segment null{0, 0, {1, 0}, 270, 270, {1, 0}, {0, -3}, 0, 0};  // its tangent as it was given
+    ARC_SPLINE_reverse_parm_of_1_seg_2d(&null);
+    expect_equal(null, {0, 0, {1, 0}, 90, 90, {1, 0}, {0, 3}, 0, 0});
     for (const int o : {1, -1})
         for (const double central : {60.0, 180.0}) {
             const Segment arc = made_arc({1, 2}, 30, central, 2, o).arc;

@@ -262,10 +262,13 @@ TEST(ArcSplineSegments, Statuses) {
     }
     const Segment nearly = made_arc({0, 0}, 20, 179.994, 1, 1).arc;
     EXPECT_EQ(Data(&nearly).status, 0) << "more than 0.005 degrees from parallel";
-    int statuses[] = {9, 9};
+    int statuses[] = {9, 9, 9};
     ARC_SPLINE_evaluate_arc_seg_2d(&straight, 1, 0, nullptr, nullptr, &statuses[0]);
     ARC_SPLINE_evaluate_strt_seg_2d(&half, 0, nullptr, nullptr, &statuses[1]);
     EXPECT_EQ(statuses[0] * statuses[1], 1);
+    Pair tangent{};
+    ARC_SPLINE_evaluate_arc_seg_2d(&half, 0, 10, nullptr, tangent.data(), &statuses[2]);
+    EXPECT_EQ(statuses[2], 2) << "before the start";
 }
 
 TEST(ArcSplineSegments, NearlyStraightArcs) {

@@ -237,6 +237,12 @@ TEST(CircleFit, InSpaceEndsWhereThePlaneFitFindsALine) {
 
 TEST(SphereFit, FallsBackOnFourPointsThatAreSpread) {
     const double r = 1e9;  // too large for an eigenvalue
+    // Anywhere: of four points the third is not to be one of the first two.
+    for (const double x : {-2 * r, 2 * r})
+        EXPECT_NEAR(fit<3>({x, r, 0, x, 3 * r, 0, x + r, 2 * r, r, x, 0, r, x + r / 4, 1.5 * r,
+                            r / 2})  // the mean of the four beside them
+                        .radius,
+                    r * std::sqrt(7.25), 1e-3);
     // The first of points as far as others, and what lies ahead of the middle itself.
     const std::vector<Vector> equals = {{0, 0, r / 4}, {2 * r, 0, 0},     {-2 * r, 0, 0},
                                         {0, -r, 0},    {r / 2, r / 2, 0}, {-r / 2, r / 2, 0},

@@ -63,6 +63,7 @@ TEST(Pnt3AskClosestPoint, DecidesTiesByTheAngleOffTheAxis) {
     const Vector ahead = {-3, 0, 0};  // from here the way to p runs along the axis
     const Vector beside = {0, 3, 0}, behind = {3, 0, 0};
     EXPECT_EQ(closest({}), (Vector{7, 7, 7})) << "untouched";
+    EXPECT_EQ(closest({behind}), behind);
     EXPECT_EQ(closest({behind, ahead, beside}), ahead);
     EXPECT_EQ(closest({beside, {0, -3, 0}, {0, 0, 3}}), beside) << "equal angles: the first";
     EXPECT_EQ(closest({behind, {-3.125, 0, 0}}), (Vector{-3.125, 0, 0})) << "a tie may be farther";

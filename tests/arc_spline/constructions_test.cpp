@@ -171,6 +171,7 @@ TEST(ArcSplineConstructions, TakeTheToleranceItselfForNothing) {
     EXPECT_EQ(touching({-1, 1}, {1, 1}, {0, 0}, {1, 0}).count, 1) << "but what is";
     tols = negative;  // no point is on a line, but some are on neither side
     EXPECT_EQ(touching({0, 1}, {1, 0}, {0, 0}, {1, 0}).count, 0);
+    EXPECT_EQ(touching({1, 0}, {0, 1}, {0, 0}, {1, 0}).count, 0);
     EXPECT_EQ(chord({0, 0}, {0, 1}, {0, 0}).s[0].orientation, -1);
     tols = quarter;
     const std::pair<double, int> radii[] = {{1.75, 1}, {2.25, 1}, {0.25, 2}, {0.1875, 0}};
@@ -215,6 +216,7 @@ TEST(ArcSplineConstructions, FromRayToRay) {
     expect_equal(ray_to_ray({0, 0}, {1, 0}, {3, 2}, {1, 0}).s[0],
                  {1, 1, {0, 0}, 0, 180, {0, 1}, {}, 1, 1});
     EXPECT_EQ(ray_to_ray({0, 0}, {1, 0}, {3, 2}, {0, 1e-8}).status, 1);
+    EXPECT_EQ(ray_to_ray({0, 0}, {1e-8, 0}, {3, 2}, {0, 1}).status, 1);
     EXPECT_EQ(ray_to_ray({0, 0}, {1.4e-8, 0}, {3, 2}, {0, 1}).status, 0);
     EXPECT_EQ(ray_to_ray({0, 0}, {1, 0}, {3, 0}, {-1, 0}).status, 2);
     EXPECT_EQ(ray_to_ray({0, 0}, {1, 0}, {1e-5, 1e-5}, {0, 1}).status, 0);

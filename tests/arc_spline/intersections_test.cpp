@@ -111,6 +111,7 @@ TEST(Intersections, CountWhatIsInsideBothDomains) {
         EXPECT_EQ((Pair{1.0 * found.flags[0][0], 1.0 * found.flags[0][1]}), flags);
     }
     // One bounded segment alone; what is outside stands second with its flag.
+    EXPECT_EQ(common(&half, &whole, 0, 1).count, 2);
     const Common one = common(&other, &lower, 0, 1);
     EXPECT_EQ(one.flags[1][1], 1);
     expect_near(one.points[1], {3, 4}, 1e-14);

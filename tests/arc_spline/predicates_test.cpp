@@ -255,6 +255,7 @@ TEST(ArcSplinePredicates, Rays) {
     }
     expect_near(Rays(o, right, {1.2e-10, -2}, up).iso_1, {-2, 0}, 1e-9);
     EXPECT_EQ(Rays({-0.5, 0}, right, {0, -0.125}, up, 0.125).sides[1], 0);
+    EXPECT_EQ(Rays({-0.125, 0}, right, {0, -0.5}, up, 0.125).sides[0], 0);
     EXPECT_EQ(Rays(o, right, {2, -2}, up, -1).longer, 'r') << "equal, without a tolerance";
     // They meet 0.375 and 0.5 on; the middle of the base is 0.3125 from there.
     for (const double tol : {0.125, 0.3125}) {

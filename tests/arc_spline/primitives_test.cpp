@@ -193,6 +193,7 @@ TEST(ArcSplinePrimitives, FeetAndMirrorImages) {
         EXPECT_EQ(f.side, side);
     }
     ReportRecorder recorder;
+    EXPECT_EQ(foot_between({0.5, 2}, {0, 0}, {1, 0}, 1).distance, 2);
     const Foot null = foot_between({4, 4}, {1, 0}, {1, 1e-9}, 1);
     EXPECT_TRUE(null.distance == 5 && null.parm == 0 && null.side == -1);
     const Report report =

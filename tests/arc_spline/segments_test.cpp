@@ -135,6 +135,7 @@ TEST(ArcSplineSegments, StraightsAreMeasuredFromTheirStart) {
     ARC_SPLINE_cre_strt_seg_2d(Pair{1, 0}.data(), end.data(), Pair{0, -3}.data(), &null);
     EXPECT_EQ(end, (Pair{1, 0}));
     expect_equal(null, {0, 0, {1, 0}, 270, 270, {1, 0}, {0, -3}, 0, 0});
+    EXPECT_EQ(made_straight({0, 0}, {1e-10, 0}).radius, 1e-10);
 }
 
 TEST(ArcSplineSegments, FullCircles) {

@@ -237,7 +237,7 @@ TEST(TangentCircles, TakeTheToleranceItselfForNothing) {
     const Circle a{{0, 0}, 1}, b{{4, 0}, 1}, c{{0.25, 0}, 1.25};
     EXPECT_EQ(of_radius({{0, 0}, 0.25}, b, 3).status, 0);
     EXPECT_EQ(touching_three({{0, -5}, 4}, {{0, 5}, 5}, {{0, 4}, 4}).count, 2) << "found once each";
-    for (const double apart : {2.5, 2.625})
+    for (const double apart : {2.5, 2.75})
         EXPECT_EQ(of_radius(a, {{apart, 0}, 1}, 0.25).count, 1);
     EXPECT_EQ(of_radius(a, {{2.25, 0}, 1}, 3).count, 6) << "two of them at the sides";
     EXPECT_EQ(of_radius(a, {{0.25, 0}, 2}, 0.5).count, 0);

@@ -90,7 +90,7 @@ TEST(FillShadow, IsNoneWhereADiagonalMayBeSquareToTheEdge) {
 
 TEST(FillShadow, HidesWhatItSaysFromTheEndOfTheBaseEdge) {
     Random random;
-    const int tries = rounds(20000);
+    const int tries = rounds(60000);
     int hidden = 0;
     for (int round = 0; round < tries; ++round) {
         const double offset = random.uniform(-1.0, 1.0) * (round % 2 == 0 ? 1.0 : 1e5);

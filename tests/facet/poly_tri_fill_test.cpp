@@ -190,6 +190,11 @@ TEST(PolyTriFill, IsThePlainRuleOnOutlinesOfThousands) {
     EXPECT_GT(filled, 7);
 }
 
+TEST(PolyTriFill, NumbersTheTrianglesOfASquare) {
+    const Fill fill({0, 0, 1, 0, 1, 1, 0, 1});
+    EXPECT_EQ(fill.list(), (Triangles{{3, 0, 1, -1, 1, -1}, {3, 1, 2, -1, -1, 0}}));
+}
+
 TEST(PolyTriFill, ListsTheEndsOfDiagonalsInTheOrderFound) {
     const int n = 40;
     for (const Polygon& p : {star_polygon(n, 3), convex_polygon(n)}) {

@@ -154,6 +154,7 @@ TEST(Mtx4IsEqual, ComparesElementsAndOrthonormality) {
     Transform m = still;
     m[0] = 1 + 1.0e-13;
     EXPECT_EQ(MTX4_is_identity(m.data(), 1), 0);
+    EXPECT_EQ(MTX4_is_equal(m.data(), m.data(), 0), 1);
     EXPECT_EQ(MTX4_is_equal_transform(m.data(), still.data(), 1, 0, 0), 0);
     m = {1, 0, 0, 3, 0, 1, 0, 0, 0, 0, 1, 4, 2, 0, 0, 1.5};
     EXPECT_EQ(MTX4_is_ortho_normal(m.data()), 1);

@@ -6,7 +6,7 @@ shift
 status=0
 # shellcheck disable=SC2013 # names have no blanks
 for name in $(cat "$@"); do
-    grep -rqw --include='*.cpp' --include='*.c' -e "$name" "$tests" || {
+    grep -rqw --include='*.cpp' --include='*.[ch]' -e "$name" "$tests" || {
         echo "$name is in no test"
         status=1
     }

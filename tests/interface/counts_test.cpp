@@ -211,36 +211,14 @@ std::vector<Row> rows_to_sweep() {
 /// object: ACOM_set_application, DISPLAY_set_system_color, DISPLAY_set_view_of_last_cursor,
 /// PX_set_default_face_grid_counts, WCS__set_matrix_tag, WCS_set_linked_to_view, WCS_set_tag,
 /// WCS_set_wcs_display, a406_, cu0008_, d7391_, merrorpush, sys10_.
-const std::vector<Row> rows = rows_to_sweep<
-    lu_solved, vertex_normal, space_line, space_circle, banded_solved, banded_dumped, minimised,
-    equation_integrated, integrated, filled, list_from_function, record_over_block,
-    record_over_list, inserted, fitted, curved, BCDF_CALC_auto_curvature,
-    BCDF_CALC_auto_derivatives, BCDF_CALC_auto_slope, BCDF_CALC_normalized_slope,
-    BCDF_CALC_parameters, BCDF_CALC_quadratic_apprx, BCDF_CALC_single_weight, BCDF_CALC_weights,
-    BCDF_attach_knot_sequence, BCDF_change_curvature, BCDF_change_order, BCDF_change_slope,
-    BCDF_check_overlap_points, BCDF_copy_single_3d_crvatr, BCDF_copy_single_3d_point,
-    BCDF_copy_single_3d_slope, BCDF_curvature_at_point, BCDF_curvature_at_slope,
-    BCDF_num_of_knots_needed, BCDF_point_at_curvature, BCDF_point_at_slope, BCDF_remove_curvatures,
-    BCDF_remove_defining_points, BCDF_remove_slopes, BCDF_replace_curvature,
-    BCDF_replace_defining_point, BCDF_replace_slope, BCDF_slope_at_curvature, BCDF_slope_at_point,
-    FACET_ask_triangles_of_polygon, FACET_shepards_weights, LSFIT_circle_to_points_2d,
-    LSFIT_line_to_points_2d, LSFIT_plane_to_points, LSFIT_sphere_to_points_3d, NR_2d_matrix_allo,
-    NR_2d_matrix_identity, NR_2d_matrix_init_zero, NR_2d_matrix_nxn_transp,
-    NR_2d_matrix_product_of_2, NR_ask_eigenvalues_jacobi, NR_ask_max_eigen_val_vec,
-    NR_cholesky_decomp, NR_cholesky_inverse, NR_cholesky_solver, NR_generalized_eigenvalues_symm,
-    NR_matrix_2d_as_1d_identity, NR_matrix_2d_as_1d_init_zero, NR_matrix_2d_as_1d_init_zero_lt,
-    NR_matrix_2d_as_1d_init_zero_ut, NR_matrix_2d_as_1d_nxn_transp, NR_matrix_2d_as_1d_product_of_2,
-    NR_matrix_copy_1d_to_2d, NR_matrix_copy_2d_to_1d, PNT3_ask_closest_point,
-    PNTLST_allocate_points, PNTLST_allocate_struct, PNTLST_calc_point_distance,
-    PNTLST_copy_single_point, PNTLST_remove_points, PNTLST_replace_points, PTF_validate_boundary,
-    SOLVE_lu_solver, SOLVE_polynomial, SOLVE_svd_decompose, SOLVE_svd_solver, SOLVE_svd_solver_r,
-    VEC2_ask_shortest_vector, bc_POLE_average_in_3d, bc_POLE_identical_poles_in_3d, bc_xyz_box,
-    get_unique_reals, knot_seq_order_4, sys22_, ARC_SPLINE_ask_3pts_collinearity_2d,
-    ARC_SPLINE_ask_3pts_collinearity_3d, ARC_SPLINE_ask_angle_from_tan,
-    ARC_SPLINE_ask_central_angle_from_inclination_angles,
-    ARC_SPLINE_ask_interior_angle_of_triangle_2d, ARC_SPLINE_ask_perp_vec,
-    ARC_SPLINE_trig_eqt_linear_sin_cos, DGEOM_crv_diff_property, DGEOM_srf_curvatures,
-    FACET_point_line_proj, FACET_points_to_param_line, h813_>();
+const std::vector<Row> rows =
+    rows_to_sweep<lu_solved, vertex_normal, space_line, space_circle, banded_solved, banded_dumped,
+                  minimised, equation_integrated, integrated, filled, list_from_function,
+                  record_over_block, record_over_list, inserted, fitted, curved,
+                  BCDF_change_curvature, BCDF_check_overlap_points, BCDF_replace_curvature,
+                  BCDF_replace_slope, PNTLST_remove_points,
+#include "counted.inc"
+                  >();
 
 Bench called(const Row& row, Bench bench) {
     row.run(bench);

@@ -157,13 +157,9 @@ void release_held() {
 
 std::vector<Call> curve_calls() {
     return joined({
-        rows_of<3, h430_, BCDF_CALC_mirror_slope, BCDF_CALC_unitize_slope>(),
-        rows_of<4, bc_POLE_equal_in_4d, bc_POLE_project_to_line>(),
         {
             {"PNTLST_insert_points", {12}, {3, 6}, list_edits},
             {"BCDF_copy_structure", {24, 6}, {3, 6}, whole_records},
-            row<bc_POLE_3d_distance>({4, 4}, {3}),
-            row<bc_POLE_translate_pole>({4, 3}, {4}),
             row<bc_POLE_average_in_3d, 3>({12}, {3}),
             row<bc_POLE_identical_poles_in_3d, 3>({12}),
             row<bc_xyz_box, 3>({12}, {6}),

@@ -39,27 +39,14 @@ double clipped(In in, Out out) {
 
 std::vector<Call> facet_calls() {
     constexpr int facets = 40;  // more than work memory holds in place
-    return joined({
-        rows_of<3, FACET_point_on_param_line, FACET_point_plane_dist, FACET_point_plane_proj,
-                FACET_line_point_dist, FACET_line_line_dist, FACET_compute_undirected_angle,
-                FACET_plane_plane_int, FACET_ask_point_on_plane, FACET_ask_triangle_area>(),
-        {
-            row<FACET_points_to_param_line, 1>({3, 3}, {6}),
-            row<FACET_line_int_plane>({3, 3, 3, 1}, {3, 1}),
-            row<FACET_line_line_closest_point>({3, 3, 3, 3}, {1, 1}),
-            row<FACET_point_line_proj, 0>({3, 3, 3}, {3, 1}),
-            row<FACET_shepards_weights, 12>({12, 1, 1}, {12}, prepare_distances),
-            row<vertex_normal, 1, 0, facets, 0>({12 * facets, 2}, {3}, prepare_weights),
-            row<vertex_normal, 1, 0, facets, 1>({12 * facets, 2}, {3}, prepare_weights),
-            row<filled, size>({2 * size}, {2, 7 * size}, make_star<2>),
-            row<PTF_validate_boundary, size>({2 * size}, {}, make_star<2>),
-            {"FACET_ask_triangles_of_polygon",
-             {3 * size, 3},
-             {3 * size - 6},
-             clipped,
-             make_star<3>},
-        },
-    });
+    return {
+        row<FACET_shepards_weights, 12>({12, 1, 1}, {12}, prepare_distances),
+        row<vertex_normal, 1, 0, facets, 0>({12 * facets, 2}, {3}, prepare_weights),
+        row<vertex_normal, 1, 0, facets, 1>({12 * facets, 2}, {3}, prepare_weights),
+        row<filled, size>({2 * size}, {2, 7 * size}, make_star<2>),
+        row<PTF_validate_boundary, size>({2 * size}, {}, make_star<2>),
+        {"FACET_ask_triangles_of_polygon", {3 * size, 3}, {3 * size - 6}, clipped, make_star<3>},
+    };
 }
 
 }  // namespace ztmath_test

@@ -8,6 +8,12 @@
 
 namespace ztmath_test {
 
+/// The numbers in the array that each parameter of a function is, where its header tells, and 0.
+using Extents = std::array<std::size_t, 24>;
+template <auto function>
+inline constexpr Extents extents{};
+#include "extents.inc"
+
 /// Parameters by their place, where a row tells which ones are read and written.
 inline constexpr unsigned first = 1, second = 2, third = 4, fourth = 8, fifth = 16, sixth = 32;
 
@@ -74,7 +80,7 @@ class Passed {
         }
     }
 
-    /// Adds the lengths of the arrays that this takes, all arrays having `size` numbers.
+    /// Adds the lengths of the arrays that this takes.
     static void add_lengths(Cursor& at, Call& call) {
         constexpr bool is_plain = is_array || is_matrix;
         if (is_in(at) && (at.integers == nullptr || !std::is_integral_v<Value>))
@@ -92,14 +98,30 @@ class Passed {
     Value values_[is_matrix ? size / columns : 8] = {};
 };
 
-template <std::size_t size, std::size_t columns, class Result, class... Parameters>
-double called(Result (*function)(Parameters...), Cursor at) {
-    std::tuple<Passed<Parameters, size, columns>...> passed{
-        Passed<Parameters, size, columns>(at)...};
+/// What is passed for each parameter of a function; arrays have `size` numbers where the header
+/// does not tell.
+template <auto function, std::size_t size, std::size_t columns>
+struct Arguments {
+    template <class Result, class... Parameters, std::size_t... i>
+    static auto of(Result (*)(Parameters...), std::index_sequence<i...>) {
+        constexpr Extents told = extents<function>;
+        return std::type_identity<
+            std::tuple<Passed<Parameters, told[i] != 0 ? told[i] : size, columns>...>>{};
+    }
+    template <class Result, class... Parameters>
+    static auto of(Result (*f)(Parameters...)) {
+        return of(f, std::index_sequence_for<Parameters...>{});
+    }
+    using Type = decltype(of(function));
+};
+
+template <class... Each>
+double called(auto function, Cursor at, std::type_identity<std::tuple<Each...>>) {
+    std::tuple<Each...> passed{Each(at)...};
     return std::apply(
         [&](auto&... each) {
             double result = 0.0;
-            if constexpr (std::is_arithmetic_v<Result>)
+            if constexpr (std::is_arithmetic_v<decltype(function(each.get()...))>)
                 result = function(each.get()...);
             else
                 function(each.get()...);
@@ -109,9 +131,9 @@ double called(Result (*function)(Parameters...), Cursor at) {
         passed);
 }
 
-template <std::size_t size, std::size_t columns, class Result, class... Parameters>
-void add_lengths(Result (* /*function*/)(Parameters...), Cursor at, Call& call) {
-    (Passed<Parameters, size, columns>::add_lengths(at, call), ...);
+template <class... Each>
+void add_lengths(Cursor at, Call& call, std::type_identity<std::tuple<Each...>>) {
+    (Each::add_lengths(at, call), ...);
 }
 
 /// The name of a function, as the compiler spells it.
@@ -124,16 +146,17 @@ std::string name_of() {
 
 /// The row of a function that reads and writes some parameters, matrices with so many `columns`
 /// among them. Integers are those given here, in their order; without any, they are flags. Without
-/// lengths, all arrays have `size` numbers.
+/// lengths, arrays have as many numbers as the header tells, and `size` where it does not.
 template <auto function, unsigned in_out, std::size_t size, std::size_t columns, int... integers>
 Call general_row(const Lengths& inputs, const Lengths& outputs, Prepare prepare) {
     static constexpr int values[] = {integers..., 0};
     static constexpr const int* given = sizeof...(integers) > 0 ? values : nullptr;
+    static constexpr typename Arguments<function, size, columns>::Type arguments;
     const auto run = [](In in, Out out) {
-        return called<size, columns>(function, {in, out, given, in_out});
+        return called(function, {in, out, given, in_out}, arguments);
     };
     Call call{name_of<function>(), {}, {}, run, prepare, in_out == 0 && columns == 1};
-    add_lengths<size, columns>(function, {{}, {}, given, in_out}, call);
+    add_lengths({{}, {}, given, in_out}, call, arguments);
     if (inputs.empty() && outputs.empty()) return call;
     if (inputs.size() != call.inputs.size() || outputs.size() != call.outputs.size())
         throw std::logic_error(call.name + " takes other arrays");
@@ -143,11 +166,11 @@ Call general_row(const Lengths& inputs, const Lengths& outputs, Prepare prepare)
 }
 
 template <auto function, int... integers>
-Call row(const Lengths& inputs, const Lengths& outputs = {}, Prepare prepare = nullptr) {
+Call row(const Lengths& inputs = {}, const Lengths& outputs = {}, Prepare prepare = nullptr) {
     return general_row<function, 0, 2, 1, integers...>(inputs, outputs, prepare);
 }
 
-template <auto function, unsigned in_out, std::size_t size = 2, int... integers>
+template <auto function, unsigned in_out, std::size_t size, int... integers>
 Call changing(const Lengths& inputs = {}, const Lengths& outputs = {}, Prepare prepare = nullptr) {
     return general_row<function, in_out, size, 1, integers...>(inputs, outputs, prepare);
 }
@@ -158,10 +181,10 @@ Call on_matrices(const Lengths& inputs = {}, const Lengths& outputs = {},
     return general_row<function, in_out, size, columns, integers...>(inputs, outputs, prepare);
 }
 
-/// Rows of functions whose arrays all have `size` numbers.
-template <std::size_t size, auto... functions>
+/// Rows of functions that read and write the same parameters and are prepared for in the same way.
+template <unsigned in_out, Prepare prepare, auto... functions>
 std::vector<Call> rows_of() {
-    return {changing<functions, 0, size>()...};
+    return {changing<functions, in_out, 3>({}, {}, prepare)...};
 }
 
 /// Puts rotations in the place of arrays of nine, of the axes of frames and the blocks of

@@ -115,10 +115,6 @@ std::vector<Call> solve_calls() {
                    NR_matrix_2d_as_1d_init_zero_lt, NR_matrix_2d_as_1d_nxn_transp>(),
         on_squares<first | second, NR_2d_matrix_product_of_2, NR_matrix_2d_as_1d_product_of_2>(),
         {
-            row<SOLVE_solve_3equations>({9, 3}, {3}),
-            row<SOLVE_quadratic>({3}, {2}),
-            row<SOLVE_cubic>({4}, {3}),
-            row<SOLVE_quartic>({5}, {4}),
             row<SOLVE_polynomial, 4>({5}, {4}),
             {"SOLVE_function_root", {4, 2}, {1}, function_root_found},
             on_matrices<minimised, first, 2, 6, 2, 3>({6, 3, 2}, {6, 3, 2}),

@@ -1,5 +1,7 @@
 #include "interface/table.h"
 
+#include "interface/row.h"
+
 namespace ztmath_test {
 
 namespace {
@@ -16,7 +18,10 @@ constexpr int guards = 4;
 const std::vector<Call>& interface_table() {
     static const std::vector<Call> table =
         joined({arc_spline_calls(), curve_calls(), facet_calls(), fit_calls(), frame_calls(),
-                kit_calls(), solve_calls()});
+                kit_calls(), solve_calls(),
+                rows_of<0, nullptr,
+#include "plain.inc"
+                        >()});
     return table;
 }
 

@@ -120,8 +120,8 @@ ZTMATH_API void ARC_SPLINE_cre_offset_straight_2d(const ARC_SPLINE_1_seg_2d_t *s
  * extrapolate  0 keeps to the domain of an arc; else an arc goes on round its circle. A straight has
  *              no bounds
  * parm         within 1e-10 of an end of an arc it counts as that end
- * status       out: 0; 1 not of the type evaluated; 2, 3 outside the domain of a counter-clockwise or
- *              a clockwise arc, and only the tangent is written
+ * status       out: 0; 1 not of the type evaluated, or no record (null); 2, 3 outside the domain of a
+ *              counter-clockwise or a clockwise arc, and only the tangent is written
  *
  * An arc without orientation is its start point everywhere.
  */
@@ -149,7 +149,7 @@ ZTMATH_API double ARC_SPLINE_ask_arcl_to_parm_of_1_seg_2d(const ARC_SPLINE_1_seg
 ZTMATH_API double ARC_SPLINE_ask_arcl_of_trimmed_1_seg_2d(const ARC_SPLINE_1_seg_2d_t *s,
                                                           double parms[2], int *status);
 
-/* The radius; of a straight 1e19. */
+/* The radius; of a straight 1e19, of no record (null) 0. */
 ZTMATH_API double ARC_SPLINE_ask_radius_of_1_seg_2d(const ARC_SPLINE_1_seg_2d_t *s);
 
 /*
@@ -196,7 +196,7 @@ ZTMATH_API void ARC_SPLINE_ask_1_seg_2d_data(const ARC_SPLINE_1_seg_2d_t *s, int
                                              int *status);
 
 /* Makes an arc whose radius is above 1 / tols[2] a straight. status: 0; 2 the arc has no ends, and
- * stays. */
+ * stays, or there is no record (null). */
 ZTMATH_API void ARC_SPLINE_ask_is_arc_rather_strt_2d(ARC_SPLINE_1_seg_2d_t *s, const double *tols,
                                                      int *status);
 
@@ -208,7 +208,7 @@ ZTMATH_API void ARC_SPLINE_ask_is_arc_rather_strt_2d(ARC_SPLINE_1_seg_2d_t *s, c
  * The end angle of a reversed arc is one turn from the old end angle, so that only half circles keep
  * their central angle: that of others becomes 180 or 540 degrees, or -180 before it is normalized.
  *
- * Reports "This segment type is not currently handled." of other types, and "The function
+ * Reports "This segment type is not currently handled." of other types and null, and "The function
  * ARC_SPLINE_evaluate_1_seg_2d failed." of an arc whose end lies before its start; these stay.
  */
 ZTMATH_API void ARC_SPLINE_reverse_parm_of_1_seg_2d(ARC_SPLINE_1_seg_2d_t *s);

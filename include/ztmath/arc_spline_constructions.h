@@ -41,7 +41,7 @@ ZTMATH_API void ARC_SPLINE_cre_circle_thru_3_points_2d(const double p1[2], const
  *
  * radius    within tols[0] of half the chord: one circle, with the chord as diameter. Smaller: two,
  *           whose centres lie the radius away from the middle of the chord, the left one first,
- *           and which therefore miss the points. Larger: none
+ *           and which therefore miss the points; none below tols[0]. Larger: none
  * selector  1 makes the first of two clockwise, 0 the second
  * status    out: 0; 1 half the chord is within tols[0]
  */

@@ -199,7 +199,8 @@ ZTMATH_API int ARC_SPLINE_ask_sign_of_var(double x, double tol);
  * normalise  1 divides the coefficients by their root of squares first
  * roots      out: the roots; equal ones when there is one. Of a complex pair the real part and the
  *            imaginary part. Untouched when there is none
- * status     out: 0, 1 or 2 roots; -2 a complex pair; -3 the coefficients are all below 1e-12
+ * status     out: 0, 1 or 2 roots, 0 also of coefficients that are no numbers; -2 a complex pair; -3
+ *            the coefficients are all below 1e-12
  */
 ZTMATH_API void ARC_SPLINE_solve_quadratic_eqt(double k2, double k1, double k0, int normalise,
                                                double roots[2], int *status);

@@ -25,9 +25,9 @@
  *
  * Where the eigenvalue is used, radii are up to 100 mm and deviations between 1e-6 and 1e-3 radii,
  * centre and radius are within 1e-11 radii of those of exact arithmetic for circles and 1e-10 for
- * spheres, from full circles down to arcs of one degree; less so where deviations are large (1e-5 at a radius of 1000 mm and deviations
- * of 10 mm), as the iteration for the eigenvalues stops at 1e-10. Points that are 1e6 radii from the
- * origin keep ten digits of the radius.
+ * spheres, from full circles down to arcs of one degree; less so where deviations are large (1e-5 at a
+ * radius of 1000 mm and deviations of 10 mm), as the iteration for the eigenvalues stops at 1e-10.
+ * Points that are 1e6 radii from the origin keep ten digits of the radius.
  *
  * Statistics are three doubles: the largest distance of a point from the fit; a second value; the mean
  * distance. The second value of lines and planes is the root-mean-square distance, from the
@@ -35,8 +35,9 @@
  * sqrt(n / eigenvalue), about n times the root-mean-square distance, which callers know.
  *
  * With n < 1, "There are no input points." is reported by module "lsfit" through ERROR_internal,
- * and the outputs are zero. Eigenvalues that do not converge in 60 sweeps are reported as of
- * NR_ask_eigenvalues_jacobi, and what NR_generalized_eigenvalues_symm reports is reported.
+ * and the outputs are zero, failed among them, but for radii, which are 1e19. Eigenvalues that do not
+ * converge in 60 sweeps are reported as of NR_ask_eigenvalues_jacobi, and what
+ * NR_generalized_eigenvalues_symm reports is reported.
  */
 #ifndef ZTMATH_LSFIT_H
 #define ZTMATH_LSFIT_H
@@ -108,9 +109,9 @@ ZTMATH_API void LSFIT_line_to_points_3d(const double *points, int n, double norm
  * points  x, y of each point (2 * n)
  * centre  out: zero when there is no circle
  * radius  out: 1e19 when there is no circle
- * failed  out: 0; 1 when the points lie on a line or coincide, there are none, or the circle through
- *         three points has no radius below 1e19; 2 when the first and the last point were to give
- *         that circle and coincide, as in a ring that ends where it began
+ * failed  out: 0; 1 when the points lie on a line or coincide, or the circle through three points has
+ *         no radius below 1e19; 2 when the first and the last point were to give that circle and
+ *         coincide, as in a ring that ends where it began
  * stats   out: statistics; zero for the circle through three points and when there is none
  *
  * When there is no usable eigenvalue the circle runs through three points, the first, the one with
@@ -146,7 +147,7 @@ ZTMATH_API void LSFIT_circle_to_points_3d(const double *points, int n, double pl
  * points  x, y, z of each point (3 * n)
  * centre  out: zero when there is no sphere
  * radius  out: 1e19 when there is no sphere
- * failed  out: 0; 1 when the points lie in a plane or closer together, or there are none
+ * failed  out: 0; 1 when the points lie in a plane or closer together
  * stats   out: statistics; zero for the sphere through four points and when there is none
  *
  * When there is no usable eigenvalue the sphere runs through four points: p1, the farthest from the

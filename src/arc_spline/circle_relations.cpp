@@ -39,7 +39,7 @@ int where_is_circle(const Circle& c1, const Circle& c2, double tol) {
 RadicalAxis radical_axis(const Circle& c1, const Circle& c2) {
     const double d = length(c2.center - c1.center);
     if (d < zero_length) return {3, {}};
-    const Vec2 forward = unitize(c2.center - c1.center).unit;
+    const Vec2 forward = unitize(c2.center - c1.center, 0.0).unit;
     const Vec2 u = c1.radius < c2.radius ? forward * -1.0 : forward;
     const Vec2 middle = (c1.center + c2.center) * 0.5;
     const double sum = c1.radius + c2.radius;

@@ -85,12 +85,15 @@ QuadraticRoots quadratic_roots(double k2, double k1, double k0, bool normalise) 
         k0 /= size;
     }
     if (std::fabs(k2) < null_coefficient) {
+        const bool is_constant = std::fabs(k1) < null_coefficient;
+        if (is_constant && std::fabs(k0) < null_coefficient) return {-3, {}};
         if (std::fabs(k1) >= null_coefficient) return {1, {-k0 / k1, -k0 / k1}};
-        return {std::fabs(k0) < null_coefficient ? -3 : 0, {}};
+        return {0, {}};
     }
     double discriminant = k1 * k1 - 4.0 * k2 * k0;
     if (std::fabs(discriminant) < null_discriminant) discriminant = 0.0;
     if (discriminant < 0.0) return {-2, {-k1 / (2.0 * k2), std::sqrt(-discriminant) / (2.0 * k2)}};
+    if (std::isnan(discriminant)) return {0, {}};
     const double root = std::sqrt(discriminant);
     const double x1 = (k1 >= 0.0 ? -k1 - root : -k1 + root) / (2.0 * k2);
     if (std::fabs(x1) < null_coefficient) return {2, {0.0, -k1 / k2}};

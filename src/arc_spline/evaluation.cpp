@@ -59,6 +59,14 @@ EndPoints end_points(const Segment& segment) {
 
 namespace {
 
+/// No record (null) is of no type that is evaluated.
+Segment read(const Segment* s) {
+    if (s != nullptr) return *s;
+    Segment none = blank_segment();
+    none.type = single_point;
+    return none;
+}
+
 void store_evaluated(const Evaluated& at, double pt[2], double tangent[2], int* status) {
     if (at.status == 0) store(at.point, pt);
     if (at.has_tangent()) store(at.tangent, tangent);
@@ -73,17 +81,17 @@ using namespace ztmath;
 
 void ARC_SPLINE_evaluate_1_seg_2d(const ARC_SPLINE_1_seg_2d_t* s, int extrapolate, double parm,
                                   double pt[2], double tangent[2], int* status) {
-    store_evaluated(evaluate(*s, extrapolate != 0, parm), pt, tangent, status);
+    store_evaluated(evaluate(read(s), extrapolate != 0, parm), pt, tangent, status);
 }
 
 void ARC_SPLINE_evaluate_arc_seg_2d(const ARC_SPLINE_1_seg_2d_t* s, int extrapolate, double parm,
                                     double pt[2], double tangent[2], int* status) {
-    store_evaluated(evaluate_arc(*s, extrapolate != 0, parm), pt, tangent, status);
+    store_evaluated(evaluate_arc(read(s), extrapolate != 0, parm), pt, tangent, status);
 }
 
 void ARC_SPLINE_evaluate_strt_seg_2d(const ARC_SPLINE_1_seg_2d_t* s, double parm, double pt[2],
                                      double tangent[2], int* status) {
-    store_evaluated(evaluate_straight(*s, parm), pt, tangent, status);
+    store_evaluated(evaluate_straight(read(s), parm), pt, tangent, status);
 }
 
 void ARC_SPLINE_ask_end_pts_of_1_seg_2d(const ARC_SPLINE_1_seg_2d_t* s, double start[2],

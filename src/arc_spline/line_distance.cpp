@@ -10,12 +10,14 @@ namespace {
 
 constexpr Module report = arc_spline_module.part(11);
 
-LineFoot foot_on_line_segment(Vec2 point, Vec2 end_1, Vec2 end_2, double tol, bool bounded) {
+struct LineSegmentFoot {
+    bool is_defined;  // the ends do not coincide
+    LineFoot foot;
+};
+
+LineSegmentFoot foot_on_line_segment(Vec2 point, Vec2 end_1, Vec2 end_2, double tol, bool bounded) {
     const double span = length(end_2 - end_1);
-    if (span <= tol || span == 0.0) {
-        report.internal("The line segment is not defined; we have coincident points.");
-        return {end_1, 0.0, -1, length(point - end_1)};
-    }
+    if (span <= tol || span == 0.0) return {false, {end_1, 0.0, -1, length(point - end_1)}};
     const Vec2 along = (end_2 - end_1) * (1.0 / span);
     LineFoot found = foot_on_line(point, {end_1, along}, tol);
     if (bounded && (found.parm < 0.0 || found.parm > span)) {
@@ -23,7 +25,7 @@ LineFoot foot_on_line_segment(Vec2 point, Vec2 end_1, Vec2 end_2, double tol, bo
         found.parm = std::clamp(found.parm, 0.0, span);
         found.distance = length(point - found.foot);
     }
-    return found;
+    return {true, found};
 }
 
 void store(const LineFoot& found, double foot[2], double* parm, int* side) {
@@ -64,10 +66,12 @@ double ARC_SPLINE_ask_dist_pt_to_line_2d(const double pt[2], const double line_p
 double ARC_SPLINE_ask_dist_pt_to_line_seg_2d(const double pt[2], const double end_1[2],
                                              const double end_2[2], double tol, int bounded,
                                              double foot[2], double* parm, int* side) {
-    const LineFoot found =
+    const LineSegmentFoot found =
         foot_on_line_segment(load2(pt), load2(end_1), load2(end_2), tol, bounded == 1);
-    store(found, foot, parm, side);
-    return found.distance;
+    store(found.foot, foot, parm, side);
+    if (!found.is_defined)
+        report.internal("The line segment is not defined; we have coincident points.");
+    return found.foot.distance;
 }
 
 void ARC_SPLINE_mirror_point_wrt_line_2d(const double pt[2], const double line_pt[2],

@@ -102,7 +102,7 @@ double ARC_SPLINE_ask_arcl_of_trimmed_1_seg_2d(const ARC_SPLINE_1_seg_2d_t* s, d
 }
 
 double ARC_SPLINE_ask_radius_of_1_seg_2d(const ARC_SPLINE_1_seg_2d_t* s) {
-    return s->type == straight_type ? infinite_radius : s->radius;
+    return center_radius_of(s).radius;
 }
 
 void ARC_SPLINE_ask_center_radius_of_seg_2d(const ARC_SPLINE_1_seg_2d_t* s, int* type,
@@ -147,8 +147,8 @@ void ARC_SPLINE_ask_1_seg_2d_data(const ARC_SPLINE_1_seg_2d_t* s, int want_corne
 
 void ARC_SPLINE_ask_is_arc_rather_strt_2d(ARC_SPLINE_1_seg_2d_t* s, const double* tols,
                                           int* status) {
-    *status = 0;
-    if (s->type != arc_type || !(s->radius > 1.0 / tols[2])) return;
+    *status = s == nullptr ? 2 : 0;
+    if (s == nullptr || s->type != arc_type || !(s->radius > 1.0 / tols[2])) return;
     const EndPoints ends = end_points(*s);
     *status = ends.status == 0 ? 0 : 2;
     if (ends.status == 0) *s = straight_segment(ends.start, ends.end, ends.start_tangent);

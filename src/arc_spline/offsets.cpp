@@ -34,7 +34,10 @@ using namespace ztmath;
 ARC_SPLINE_1_seg_2d_t* ARC_SPLINE_cre_offset_circle_2d(const ARC_SPLINE_1_seg_2d_t* arc,
                                                        double offset, double dist_tol,
                                                        ARC_SPLINE_1_seg_2d_t* out) {
-    *out = offset_circle(arc, offset, dist_tol);
+    const bool is_there = arc != nullptr;
+    const Segment from = is_there ? *arc : blank_segment();
+    *out = blank_segment();  // what is there where a report leaves
+    *out = offset_circle(is_there ? &from : nullptr, offset, dist_tol);
     return out;
 }
 

@@ -11,8 +11,11 @@ namespace ztmath {
 namespace {
 
 InDomain in_interval(double low, double high, double tol, double parm) {
-    if (std::fabs(parm - low) <= tol) return {0, parm < low ? low : parm};
-    if (std::fabs(parm - high) <= tol) return {0, parm > high ? high : parm};
+    const bool at_low = std::fabs(parm - low) <= tol;
+    const bool at_high = std::fabs(parm - high) <= tol;
+    if (at_low && parm < low) return {0, low};
+    if (at_high && parm > high) return {0, high};
+    if (at_low || at_high) return {0, parm};
     return {low < parm && parm < high ? -1 : 1, parm};
 }
 

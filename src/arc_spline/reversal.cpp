@@ -40,9 +40,10 @@ void ARC_SPLINE_reverse_parm_of_arc_2d(ARC_SPLINE_1_seg_2d_t* s) {
 }
 
 void ARC_SPLINE_reverse_parm_of_1_seg_2d(ARC_SPLINE_1_seg_2d_t* s) {
-    if (s->type == straight_type)
+    const int type = s == nullptr ? single_point : s->type;
+    if (type == straight_type)
         ARC_SPLINE_reverse_parm_of_strt_2d(s);
-    else if (s->type == arc_type)
+    else if (type == arc_type)
         ARC_SPLINE_reverse_parm_of_arc_2d(s);
     else
         report.internal("This segment type is not currently handled.");

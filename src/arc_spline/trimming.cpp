@@ -17,13 +17,15 @@ Trimmed trimmed_straight(const Segment& s, Vec2 end, double parm) {
     return {0, straight_segment(start_point(s), end, parm < 0.0 ? along * -1.0 : along)};
 }
 
-Trimmed trimmed_arc(const Segment& arc, const Evaluated& end, const double* tols) {
+/// What starts off its circle, as a full circle about another point than the origin does, ends on
+/// it all the same.
+Trimmed trimmed_arc(const Segment& arc, Vec2 end, Vec2 tangent, const double* tols) {
     constexpr double computed_radius = -1.0;
     const EndPoints ends = end_points(arc);
     const double start[] = {ends.start.x, ends.start.y};
     const double start_tangent[] = {ends.start_tangent.x, ends.start_tangent.y};
-    const double chord_end[] = {end.point.x, end.point.y};
-    const double end_tangent[] = {end.tangent.x, end.tangent.y};
+    const double chord_end[] = {end.x, end.y};
+    const double end_tangent[] = {tangent.x, tangent.y};
     Trimmed trimmed{};
     int status = 0;
     ARC_SPLINE_cre_circle_from_chord_end_data_2d(start, start_tangent, chord_end, end_tangent,
@@ -37,8 +39,8 @@ Trimmed trimmed_to(Vec2 point, const double* tols, const Segment* segment) {
     if (foot.status != 0) return {1, {}};
     const Evaluated end = evaluate(*segment, true, foot.parm);
     if (end.status != 0) return {2, {}};  // never reached: what has a foot has a point there
-    return segment->type == straight_type ? trimmed_straight(*segment, end.point, foot.parm)
-                                          : trimmed_arc(*segment, end, tols);
+    return segment->type == straight_type ? trimmed_straight(*segment, foot.foot, foot.parm)
+                                          : trimmed_arc(*segment, foot.foot, end.tangent, tols);
 }
 
 }  // namespace

@@ -68,10 +68,10 @@ double ARC_SPLINE_ask_interior_angle_of_triangle_2d(const double p1[2], const do
         case 3:
             found = interior_angle(c, a, b, tols[0]);
             break;
-        default:
-            report.internal("Unrecognizable input value for which_angle.");
     }
     *status = found.status;
+    if (which_angle < 1 || which_angle > 3)
+        report.internal("Unrecognizable input value for which_angle.");
     return found.angle;
 }
 

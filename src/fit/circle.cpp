@@ -39,20 +39,13 @@ CircleFit fit_circle(const double* points, int n) {
     return fit;
 }
 
-/// Without points there is nothing but the flag.
-CircleFit no_circle() {
-    CircleFit fit;
-    fit.failed = 1;
-    return fit;
-}
-
 struct SpaceCircleFit {
     Vec3 normal{};
     PlaneFrame frame;
     Vec3 plane_point{};
     bool plane_converged = true;
     Vec3 centre{};
-    CircleFit circle = no_circle();
+    CircleFit circle;
 };
 
 SpaceCircleFit fit_space_circle(const double* points, int n, Vec3 given_normal) {
@@ -63,6 +56,7 @@ SpaceCircleFit fit_space_circle(const double* points, int n, Vec3 given_normal) 
         fit.normal = plane.normal;
         fit.plane_converged = plane.converged;
         fit.circle.statistics = plane.statistics;
+        fit.circle.failed = plane.collinear ? 1 : 0;
         if (plane.collinear) return fit;
     } else {
         fit.plane_point = centroid_of(points, n);
@@ -91,7 +85,7 @@ using namespace ztmath;
 
 void LSFIT_circle_to_points_2d(const double* points, int n, double centre[2], double* radius,
                                int* failed, double stats[3]) {
-    const CircleFit fit = n > 0 ? fit_circle(points, n) : no_circle();
+    const CircleFit fit = n > 0 ? fit_circle(points, n) : CircleFit{};
     store(fit.centre(), centre);
     *radius = fit.round.radius;
     *failed = fit.failed;

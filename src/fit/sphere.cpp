@@ -164,11 +164,7 @@ using namespace ztmath;
 
 void LSFIT_sphere_to_points_3d(const double* points, int n, double centre[3], double* radius,
                                int* failed, double stats[3]) {
-    SphereFit fit;
-    if (n > 0)
-        fit = fit_sphere(points, n);
-    else
-        fit.failed = 1;
+    const SphereFit fit = n > 0 ? fit_sphere(points, n) : SphereFit{};
     std::copy_n(fit.round.centre.data(), 3, centre);
     *radius = fit.round.radius;
     *failed = fit.failed;

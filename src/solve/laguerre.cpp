@@ -70,6 +70,8 @@ Complex laguerre(const Complex* a, int degree, Complex x, Accuracy accuracy) {
         if (next == x) return x;
         x = next;
         const double size = modulus(step);
+        // Kept as it stands: steps to and fro that are equal, as between two mirror images, end
+        // here as well, on no root.
         if (iteration > free_iterations && size >= last_size) return x;
         last_size = size;
         if (accuracy == Accuracy::search && size <= search_eps * modulus(x)) return x;

@@ -154,6 +154,9 @@ TEST(ArcSplinePrimitives, RadicalAxesHaveEqualPowers) {
     const Segment twice = made_circle({3e-10, 0}, 2e-10);
     EXPECT_EQ(ask(&tiny, &next), 10);
     EXPECT_EQ(ask(&tiny, &twice), 10);
+    const Segment beside = made_circle({1e-10, 0}, 1);
+    EXPECT_EQ(ask(&c, &beside), 20);
+    EXPECT_EQ(dir, (Pair{0, 1}));
     pt = {9, 9};
     EXPECT_EQ(ask(&c, &c), 30);
     EXPECT_EQ(ask(&line, &c), 21);
@@ -243,6 +246,27 @@ TEST(ArcSplinePrimitives, LinesMeet) {
         EXPECT_EQ(status({0, 0}, {0, 1}), size < 1e-8);
         EXPECT_EQ(cosine, size < 1e-8);
     }
+}
+
+/// A host may leave a call by its report.
+TEST(ArcSplinePrimitives, OutputsStandBeforeAReport) {
+    struct Left {};
+    const CheckingLevel level(1);
+    const ReportRecorder leaving([](const Report&) { throw Left{}; });
+    const Pair p{3, 4};
+    Foot foot;
+    int status = 9;
+    Segment out = made_circle({0, 0}, 1);
+    EXPECT_THROW(called(ARC_SPLINE_ask_interior_angle_of_triangle_2d, p, p, p, tols, 4, &status),
+                 Left);
+    EXPECT_THROW(ARC_SPLINE_ask_dist_pt_to_line_seg_2d(p.data(), p.data(), p.data(), tols[0], 1,
+                                                       foot.foot.data(), &foot.parm, &foot.side),
+                 Left);
+    EXPECT_THROW(ARC_SPLINE_cre_offset_circle_2d(nullptr, 1, 1, &out), Left);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(foot.foot, p);
+    EXPECT_EQ(foot.side, -1);
+    EXPECT_EQ(out.type, 0);
 }
 
 }  // namespace

@@ -105,6 +105,13 @@ TEST(ArcSplineSegments, FeetAreNearestAndTrimmingEndsThere) {
     }
 }
 
+/// The record of a circle about (5, 5) starts at (2, 0), off the circle.
+TEST(ArcSplineSegments, TrimmingEndsAtTheFoot) {
+    Segment s = made_circle({5, 5}, 2);
+    EXPECT_EQ(trim(&s, {5, 9}), 0);
+    expect_near(Data(&s).end, {5, 7}, 1e-12);
+}
+
 TEST(ArcSplineSegments, TrimmingThatFailsLeavesTheSegment) {
     const Segment before = made_arc({0, 0}, 0, 90, 2, 1).arc;
     Segment s = before;
@@ -192,8 +199,10 @@ TEST(ArcSplineSegments, DomainsAreClosedAndEndsAttract) {
             EXPECT_EQ(ARC_SPLINE_ask_is_parm_in_arc_domain(&arc, 0.5, &parm), flag) << given;
             EXPECT_EQ(parm, moved_to);
         }
-    const double wide[] = {0.25, 0};
+    const double wide[] = {0.25, 0}, wider[] = {3, 3};
     const Segment straight = made_straight({0, 0}, {2, 0});
+    for (const double x : {-1.0, 1.0, 3.0})  // both ends within the tolerance
+        EXPECT_EQ(foot_on(&straight, {x, 1}, wider).parm, std::clamp(x, 0.0, 2.0));
     const Foot near = nearest_on(straight, {2.125, 1}, 1, wide);
     EXPECT_TRUE(near.distance == 1 && near.parm == 2) << "near enough to the end";
     const Segment half = made_arc({0, -1}, 0, 180, 1, 1).arc;
@@ -270,6 +279,11 @@ TEST(ArcSplineSegments, Statuses) {
     Pair tangent{};
     ARC_SPLINE_evaluate_arc_seg_2d(&half, 0, 10, nullptr, tangent.data(), &statuses[2]);
     EXPECT_EQ(statuses[2], 2) << "before the start";
+    ARC_SPLINE_evaluate_1_seg_2d(nullptr, 1, 0, nullptr, nullptr, &statuses[0]);
+    ARC_SPLINE_evaluate_strt_seg_2d(nullptr, 0, nullptr, nullptr, &statuses[1]);
+    ARC_SPLINE_ask_is_arc_rather_strt_2d(nullptr, tols, &statuses[2]);
+    EXPECT_EQ(std::to_array(statuses), (std::array{1, 1, 2})) << "no record";
+    EXPECT_EQ(ARC_SPLINE_ask_radius_of_1_seg_2d(nullptr), 0);
 }
 
 TEST(ArcSplineSegments, NearlyStraightArcs) {
@@ -325,6 +339,7 @@ TEST(ArcSplineSegments, Reports) {
     ARC_SPLINE_cre_single_point_circle_2d(Pair{1, 1}.data(), &point);
     Segment early{1, 1, {0, 0}, 350, 10, {0, 1}, {}, 1, 1};
     ARC_SPLINE_reverse_parm_of_1_seg_2d(&point);
+    ARC_SPLINE_reverse_parm_of_1_seg_2d(nullptr);
     ARC_SPLINE_reverse_parm_of_1_seg_2d(&early);  // which stays
     ARC_SPLINE_cre_offset_straight_2d(nullptr, 1, &out);
     ARC_SPLINE_cre_offset_straight_2d(&early, 1, &out);
@@ -334,6 +349,7 @@ TEST(ArcSplineSegments, Reports) {
     ARC_SPLINE_cre_offset_circle_2d(&early, -0.75, 0.5, &out);
     ARC_SPLINE_cre_offset_circle_2d(&early, -0.5, 0.5, &out);  // equality holds
     const Reports expected{
+        internal(arc_module, "This segment type is not currently handled."),
         internal(arc_module, "This segment type is not currently handled."),
         internal(arc_module, "The function ARC_SPLINE_evaluate_1_seg_2d failed."),
         internal(arc_module, "The input segment is not available."),

@@ -314,6 +314,7 @@ TEST(Polynomial, LeavesPointsWithoutDirectionAndDropsLeadingCoefficientsUpToTheT
     const Roots x = iterated(expanded({{-0.75, 1.5, 4}, {}}, 1.0));
     EXPECT_TRUE(x.size() == 3 && x[0] > x[1] && x[1] > x[2]);
     EXPECT_EQ(iterated({-4, 0, 1}), (Roots{2, -2})) << "of two as near that towards which it adds";
+    EXPECT_EQ(iterated({-1, -3, -3, -5}), (Roots{0})) << "between 0 and 3, to and fro: no root";
     for (const double part : {3.99e-5, 4.01e-5})  // what is beside 1 is nothing up to 4e-5
         EXPECT_EQ(iterated({1 + part * part, -2, 1}).size(), part < 4e-5 ? 2u : 0u);
     EXPECT_EQ(recorder.reports(), Reports{});

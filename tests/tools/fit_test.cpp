@@ -81,48 +81,4 @@ TEST(Fit, FindsCirclesAndSpheresOfEverySize) {
         }
 }
 
-TEST(Fit, SaysWhatHasNoAnswer) {
-    constexpr Shape regular = Shape::regular, too_few = Shape::too_few,
-                    collinear = Shape::collinear, coincident = Shape::coincident,
-                    coplanar = Shape::coplanar;
-    const Unit& metres = unit_named("m");
-    const struct {
-        std::vector<double> points;
-        Shape plane, line, sphere;
-        const Unit& unit = millimetres;
-    } in_space[] = {
-        {{}, too_few, too_few, too_few},
-        {{1, 1, 1, 1, 1, 1}, too_few, coincident, too_few},
-        {{1, 1, 1, 1, 1, 2}, too_few, regular, too_few},
-        {{0, 0, 0, 1, 0, 0, 0, 1, 0}, regular, regular, too_few},
-        {{5, 5, 5, 5, 5, 5, 5, 5, 5.0009}, coincident, coincident, too_few},
-        {{5, 5, 5, 5, 5, 5, 5, 5, 5.0009}, collinear, regular, too_few, metres},
-        {{0, 0, 0, 1, 2, 3, 5, 10, 15, 2, 4, 6}, collinear, regular, collinear},
-        {{0, 0, 0, 1, 2, 3, 5, 10, 15.1}, regular, regular, too_few},
-        {{0, 0, 0, 1e9, 2e9, 3e9, 1e9 / 3, 2e9 / 3, 1e9}, collinear, regular, too_few},
-        {{0, 0, 3, 5, 0, 3, 0, 5, 3, 9, 9, 3, 2, 1, 3}, regular, regular, coplanar},
-        {{0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1}, regular, regular, regular},
-    };
-    for (const auto& row : in_space) {
-        SCOPED_TRACE(&row - in_space);
-        const Points points = points_of(3, row.points);
-        EXPECT_EQ(fit_plane(points, row.unit).shape, row.plane);
-        EXPECT_EQ(fit_line_3d(points, row.unit).shape, row.line);
-        EXPECT_EQ(fit_sphere(points, row.unit).shape, row.sphere);
-    }
-    const std::tuple<std::vector<double>, Shape, Shape> in_plane[] = {
-        {{1, 1}, too_few, too_few},
-        {{1, 1, 1, 1}, coincident, too_few},
-        {{1, 1, 1, 2}, regular, too_few},
-        {{1, 2, 1, 2, 1, 2.0009}, coincident, coincident},
-        {{1, 2, 2, 4, 3e9, 6e9, -7, -14}, regular, collinear},
-        {{0, 0, 10, 0, 3, 7}, regular, regular},
-    };
-    for (const auto& [coordinates, line, circle] : in_plane) {
-        const Points points = points_of(2, coordinates);
-        EXPECT_EQ(fit_line_2d(points, millimetres).shape, line);
-        EXPECT_EQ(fit_circle(points, millimetres).shape, circle);
-    }
-}
-
 }  // namespace

@@ -2,7 +2,6 @@
 #include "outline.h"
 #include "run_tool.h"
 #include "support/polygons.h"
-#include "svg_document.h"
 
 namespace {
 
@@ -40,16 +39,6 @@ TEST(Triangulate, FillsOutlinesInEveryUnitAndDirection) {
             }
         }
     }
-}
-
-TEST(Triangulate, DrawsEachDiagonalOnce) {
-    const Workshop w;
-    w.file("spiral", text_of(spiral_polygon(90), 2));
-    EXPECT_EQ(w.run("triangulate spiral --svg out.svg").code, 0);
-    const SvgDocument picture(contents(w.path("out.svg")));
-    EXPECT_EQ(picture.find("triangles", "side").size(), 87U);
-    EXPECT_EQ(picture.find("triangles", "outline").size(), 1U);
-    expect_parts(picture.words("heading"), {"90 vertices, 88 triangles"});
 }
 
 TEST(Triangulate, FaultsOfLargeOutlinesAreFoundOneByOne) {

@@ -9,18 +9,14 @@ using Real = long double;
 /// A word of the command line and its numbers: --circle 0,0,1.
 struct Thing {
     std::string word;
-    std::vector<Real> v;
+    std::vector<double> v;
 };
 
 std::vector<Thing> things_in(const std::string& arguments) {
     std::vector<Thing> things;
     std::istringstream words(arguments);
-    for (std::string word, numbers; words >> word >> numbers;) {
-        things.push_back({word.substr(2), {}});
-        std::istringstream list(numbers);
-        for (std::string x; std::getline(list, x, ',');)
-            things.back().v.push_back(std::stold(x));
-    }
+    for (std::string word, numbers; words >> word >> numbers;)
+        things.push_back({word.substr(2), json::parse('[' + numbers + ']')});
     return things;
 }
 

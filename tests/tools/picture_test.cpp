@@ -84,7 +84,7 @@ TEST(Picture, OfAPlaneOrALineInSpaceShowsItsPoints) {
 }
 
 TEST(Picture, OfALineOrACircleShowsItsPoints) {
-    for (const double slope : {0.7, -40.0}) {
+    for (const double slope : {0.0, 0.7, -40.0}) {
         const Points points = points_by([slope](Random& random) {
             const double x = random.uniform(0, 100);
             return Vec2{x, 7 + slope * x + 3 * random.normal()};

@@ -87,7 +87,7 @@ TEST(Picture, OfALineOrACircleShowsItsPoints) {
     for (const double slope : {0.0, 0.7, -40.0}) {
         const Points points = points_by([slope](Random& random) {
             const double x = random.uniform(0, 100);
-            return Vec2{x, 7 + slope * x + 3 * random.normal()};
+            return Vec2{x, 7 + slope * x + random.normal()};
         });
         const Line2Fit fit = fit_line_2d(points, millimetres);
         expect_dots(points, fit, fit.distances, line_picture, "points", load<2>);

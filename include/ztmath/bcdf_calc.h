@@ -4,7 +4,7 @@
  * Vectors are three doubles; homogeneous points are divided by their weight before anything is made
  * of them. Positions are those of points, from 0; n is the number of points, P their places, p
  * their parameters. Records are only read. Reports are made by module "bcdf_calc" and only with
- * checking; after a raised report that returned, outputs are zero and in/out vectors unchanged.
+ * checking; after a raised report, returned or not, outputs are zero and in/out vectors unchanged.
  * Outputs may alias or overlap inputs.
  */
 #ifndef ZTMATH_BCDF_CALC_H

@@ -3,11 +3,13 @@
  *
  * A slope or curvature belongs to the point whose parameter it carries. Edits keep parameters,
  * slopes, curvatures, type codes and weights in step; slopes and curvatures stand in the order of
- * their points, and parameters ascend, which searches rely on. Searches take logarithmic time,
- * edits of one point that of moving the entries behind it. Vectors are three doubles, whatever the
- * dimension of the record; a fourth coordinate is stored as 0. Positions count from 0 and are those
- * of points, indices those of slopes or curvatures. An edit at a position that has no point changes
- * nothing, unless said.
+ * their points, and parameters ascend. Lists of up to 1024 entries are searched from the first entry
+ * on, in whatever order they are, with NaN among them or not; in longer ones, searches take
+ * logarithmic time and rely on the order, but for that of entries within their tolerance of each
+ * other. Edits of one point take the time of moving the entries behind it. Vectors are three
+ * doubles, whatever the dimension of the record; a fourth coordinate is stored as 0. Positions count
+ * from 0 and are those of points, indices those of slopes or curvatures. An edit at a position that
+ * has no point changes nothing, unless said.
  *
  * Types of slopes:
  *   0  automatic (BCDF_CALC_auto_slope), recomputed by updates
@@ -22,7 +24,7 @@
  *
  * Reports are made by module "bcdf_gen" and only with checking; ERROR_internal is meant unless a
  * reason code is given. They do not stop an operation; after a raised one that returned, the record
- * is as it was.
+ * is as it was, unless said.
  */
 #ifndef ZTMATH_BCDF_GEN_H
 #define ZTMATH_BCDF_GEN_H
@@ -86,22 +88,23 @@ ZTMATH_API int BCDF_num_of_knots_needed(const BCDF *record, int extra);
  */
 ZTMATH_API int BCDF_parameter_in_list(const BCDF *record, double t, int *position);
 
-/* Return the position of the point of a slope or curvature. Without one, "Bcurve Defining Data
-   Structure Corrupt" is reported and the number of points returned. */
+/* Return the position of the first point that matches a slope or curvature. Without one, "Bcurve
+   Defining Data Structure Corrupt" is reported and the number of points returned. */
 ZTMATH_API int BCDF_point_at_slope(const BCDF *record, int slope);
 ZTMATH_API int BCDF_point_at_curvature(const BCDF *record, int curvature);
 
 /*
  * Finds the slope at a point: its parameter matches that of the point within 1e-10 times the span of
- * all parameters and is nearer to it than to those of both neighbours.
+ * all parameters and is nearer to it than to those of both neighbours. The search ends at the first
+ * slope that lies no farther than that before the point.
  *
  * slope  out: the index; if there is none, that at which one would be inserted. Untouched in a
  *        record without slopes
  */
 ZTMATH_API int BCDF_slope_at_point(const BCDF *record, int position, int *slope);
 
-/* Find the curvature at a point, or at the point of a slope. The index is as that of
-   BCDF_slope_at_point. */
+/* Find the first curvature that matches a point, or a slope; the search ends at the first that is not
+   before it. The index is as that of BCDF_slope_at_point. */
 ZTMATH_API int BCDF_curvature_at_point(const BCDF *record, int position, int *curvature);
 ZTMATH_API int BCDF_curvature_at_slope(const BCDF *record, int slope, int *curvature);
 
@@ -162,8 +165,10 @@ ZTMATH_API void BCDF_add_params(BCDF *record, const double *params);
 
 /*
  * Makes the record open or periodic: removes the last point, with slope and curvature, or appends a
- * copy of the first. Parameters are computed anew. A least-squares record that becomes periodic is
- * reported, "Periodic Least Squares Curves Are Not Allowed".
+ * copy of the first. Parameters are computed anew, slopes scaled from what was the last one
+ * (BCDF_add_params), so that a record that is closed and opened again has its slopes back. A
+ * least-squares record that becomes periodic is reported, "Periodic Least Squares Curves Are Not
+ * Allowed".
  */
 ZTMATH_API void BCDF_toggle_periodicity(BCDF *record);
 
@@ -174,7 +179,8 @@ ZTMATH_API void BCDF_toggle_periodicity(BCDF *record);
 ZTMATH_API void BCDF_change_slope(BCDF *record, int type, const double vector[3], int position);
 
 /*
- * Stores a slope as it is. Over a slope that is there already: a curvature at the point, if it is
+ * Stores a slope as it is, with its type; a record whose slopes have no codes gets codes, 1 for the
+ * others. Over a slope that is there already: a curvature at the point, if it is
  * not perpendicular to the new slope within 1e-10, is turned about z with the slope, to the one side
  * or, where that leaves it not perpendicular, the other; its length stays.
  */
@@ -204,7 +210,8 @@ ZTMATH_API void BCDF_update_end_slopes(BCDF *record);
  */
 ZTMATH_API void BCDF_add_needed_slopes(BCDF *record);
 
-/* Makes all slopes unit length. Raises as BCDF_CALC_unitize_slope does. */
+/* Makes all slopes unit length by BCDF_CALC_unitize_slope, which raises where one is too short: that
+   one is then zero, and those before it are done. */
 ZTMATH_API void BCDF_unitize_slopes(BCDF *record);
 
 /* ---- Curvatures ------------------------------------------------------------------------------ */
@@ -217,8 +224,8 @@ ZTMATH_API void BCDF_unitize_slopes(BCDF *record);
  *         at the point; others: nothing
  * vector  may be null for type 1
  *
- * Reports "Point With Assigned Curvature Has No Slope" where a slope is looked for in vain; the
- * curvature is then zero.
+ * Reports "Point With Assigned Curvature Has No Slope" where a slope is looked for in vain, and raises
+ * as BCDF_CALC_unitize_slope does where it is too short; the curvature is then zero.
  */
 ZTMATH_API void BCDF_change_curvature(BCDF *record, int type, const double vector[3], int position,
                                       double radius);
@@ -248,7 +255,8 @@ ZTMATH_API void BCDF_replace_weight(BCDF *record, int position, double weight);
 ZTMATH_API void BCDF_change_order(BCDF *record, int order);
 
 /* Make the record a least-squares record, if it is none (BCDF_convert_to_least_squares), and set
-   one of tolerance and segment count, the other to 0. */
+   one of tolerance and segment count, the other to 0. Where the conversion raised a report about a
+   periodic record, neither is set. */
 ZTMATH_API void BCDF_change_tolerance(BCDF *record, double tolerance);
 ZTMATH_API void BCDF_change_number_of_segments(BCDF *record, int number);
 

@@ -13,7 +13,7 @@ void put(const PNTLST& list, int k, Vec3 v) {
                 point_at(list, k));
 }
 
-/// Room for one more code, kept when the rest of an insertion fails.
+/// Room for one more code, kept when the rest of an edit fails.
 void make_room_for_type(int*& types, int number, int type_of_given) {
     const std::size_t needed = bytes_of<int>(std::ptrdiff_t{number} + 1);
     if (types != nullptr && SM_length(types) >= needed) return;
@@ -58,9 +58,14 @@ void release(PNTLST*& list) {
 
 }  // namespace
 
-void overwrite(const Attached& a, int k, Vec3 v, int type) {
+void put(const Attached& a, int k, Vec3 v) {
     put(*a.vectors, k, v);
-    if (a.types != nullptr) a.types[k] = type;
+}
+
+void overwrite(const Attached& a, int k, Vec3 v, int type) {
+    if (a.types == nullptr) make_room_for_type(a.types, count(a), a.type_of_given);
+    put(a, k, v);
+    a.types[k] = type;
 }
 
 void insert(const Attached& a, int dimension, int k, Vec3 v, double parameter, int type) {

@@ -43,6 +43,11 @@ inline int curvature_type(const BCDF& record, int k) {
     return record.curvature_types != nullptr ? record.curvature_types[k] : curvature_fixed;
 }
 
+/// Overwrites the vector only.
+void put(const Attached& a, int k, Vec3 v);
+
+/// Overwrites vector and code; without codes, all get one first. When memory runs out, all is as it
+/// was.
 void overwrite(const Attached& a, int k, Vec3 v, int type);
 
 /// Inserts before k; lists that are absent are made, the vectors of the points' dimension. When
@@ -62,19 +67,18 @@ struct Run {
 };
 
 /// Has removed what `find` finds for each of [begin, end), one at a time in ascending order, but
-/// neighbours together: what is found for one place does not depend on what was removed for
-/// another.
+/// neighbours together: a search that ends right behind them ends there too when they are gone.
 template <class Find, class RemoveRun>
 void remove_each(int begin, int end, Find find, RemoveRun remove_run) {
     Run run{0, 0};
     for (int i = begin; i < end; ++i) {
         Found at = find(i);
-        if (!at.found) continue;
         if (run.number > 0 && at.index != run.first + run.number) {
             remove_run(run);
             run.number = 0;
             at = find(i);
         }
+        if (!at.found) continue;
         if (run.number == 0) run.first = at.index;
         ++run.number;
     }

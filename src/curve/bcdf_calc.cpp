@@ -107,6 +107,8 @@ int BCDF_CALC_quadratic_apprx(const double q0[3], const double q1[3], const doub
 }
 
 void BCDF_CALC_auto_derivatives(const BCDF* record, int position, int k, double* out) {
+    // Without a point nothing is read, and the report that says so need not return.
+    if (!is_site(*record, position)) std::fill_n(out, 3 * std::clamp(k, 0, 2), 0.0);
     const Derivatives d = automatic_derivatives(*record, position);
     if (!d.defined) return;
     if (k >= 1) store(d.first, out);
@@ -118,6 +120,7 @@ void BCDF_CALC_auto_slope(const BCDF* record, int position, double out[3]) {
 }
 
 void BCDF_CALC_auto_curvature(const BCDF* record, int position, double out[3]) {
+    if (!is_site(*record, position)) store(Vec3{}, out);
     store(automatic_curvature(*record, position), out);
 }
 
@@ -136,5 +139,7 @@ double BCDF_CALC_denormalize_param(const BCDF* record, double u) {
 }
 
 void BCDF_CALC_unitize_slope(const double in[3], double out[3]) {
-    store(unit_slope(load3(in)), out);
+    const Vec3 slope = load3(in);
+    store(Vec3{}, out);  // stays where a report that is raised does not return
+    store(unit_slope(slope), out);
 }

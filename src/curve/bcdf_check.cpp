@@ -49,7 +49,7 @@ int check_curvatures(const BCDF& record) {
     constexpr double largest_product = 1.0e-7;
     const auto sites = curvature_sites(record);
     for (std::size_t k = 0; k < sites.size(); ++k) {
-        const Found point = find_parameter(parameters(record), sites[k]);
+        const Found point = find_point(record, sites[k]);
         const Found slope = point.found ? slope_at_point(record, point.index) : Found{};
         if (!slope.found) return curvature_without_slope;
         const double product = dot(vector_at(*record.slopes, slope.index),
@@ -87,8 +87,10 @@ bool removal_overlaps(const BCDF& record, int position) {
                                cartesian_point(record, position + 1));
 }
 
-void make_least_squares(BCDF* record) {
+/// Whether the record is one; a periodic one may stay what it is.
+bool make_least_squares(BCDF* record) {
     if (record->weights == nullptr) BCDF_convert_to_least_squares(record);
+    return record->weights != nullptr;
 }
 
 }  // namespace
@@ -139,13 +141,13 @@ void BCDF_change_order(BCDF* record, int order) {
 }
 
 void BCDF_change_tolerance(BCDF* record, double tolerance) {
-    make_least_squares(record);
+    if (!make_least_squares(record)) return;
     record->ls_tolerance = tolerance;
     record->ls_num_segments = 0;
 }
 
 void BCDF_change_number_of_segments(BCDF* record, int number) {
-    make_least_squares(record);
+    if (!make_least_squares(record)) return;
     record->ls_num_segments = number;
     record->ls_tolerance = 0.0;
 }

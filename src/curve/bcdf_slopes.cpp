@@ -41,8 +41,7 @@ void realign_curvature(BCDF& record, int position, Vec3 old_slope, Vec3 new_slop
     const Found at = curvature_at_point(record, position);
     if (!at.found) return;
     const Vec3 curvature = vector_at(*record.curvatures, at.index);
-    overwrite(curvatures_of(record), at.index, realigned(curvature, old_slope, new_slope),
-              curvature_type(record, at.index));
+    put(curvatures_of(record), at.index, realigned(curvature, old_slope, new_slope));
 }
 
 /// The parameters of a run of slopes have curvatures; these are removed.
@@ -50,9 +49,7 @@ void remove_curvatures_of(BCDF& record, Run run) {
     const auto slopes = slope_sites(record);
     remove_each(
         run.first, run.first + run.number,
-        [&](int k) {
-            return find_parameter(curvature_sites(record), slopes[static_cast<std::size_t>(k)]);
-        },
+        [&](int k) { return find_curvature(record, slopes[static_cast<std::size_t>(k)]); },
         [&](Run curvatures) { remove_curvature_run(record, curvatures); });
 }
 
@@ -111,8 +108,9 @@ void replace_slope(BCDF& record, Vec3 slope, int position, int type) {
     if (!is_site(record, position)) return;
     const Found at = slope_at_point(record, position);
     if (at.found) {
-        realign_curvature(record, position, vector_at(*record.slopes, at.index), slope);
+        const Vec3 old = vector_at(*record.slopes, at.index);
         overwrite(slopes_of(record), at.index, slope, type);
+        realign_curvature(record, position, old, slope);
         return;
     }
     insert(slopes_of(record), record.points->dimension, at.index, slope,
@@ -182,8 +180,10 @@ void BCDF_add_needed_slopes(BCDF* record) {
 }
 
 void BCDF_unitize_slopes(BCDF* record) {
-    const int number = count(slopes_of(*record));
-    for (int k = 0; k < number; ++k)
-        overwrite(slopes_of(*record), k, unit_slope(vector_at(*record->slopes, k)),
-                  slope_type(*record, k));
+    const Attached slopes = slopes_of(*record);
+    for (int k = 0; k < count(slopes); ++k) {
+        const Vec3 slope = vector_at(*slopes.vectors, k);
+        put(slopes, k, {});  // stays where a report that is raised does not return
+        put(slopes, k, unit_slope(slope));
+    }
 }

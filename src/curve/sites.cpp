@@ -11,12 +11,30 @@ namespace {
 
 constexpr Module report = bcdf_gen_module.part(11);
 
-/// The index of the first value for which `reached` holds, which then holds for all behind it.
-template <class Reached>
-std::size_t first_index(std::span<const double> ascending, Reached reached) {
-    const auto at = std::partition_point(ascending.begin(), ascending.end(),
-                                         [&](double value) { return !reached(value); });
-    return static_cast<std::size_t>(at - ascending.begin());
+/// So many values are walked; more are taken to ascend, but for neighbours nearer than `reach`
+/// tolerances, which edits leave in any order.
+constexpr std::size_t most_walked = 1024;
+constexpr double reach = 8.0;
+
+/// Walks to the first value that matches or ends the walk. Values below `before` and NaN do
+/// neither, and nothing does where `before` is NaN.
+template <class Matches, class Ends>
+Found walk(std::span<const double> values, double before, Matches matches, Ends ends) {
+    const auto is_before = [before](double value) { return !(value >= before); };
+    const auto start = values.size() <= most_walked
+                           ? std::find_if_not(values.begin(), values.end(), is_before)
+                           : std::partition_point(values.begin(), values.end(), is_before);
+    const auto at = std::find_if(start, values.end(),
+                                 [&](double value) { return matches(value) || ends(value); });
+    return {at != values.end() && matches(*at), static_cast<int>(at - values.begin())};
+}
+
+/// Walks to the first value that matches t or ends the walk.
+template <class Ends>
+Found walk_to(double t, std::span<const double> values, Ends ends) {
+    return walk(
+        values, t - reach * parameter_tolerance,
+        [t](double value) { return parameters_match(value, t); }, ends);
 }
 
 /// A point's parameter, and those beside it; the ends have neighbours one whole span away.
@@ -33,40 +51,40 @@ Surroundings surroundings(std::span<const double> t, int position) {
 
 }  // namespace
 
-Found find_parameter(std::span<const double> ascending, double t) {
-    const std::size_t k = first_index(
-        ascending, [t](double value) { return value >= t || parameters_match(value, t); });
-    return {k < ascending.size() && parameters_match(ascending[k], t), static_cast<int>(k)};
+Found find_parameter(std::span<const double> values, double t) {
+    return walk_to(t, values, [t](double value) { return value > t; });
+}
+
+Found find_curvature(const BCDF& record, double t) {
+    return walk_to(t, curvature_sites(record), [t](double value) { return value >= t; });
 }
 
 Found slope_at_point(const BCDF& record, int position) {
-    const auto slopes = slope_sites(record);
     if (!is_site(record, position)) return {false, 0};
     const Surroundings site = surroundings(parameters(record), position);
     const double eps = parameter_tolerance * site.span;
-    const auto is_near = [&](double s) { return std::fabs(s - site.t) <= eps; };
-    const auto ends_walk = [&](double s) { return s >= site.t - eps; };
-    const auto is_nearest = [&](double s) {
+    const auto matches = [&](double s) {
         const double distance = std::fabs(s - site.t);
-        return distance < std::fabs(s - site.previous) && distance < std::fabs(s - site.next);
+        return distance <= eps && distance < std::fabs(s - site.previous) &&
+               distance < std::fabs(s - site.next);
     };
-
-    std::size_t k = first_index(slopes, [&](double s) { return is_near(s) || ends_walk(s); });
-    for (; k < slopes.size(); ++k) {
-        if (is_near(slopes[k]) && is_nearest(slopes[k])) return {true, static_cast<int>(k)};
-        if (ends_walk(slopes[k])) break;
-    }
-    return {false, static_cast<int>(k)};
+    return walk(slope_sites(record), site.t - reach * eps, matches,
+                [&](double s) { return s >= site.t - eps; });
 }
 
 Found curvature_at_point(const BCDF& record, int position) {
     if (!is_site(record, position)) return {false, 0};
-    return find_parameter(curvature_sites(record),
-                          parameters(record)[static_cast<std::size_t>(position)]);
+    return find_curvature(record, parameters(record)[static_cast<std::size_t>(position)]);
+}
+
+Found find_point(const BCDF& record, double t) {
+    const auto values = parameters(record);
+    const bool ascend = values.size() > most_walked;
+    return walk_to(t, values, [=](double value) { return ascend && value > t; });
 }
 
 Found point_at_parameter(const BCDF& record, double t) {
-    const Found point = find_parameter(parameters(record), t);
+    const Found point = find_point(record, t);
     if (point.found) return point;
     if (checking()) report.internal("Bcurve Defining Data Structure Corrupt");
     return {false, count(record.points)};
@@ -142,7 +160,7 @@ int BCDF_curvature_at_slope(const BCDF* record, int slope, int* curvature) {
     const auto slopes = slope_sites(*record);
     const auto curvatures = curvature_sites(*record);
     if (!is_index(slopes, slope) || curvatures.empty()) return 0;
-    return answer(find_parameter(curvatures, slopes[static_cast<std::size_t>(slope)]), true,
+    return answer(find_curvature(*record, slopes[static_cast<std::size_t>(slope)]), true,
                   curvature);
 }
 

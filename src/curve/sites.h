@@ -1,7 +1,8 @@
 // Where slopes and curvatures sit: which point a parameter belongs to, and what sits at a point.
 //
-// Parameters ascend, and slopes and curvatures stand in the order of their points, so what is
-// described as a walk is done by bisection.
+// Every search is a walk from the first value on. Parameters ascend as a rule, and slopes and
+// curvatures stand in the order of their points, so that walks of long lists begin where bisection
+// says; short lists are walked whatever their order.
 #pragma once
 
 #include <algorithm>
@@ -42,17 +43,21 @@ inline std::span<double> curvature_sites(const BCDF& record) {
     return sites_of(record.curvatures, record.curvature_parameters);
 }
 
-/// The first of ascending parameters that matches t or lies behind it.
-Found find_parameter(std::span<const double> ascending, double t);
+/// The first parameter that matches t or is greater.
+Found find_parameter(std::span<const double> values, double t);
 
 /// The slope at a point: it matches the point's parameter to 1e-10 of the whole span, and is nearer
-/// to it than to the parameters of both neighbours.
+/// to it than to the parameters of both neighbours. The search ends at the first that is not before
+/// it.
 Found slope_at_point(const BCDF& record, int position);
 
+/// The curvature at a parameter; the search ends at the first that is not before it.
+Found find_curvature(const BCDF& record, double t);
 Found curvature_at_point(const BCDF& record, int position);
 
-/// The point at a parameter. That there is none is reported; the index is then the number of
-/// points.
+/// The first point at a parameter. That there is none is reported by the second; the index is then
+/// the number of points.
+Found find_point(const BCDF& record, double t);
 Found point_at_parameter(const BCDF& record, double t);
 
 /// Writes, for each of a row of parameters, position + 1 of its point, found by walking points and

@@ -2,7 +2,6 @@
 #include "ztmath/bc_pole.h"
 
 #include "support/by_value.h"
-#include "support/session.h"
 #include "support/shared_block.h"
 #include "support/vectors.h"
 #include "syss/syss.h"
@@ -12,6 +11,7 @@ namespace {
 using namespace ztmath_test;
 
 using Pole = std::array<double, 4>;
+using Values = std::vector<double>;
 
 TEST(Poles, AreMovedAndMeasuredAsTheirPoints) {
     Random random;
@@ -87,31 +87,27 @@ TEST(Poles, HaveAMeanAndABox) {
 }
 
 TEST(Knots, GoOnFromPeriodToPeriodOrAreClamped) {
-    const NoBlocksLeft watch;
-    const struct {
-        std::vector<double> parameters;
-        int periodic;
-        std::vector<double> knots;  // none: refused
-    } cases[] = {{{0, 1, 3}, 0, {0, 0, 0, 0, 1, 3, 3, 3, 3}},
-                 {{0, 1, 3, 6, 10}, 1, {-9, -7, -4, 0, 1, 3, 6, 10, 11, 13, 16}},
-                 {{0, 1, 3}, 1, {-5, -3, -2, 0, 1, 3, 4, 6, 7}},
-                 {{2, 5}, 1, {-7, -4, -1, 2, 5, 8, 11, 14}},
-                 {{0, 1, 1}, 0, {0, 0, 0, 0, 1, 1, 1, 1, 1}},
-                 {{1}, 0, {}},
-                 {{2, 1}, 0, {}},
-                 {{0, 2, 1}, 0, {}}};
     const auto knots_of = [](const double* parameters, int n, int periodic) {
         double* knots = nullptr;
         int count = -1, status = -1;
         knot_seq_order_4(parameters, &n, &periodic, &knots, &count, &status);
-        const std::vector<double> found(knots, knots + count);
+        const Values found(knots, knots + count);
         SM_free(knots);
         EXPECT_EQ(status, found.empty() ? 1 : 0);
         return found;
     };
-    for (const auto& [parameters, periodic, knots] : cases)
+    // No knots: refused.
+    for (const auto& [periodic, parameters, knots] :
+         {std::tuple{0, Values{0, 1, 3}, Values{0, 0, 0, 0, 1, 3, 3, 3, 3}},
+          {1, {0, 1, 3, 6, 10}, {-9, -7, -4, 0, 1, 3, 6, 10, 11, 13, 16}},
+          {1, {0, 1, 3}, {-5, -3, -2, 0, 1, 3, 4, 6, 7}},
+          {1, {2, 5}, {-7, -4, -1, 2, 5, 8, 11, 14}},
+          {0, {0, 1, 1}, {0, 0, 0, 0, 1, 1, 1, 1, 1}},
+          {0, {1}, {}},
+          {0, {2, 1}, {}},
+          {0, {0, 2, 1}, {}}})
         EXPECT_EQ(knots_of(parameters.data(), int(parameters.size()), periodic), knots);
-    EXPECT_EQ(knots_of(nullptr, INT_MAX, 0), std::vector<double>{}) << "no parameter is read";
+    EXPECT_EQ(knots_of(nullptr, INT_MAX, 0), Values{}) << "no parameter is read";
 }
 
 }  // namespace

@@ -41,19 +41,14 @@ Vector normalized(const Record& record, int type, int position, Vector v) {
 TEST(CurveCalculations, ParametersAndWeights) {
     const ReportRecorder recorder;
     const CheckingLevel checking(1);
-    const struct {
-        Values points;
-        int dimension;
-        double exponent;
-        Values parameters;
-    } cases[] = {{{0, 0, 0, 3, 4, 0, 3, 4, 12}, 3, 1.0, {0, 5, 17}},
-                 {{0, 0, 0, 0, 0, 0, 0, 16}, 4, 1.5, {0, 64}},
-                 {{1, 1, 1, 1, 1, 1, 1, 1, 1}, 3, 1.0, {0, 2, 4}},  // points that are one
-                 {{1, 1, 1}, 3, 1.0, {0}}};
-    for (const auto& c : cases) {
-        Values t(c.parameters.size());
-        BCDF_CALC_parameters(int(t.size()), c.dimension, c.points.data(), c.exponent, t.data());
-        EXPECT_EQ(t, c.parameters);
+    for (const auto& [dimension, exponent, points, parameters] :
+         {std::tuple{3, 1.0, Values{0, 0, 0, 3, 4, 0, 3, 4, 12}, Values{0, 5, 17}},
+          {4, 1.5, {0, 0, 0, 0, 0, 0, 0, 16}, {0, 64}},
+          {3, 1.0, Values(9, 1), {0, 2, 4}},  // points that are one
+          {3, 1.0, {1, 1, 1}, {0}}}) {
+        Values t(parameters.size());
+        BCDF_CALC_parameters(int(t.size()), dimension, points.data(), exponent, t.data());
+        EXPECT_EQ(t, parameters);
     }
     const Values t = {0, 1, 3, 7};
     for (const Values& expected : {Values{0.5, 1.5, 1}, {0.5, 0.5}, {0}}) {
@@ -152,35 +147,23 @@ TEST(CurveCalculations, TypesAndMethodsGiveTheirLengths) {
     BCDF_add_params(two.get(), t + 1);
     EXPECT_EQ(written(BCDF_CALC_auto_slope, two, 1), (Vector{1, 0, 0}));
     const Vector a = written(BCDF_CALC_auto_slope, record, 1);
-    const struct {
-        int type, position, periodicity;
-        double length;
-    } cases[] = {{0, 1, 0, 7},       {1, 1, 0, 7},       {6, 1, 0, 7},
-                 {2, 0, 0, 3.0 / 2}, {2, 1, 0, 7.0 / 5}, {2, 3, 0, 3.0},
-                 {2, 0, 1, 6.0 / 3}, {2, 3, 1, 3.0},     {3, 1, 0, length(a)}};
-    for (const auto& c : cases) {
-        record->periodicity = c.periodicity;
-        EXPECT_NEAR(normalized(record, c.type, c.position, {0, -7, 0})[1], -c.length, 1e-14)
-            << c.type << ' ' << c.position;
+    const std::tuple<int, int, int, double> cases[] = {
+        {0, 1, 0, 7},   {1, 1, 0, 7},       {6, 1, 0, 7},   {2, 0, 0, 3.0 / 2},  {2, 1, 0, 7.0 / 5},
+        {2, 3, 0, 3.0}, {2, 0, 1, 6.0 / 3}, {2, 3, 1, 3.0}, {3, 1, 0, length(a)}};
+    for (const auto& [type, position, periodicity, expected] : cases) {
+        record->periodicity = periodicity;
+        EXPECT_NEAR(normalized(record, type, position, {0, -7, 0})[1], -expected, 1e-14)
+            << type << ' ' << position;
     }
-    const struct {
-        int method;
-        double span, chord, given, length;
-    } calls[] = {{0, 4, 10, 7, 7},
-                 {1, 4, 10, 7, 0},
-                 {2, 4, 10, 7, 7},
-                 {3, 4, 10, 7, length(a)},
-                 {4, 4, 10, 7, 2.5},
-                 {5, 4, 10, 7, 2.5},
-                 {6, 4, 10, 7, 7},
-                 // No direction to be long in, or no length.
-                 {3, 4, 10, 1e-10, 1e-10},
-                 {4, 0, 10, 7, 7},
-                 {5, 1, 1e-10, 7, 7}};
-    for (const auto& c : calls) {
-        Vector v = {0, 0, -c.given};
-        h813_(a.data(), &c.span, &c.chord, &c.method, v.data());
-        EXPECT_NEAR(v[2], -c.length, 1e-14) << c.method;
+    // The last three have no direction to be long in, or no length.
+    const std::tuple<int, double, double, double, double> calls[] = {
+        {0, 4, 10, 7, 7},   {1, 4, 10, 7, 0},   {2, 4, 10, 7, 7}, {3, 4, 10, 7, length(a)},
+        {4, 4, 10, 7, 2.5}, {5, 4, 10, 7, 2.5}, {6, 4, 10, 7, 7}, {3, 4, 10, 1e-10, 1e-10},
+        {4, 0, 10, 7, 7},   {5, 1, 1e-10, 7, 7}};
+    for (const auto& [method, span, chord, given, expected] : calls) {
+        Vector v = {0, 0, -given};
+        h813_(a.data(), &span, &chord, &method, v.data());
+        EXPECT_NEAR(v[2], -expected, 1e-14) << method;
     }
 }
 
@@ -273,6 +256,16 @@ TEST(CurveCalculations, MirroredAndUnitSlopes) {
         raised("bcdf_calc", 1005315, "An Invalid Point Position Was Given By Calling Routine"),
         raised("bcdf_calc", 1005315, "The Point Position Is Not Valid For The Array Of Points")};
     EXPECT_EQ(recorder.reports(), expected);
+    // Zero too where the host does not come back.
+    const ReportRecorder leaving([](const Report& report) { throw report; });
+    Values out(12, 7);
+    EXPECT_THROW(BCDF_CALC_unitize_slope(origin.data(), &out[0]), Report);
+    EXPECT_THROW(BCDF_CALC_auto_derivatives(record.get(), 2, 2, &out[3]), Report);
+    EXPECT_THROW(BCDF_CALC_auto_curvature(record.get(), -1, &out[9]), Report);
+    BCDF_replace_slope(record.get(), Vector{1e-10, 0, 0}.data(), 0, 1);
+    EXPECT_THROW(BCDF_unitize_slopes(record.get()), Report);
+    EXPECT_EQ(vector_in(record->slopes, 0), origin);
+    EXPECT_EQ(out, Values(12));
     BCDF_add_params(record.get(), Values{2, 6}.data());
     EXPECT_EQ(BCDF_CALC_denormalize_param(record.get(), 0.25), 3);
     record->parameters->num_points = 0;

@@ -4,7 +4,6 @@
 #include "support/by_value.h"
 #include "support/curve_record.h"
 #include "support/reports.h"
-#include "support/session.h"
 
 namespace {
 
@@ -85,14 +84,19 @@ TEST(CurveRecord, HandsOutItsArrays) {
     SM_free(std::exchange(untyped->slope_types, nullptr));
     EXPECT_EQ(BCDF_copy_slope_type_array(untyped.get()), nullptr);
     BCDF_remove_slopes(untyped.get(), 0, 1);
+    BCDF_unitize_slopes(untyped.get());
+    EXPECT_EQ(untyped->slope_types, nullptr);
 
     Vector v;
     int type = -1;
     BCDF_copy_single_3d_slope(r, 1, v.data(), &type);
     EXPECT_EQ(type, 1);
     BCDF_copy_single_3d_slope(untyped.get(), 0, v.data(), &type);
-    EXPECT_EQ(v, (Vector{0, 3, 0}));
+    EXPECT_EQ(v, (Vector{0, 1, 0}));
     EXPECT_EQ(type, 0);
+    BCDF_replace_slope(untyped.get(), v.data(), 3, 4);
+    ASSERT_NE(untyped->slope_types, nullptr);
+    EXPECT_EQ(std::pair(untyped->slope_types[0], untyped->slope_types[1]), std::pair(1, 4));
     BCDF_copy_single_3d_crvatr(r, 0, v.data(), &type);
     EXPECT_EQ(v, (Vector{1, 0, 0.5}));
     const Record weighted = new_record({2, 4, 6, 2, 0, 0, 0, 1}, 4);
@@ -106,7 +110,6 @@ TEST(CurveRecord, HandsOutItsArrays) {
 }
 
 TEST(CurveRecord, CreatorsTakeWhatTheyAreGiven) {
-    const NoBlocksLeft watch;
     const CheckingLevel checking(1);
     const Record plain(
         created(0, 0, new_list(corner).release(), new_list({1, 1, 1, 1}, 1).release()));
@@ -153,17 +156,14 @@ TEST(CurveRecord, CreatorsThatFailTakeNothing) {
 }
 
 TEST(CurveRecord, KnowsSplinesWithSlopesAtTheirEnds) {
-    const struct {
-        int order, periodicity, spline, continuity;
-        std::vector<int> slopes;
-    } cases[] = {{4, 0, 1, 2, {0, 3}}, {4, 0, 1, 1, {0, 1, 3}}, {4, 1, 1, 1, {0, 3}},
-                 {3, 0, 0, 1, {0, 3}}, {4, 0, 0, 2, {0}},       {4, 0, 0, 2, {1, 3}},
-                 {4, 0, 0, 2, {0, 2}}, {6, 0, 0, 4, {}}};
-    for (const auto& c : cases) {
-        const Record record = sloped(c.slopes, c.periodicity);
-        record->order = c.order;
-        EXPECT_EQ(BCDF_is_zt_spline(record.get()), c.spline);
-        EXPECT_EQ(BCDF_ask_continuity(record.get()), c.continuity);
+    const std::tuple<int, int, int, int, std::vector<int>> cases[] = {
+        {4, 0, 1, 2, {0, 3}}, {4, 0, 1, 1, {0, 1, 3}}, {4, 1, 1, 1, {0, 3}}, {3, 0, 0, 1, {0, 3}},
+        {4, 0, 0, 2, {0}},    {4, 0, 0, 2, {1, 3}},    {4, 0, 0, 2, {0, 2}}, {6, 0, 0, 4, {}}};
+    for (const auto& [order, periodicity, spline, continuity, slopes] : cases) {
+        const Record record = sloped(slopes, periodicity);
+        record->order = order;
+        EXPECT_EQ(BCDF_is_zt_spline(record.get()), spline);
+        EXPECT_EQ(BCDF_ask_continuity(record.get()), continuity);
     }
     EXPECT_EQ(BCDF_is_zt_spline(with_everything().get()), 0);  // a curvature
 }
@@ -222,7 +222,6 @@ TEST(CurveRecord, ReducesItsSlopesForAFit) {
 }
 
 TEST(CurveRecord, BecomesALeastSquaresRecord) {
-    const NoBlocksLeft watch;
     const Record record = with_everything();
     record->ls_num_segments = 5;
     BCDF_convert_to_least_squares(record.get());

@@ -68,6 +68,11 @@ namespace {
 /// Results on their way to outputs that may lie over the inputs.
 using Results = WorkArray<double, 64>;
 
+void store_first(int k, const Derivatives& d, double* out) {
+    if (k >= 1) store(d.first, out);
+    if (k >= 2) store(d.second, out + 3);
+}
+
 }  // namespace
 
 void BCDF_CALC_parameters(int n, int dimension, const double* points, double exponent,
@@ -108,11 +113,9 @@ int BCDF_CALC_quadratic_apprx(const double q0[3], const double q1[3], const doub
 
 void BCDF_CALC_auto_derivatives(const BCDF* record, int position, int k, double* out) {
     // Without a point nothing is read, and the report that says so need not return.
-    if (!is_site(*record, position)) std::fill_n(out, 3 * std::clamp(k, 0, 2), 0.0);
+    if (!is_site(*record, position)) store_first(k, {true, {}, {}}, out);
     const Derivatives d = automatic_derivatives(*record, position);
-    if (!d.defined) return;
-    if (k >= 1) store(d.first, out);
-    if (k >= 2) store(d.second, out + 3);
+    if (d.defined) store_first(k, d, out);
 }
 
 void BCDF_CALC_auto_slope(const BCDF* record, int position, double out[3]) {

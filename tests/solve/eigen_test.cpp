@@ -9,11 +9,8 @@ namespace {
 using namespace ztmath_test;
 
 Matrix random_symmetric(Random& random, int n) {
-    Matrix m = random_matrix(random, n, n);
-    for (int i = 0; i < n; ++i)
-        for (int j = 0; j < i; ++j)
-            m(i, j) = m(j, i);
-    return m;
+    const Matrix m = random_matrix(random, n, n);
+    return made_of(n, n, [&](int i, int j) { return m(std::min(i, j), std::max(i, j)); });
 }
 
 struct Eigen {
@@ -104,9 +101,7 @@ TEST(Jacobi, HasTheBitsOfThePlainScheme) {
     for (const int n : {1, 2, 3, 4, 5, 7, 10, 23, 50})
         matrices.push_back(random_symmetric(random, n));
     Matrix& coupled = matrices[10];  // two and two by next to nothing, apart from the others
-    for (const int i : {0, 1, 2, 3})
-        for (int j = 0; j < coupled.rows(); ++j)
-            coupled(i, j) = coupled(j, i) = 0;
+    coupled = made_of(10, 10, [&](int i, int j) { return std::min(i, j) < 4 ? 0 : coupled(i, j); });
     coupled(0, 0) = coupled(1, 1) = 2;
     coupled(0, 1) = 5e-13;
     coupled(2, 3) = 1e-12;
@@ -176,11 +171,9 @@ TEST(GeneralizedEigen, BesideTheIdentityIsThatOfTheUpperTriangle) {
 }
 
 TEST(GeneralizedEigen, PassesOnThatBIsNotPositiveDefinite) {
-    const Pencil refused(identity(2), {2, 2, {4, 0, 0, 0}}, nullptr);
-    EXPECT_EQ(refused.status, 1);
-    EXPECT_EQ(refused.values[0], 2);
-    EXPECT_EQ(refused.block, nullptr);
-    EXPECT_EQ(refused.rotations, -1);
+    const auto& [block, values, rotations, status] =
+        Pencil(identity(2), {2, 2, {4, 0, 0, 0}}, nullptr);
+    EXPECT_EQ(std::tuple(status, values[0], block, rotations), std::tuple(1, 2.0, nullptr, -1));
 }
 
 TEST(GeneralizedEigen, ReportsThatAFactorOfNoNumbersHasNoVectors) {
@@ -197,86 +190,76 @@ TEST(GeneralizedEigen, ReportsThatAFactorOfNoNumbersHasNoVectors) {
 }
 
 TEST(PowerIteration, FindsTheDominantPair) {
-    double value, vector[2];
-    const auto not_converged = [&](Matrix a, int iterations) {
-        const double start[2] = {1, 1};
-        int status;
-        NR_ask_max_eigen_val_vec(a.rows(), a.pointers(), iterations, start, &value, vector,
-                                 &status);
-        return status;
+    const struct {
+        Matrix a;
+        int iterations, not_converged;
+        double value;
+        std::array<double, 2> vector;
+    } rows[] = {
+        {{2, 2, {3, 0, 0, 1}}, 100, 0, 3, {1, std::pow(3.0, -12)}},  // half of what it changed by
+        // A first vector has nothing to be compared with.
+        {{2, 2, {3, 0, 0, 1}}, 1, 1, 3, {1, 1.0 / 3.0}},
+        {{2, 2, {3, 0, 0, 1}}, 0, 1, 0, {1, 1}},
+        {{2, 2, {1, 1, -1, -1}}, 1, 1, 2, {1, -1}},  // the first of equals
+        // The vectors go to (-1 + 2 * 0.9^k, 1), where they are about the root of 2 long.
+        {{2, 2, {2.7, -0.3, 0, 3}}, 200, 0, 3, {-1 + 2 * std::pow(0.9, 92), 1}},
+        {{2, 2, {0, -2, 2, 0}}, 50, 1, 2, {1, 1}},
+        {{2, 2, {-2, 0, 0, -2}}, 2, 0, -2, {1, 1}},
+        {{1, 1, {-5}}, 2, 0, -5, {1, 7}},
+        {{0, 0}, 1, 1, 0, {7, 7}},
     };
-    const Matrix stretching(2, 2, {3, 0, 0, 1});
-    EXPECT_EQ(not_converged(stretching, 100), 0);
-    EXPECT_EQ(value, 3);
-    EXPECT_EQ(vector[0], 1);
-    EXPECT_DOUBLE_EQ(vector[1], std::pow(3.0, -12));  // half of what it changed by
-    EXPECT_EQ(not_converged(stretching, 1), 1);  // a first vector has nothing to be compared with
-    EXPECT_EQ(vector[1], 1.0 / 3.0);
-    EXPECT_EQ(not_converged(stretching, 0), 1);
-    EXPECT_EQ(value, 0);
-    EXPECT_EQ(not_converged({0, 0}, 1), 1);
-    EXPECT_EQ(value, 0);
-    EXPECT_EQ(not_converged({2, 2, {1, 1, -1, -1}}, 1), 1);
-    EXPECT_EQ(value, 2) << "the first of equals";
-    EXPECT_EQ(not_converged({1, 1, {-5}}, 2), 0);
-    EXPECT_EQ(value, -5);
-    // The vectors go to (-1 + 2 * 0.9^k, 1); the length of the one before is about the root of 2.
-    EXPECT_EQ(not_converged({2, 2, {2.7, -0.3, 0, 3}}, 200), 0);
-    EXPECT_NEAR(vector[0], -1 + 2 * std::pow(0.9, 92), 1e-9);
-    EXPECT_EQ(not_converged({2, 2, {0, -2, 2, 0}}, 50), 1);
-    EXPECT_EQ(not_converged({2, 2, {-2, 0, 0, -2}}, 2), 0);
-    EXPECT_EQ(value, -2);
+    for (auto [a, iterations, not_converged, value, expected] : rows) {
+        SCOPED_TRACE(testing::PrintToString(std::vector(a.begin(), a.end())));
+        const double start[2] = {1, 1};
+        double found = 7, vector[2] = {7, 7};
+        int status = 7;
+        NR_ask_max_eigen_val_vec(a.rows(), a.pointers(), iterations, start, &found, vector,
+                                 &status);
+        EXPECT_EQ(std::pair(status, found), std::pair(not_converged, value));
+        for (const int k : {0, 1})
+            EXPECT_NEAR(vector[k], expected[k], 1e-13);
+    }
 }
+
+struct CholeskyFactor {
+    explicit CholeskyFactor(const Matrix& m) : a(m), p(m.rows()) {
+        NR_cholesky_decomp(m.rows(), a.flat(), p.data(), &status);
+    }
+    Matrix a;
+    std::vector<double> p;
+    int status = -1;
+};
 
 TEST(Cholesky, FactorInverseAndSolutionAgree) {
     Random random;
-    for (const int n : {1, 2, 5, 12}) {
+    for (const int n : {0, 1, 2, 5, 12}) {
         const Matrix spd = random_definite(random, n, 1.0);
-        Matrix a = spd;
-        std::vector<double> p(n);
-        int status = -1;
-        NR_cholesky_decomp(n, a.flat(), p.data(), &status);
-        ASSERT_EQ(status, 0);
-        Matrix l = a;
-        NR_matrix_2d_as_1d_init_zero_ut(l.flat(), n);
-        Matrix untouched = spd;
-        for (int i = 0; i < n; ++i) {
-            l(i, i) = p[i];
-            std::copy_n(a.pointers()[i], i, untouched.pointers()[i]);
-        }
-        EXPECT_EQ(a, untouched);  // on the diagonal and above
-        EXPECT_LT(distance(l * transposed(l), spd), 1e-13 * n);
+        CholeskyFactor f(spd);
+        ASSERT_EQ(f.status, 0);
+        const auto below = [&](const Matrix& beside) {
+            return made_of(n, n, [&](int i, int j) { return (i > j ? f.a : beside)(i, j); });
+        };
+        EXPECT_EQ(f.a, below(spd)) << "on the diagonal and above";
+        const Matrix l = below(diagonal(f.p));
+        EXPECT_LE(distance(l * transposed(l), spd), 1e-13 * n);
 
-        Matrix inverse = a;
-        NR_cholesky_inverse(n, p.data(), inverse.flat());
+        Matrix inverse = f.a;
+        NR_cholesky_inverse(n, f.p.data(), inverse.flat());
         NR_matrix_2d_as_1d_init_zero_ut(inverse.flat(), n);
         EXPECT_LT(distance(l * inverse, identity(n)), 1e-12);
 
         // All unknowns but the first are those of the whole system; the first is that of L x = b.
         Matrix b = random_matrix(random, n, 1), x(n, 1);
-        EXPECT_EQ(NR_cholesky_solver(a.flat(), n, p.data(), b.flat(), x.flat()), 0);
-        Matrix expected = transposed(inverse) * (inverse * b);
-        expected(0, 0) = (inverse * b)(0, 0);
-        EXPECT_LT(distance(x, expected), 1e-11);
+        EXPECT_EQ(NR_cholesky_solver(f.a.flat(), n, f.p.data(), b.flat(), x.flat()), 0);
+        const Matrix half = inverse * b, whole = transposed(inverse) * half;
+        for (int i = 0; i < n; ++i)
+            EXPECT_NEAR(x(i, 0), (i == 0 ? half : whole)(i, 0), 1e-11);
     }
-}
-
-TEST(Cholesky, OfNoUnknownsTouchesNothing) {
-    int status = -1;
-    NR_cholesky_decomp(0, nullptr, nullptr, &status);
-    NR_cholesky_inverse(0, nullptr, nullptr);
-    NR_cholesky_solver(nullptr, 0, nullptr, nullptr, nullptr);
-    EXPECT_EQ(status, 0);
 }
 
 TEST(Cholesky, RefusesRemaindersBelowItsBound) {
-    for (const double last : {1e-10, std::nextafter(1e-10, 0.0)}) {
-        Matrix a(2, 2, {1, 0, 0, last});
-        double p[2];
-        int status;
-        NR_cholesky_decomp(2, a.flat(), p, &status);
-        EXPECT_EQ(status, last < 1e-10);
-    }
+    for (const double last : {1e-10, std::nextafter(1e-10, 0.0)})
+        EXPECT_EQ(CholeskyFactor({2, 2, {1, 0, 0, last}}).status, last < 1e-10);
 }
 
 TEST(MatrixHelpers, FillTransposeAndMultiplyInBothForms) {

@@ -22,17 +22,33 @@ TEST(SolveThreeEquations, RefusesOnlyAnExactlyZeroDeterminant) {
     EXPECT_DOUBLE_EQ(x[2], 3e100);
 }
 
+/// What a decomposition leaves of a matrix, whose exchanges are 7 before.
+struct Factors {
+    Matrix a;
+    std::vector<int> exchanges = std::vector<int>(a.rows(), 7);
+    double sign = 1.0;
+    int status = 0;
+
+    bool operator==(const Factors&) const = default;
+};
+
+Factors decomposed(const Matrix& a) {
+    Factors f{a};
+    f.sign = 0.0;
+    f.status = ludcmp_a(f.a.pointers(), a.rows(), f.exchanges.data(), &f.sign);
+    return f;
+}
+
 /// Crout's decomposition with inner products, element by element: the rule that the library's
 /// panels must reproduce bit for bit.
-void decompose_by_columns(Matrix& a, std::vector<int>& exchanges, double& sign) {
+Factors decomposed_by_columns(Factors f) {
+    auto& [a, exchanges, sign, status] = f;
     const int n = a.rows();
     std::vector<double> scale(n);
-    sign = 1.0;
     for (int i = 0; i < n; ++i) {
-        double largest = 0.0;
         for (int j = 0; j < n; ++j)
-            largest = std::max(largest, std::fabs(a(i, j)));
-        scale[i] = 1.0 / largest;
+            scale[i] = std::max(scale[i], std::fabs(a(i, j)));
+        scale[i] = 1.0 / scale[i];
     }
     for (int j = 0; j < n; ++j) {
         double merit = 0.0;
@@ -53,43 +69,28 @@ void decompose_by_columns(Matrix& a, std::vector<int>& exchanges, double& sign) 
         for (int i = j + 1; i < n; ++i)
             a(i, j) *= 1.0 / a(j, j);
     }
+    return f;
 }
 
 TEST(LuDecomposition, HasTheBitsOfCroutsInnerProducts) {
     Random random;
     for (const int n : {1, 2, 3, 4, 5, 7, 8, 9, 16, 31, 32, 33, 35, 64, 67, 97}) {
-        Matrix expected = random_matrix(random, n, n);
+        Matrix a = random_matrix(random, n, n);
         if (n > 8)
             for (int j = 0; j < n; ++j)
-                expected(n / 2, j) = 2 * expected(1, j);  // ties, zero pivots
-        Matrix a = expected;
-        std::vector<int> expected_exchanges(n), exchanges(n);
-        double expected_sign, sign;
-        decompose_by_columns(expected, expected_exchanges, expected_sign);
-        EXPECT_EQ(ludcmp_a(a.pointers(), n, exchanges.data(), &sign), 0);
-        EXPECT_EQ(a, expected) << "n = " << n;
-        EXPECT_EQ(exchanges, expected_exchanges);
-        EXPECT_EQ(sign, expected_sign);
+                a(n / 2, j) = 2 * a(1, j);  // ties, zero pivots
+        EXPECT_EQ(decomposed(a), decomposed_by_columns({a})) << "n = " << n;
     }
 }
 
 TEST(LuDecomposition, ReportsAZeroRowAndReplacesAZeroPivot) {
-    int exchanges[2] = {7, 7};
-    double sign = 0.0;
-    Matrix zero_row(2, 2, {1, 2, 0, 0});
-    const Matrix before = zero_row;
-    EXPECT_EQ(ludcmp_a(zero_row.pointers(), 2, exchanges, &sign), 1);
-    EXPECT_EQ(zero_row, before);
-    EXPECT_EQ(sign, 1.0);
-    EXPECT_EQ(exchanges[0], 7);
-    Matrix b = before;
+    const Matrix a(2, 2, {1, 2, 0, 0});
+    EXPECT_EQ(decomposed(a), (Factors{a, {7, 7}, 1.0, 1}));
+    Matrix zero_row = a, b = a;
     EXPECT_EQ(SOLVE_lu_solver(zero_row.pointers(), b.pointers(), 2, 2), 1);
-    EXPECT_EQ(b, before);
-
-    Matrix singular(2, 2, {1, 1, 1, 1});
-    EXPECT_EQ(ludcmp_a(singular.pointers(), 2, exchanges, &sign), 0);
-    EXPECT_EQ(exchanges[0], 1);  // the last of equally good pivots
-    EXPECT_EQ(singular(1, 1), 1e-20);
+    EXPECT_EQ(b, a);
+    // The last of equally good pivots is taken.
+    EXPECT_EQ(decomposed({2, 2, {1, 1, 1, 1}}), (Factors{{2, 2, {1, 1, 1, 1e-20}}, {1, 1}, -1.0}));
 }
 
 TEST(LuSubstitution, LeavesResidualsAtTheRoundingLevel) {

@@ -18,6 +18,8 @@ class Matrix {
     double& operator()(int i, int j) { return elements_[at(i, j)]; }
     double operator()(int i, int j) const { return elements_[at(i, j)]; }
     double* flat() { return elements_.data(); }
+    auto begin() const { return elements_.begin(); }
+    auto end() const { return elements_.end(); }
     double** pointers() {
         pointers_.resize(rows_);
         for (int i = 0; i < rows_; ++i)
@@ -34,41 +36,37 @@ class Matrix {
     std::vector<double*> pointers_;
 };
 
-inline Matrix random_matrix(Random& random, int rows, int columns) {
+/// The matrix whose elements a function of row and column gives, row after row.
+template <class Element>
+Matrix made_of(int rows, int columns, Element element) {
     Matrix m(rows, columns);
     for (int i = 0; i < rows; ++i)
         for (int j = 0; j < columns; ++j)
-            m(i, j) = random.normal();
+            m(i, j) = element(i, j);
     return m;
 }
 
+inline Matrix random_matrix(Random& random, int rows, int columns) {
+    return made_of(rows, columns, [&](int, int) { return random.normal(); });
+}
+
 inline Matrix transposed(const Matrix& a) {
-    Matrix t(a.columns(), a.rows());
-    for (int i = 0; i < a.rows(); ++i)
-        for (int j = 0; j < a.columns(); ++j)
-            t(j, i) = a(i, j);
-    return t;
+    return made_of(a.columns(), a.rows(), [&](int i, int j) { return a(j, i); });
 }
 
 /// The product, each element summed in extended precision.
 inline Matrix operator*(const Matrix& a, const Matrix& b) {
-    Matrix product(a.rows(), b.columns());
-    for (int i = 0; i < a.rows(); ++i)
-        for (int j = 0; j < b.columns(); ++j) {
-            long double sum = 0;
-            for (int k = 0; k < a.columns(); ++k)
-                sum += static_cast<long double>(a(i, k)) * b(k, j);
-            product(i, j) = static_cast<double>(sum);
-        }
-    return product;
+    return made_of(a.rows(), b.columns(), [&](int i, int j) {
+        long double sum = 0;
+        for (int k = 0; k < a.columns(); ++k)
+            sum += static_cast<long double>(a(i, k)) * b(k, j);
+        return static_cast<double>(sum);
+    });
 }
 
 inline Matrix diagonal(const std::vector<double>& values) {
     const int n = static_cast<int>(values.size());
-    Matrix m(n, n);
-    for (int i = 0; i < n; ++i)
-        m(i, i) = values[i];
-    return m;
+    return made_of(n, n, [&](int i, int j) { return i == j ? values[i] : 0.0; });
 }
 
 inline Matrix identity(int n) {
@@ -77,23 +75,15 @@ inline Matrix identity(int n) {
 
 /// A symmetric matrix whose eigenvalues are all `least` or above.
 inline Matrix random_definite(Random& random, int n, double least) {
-    const Matrix r = random_matrix(random, n, n);
-    Matrix m = r * transposed(r);
-    for (int i = 0; i < n; ++i)
-        m(i, i) += least;
-    return m;
+    const Matrix r = random_matrix(random, n, n), m = r * transposed(r);
+    return made_of(n, n, [&](int i, int j) { return m(i, j) + (i == j ? least : 0.0); });
 }
 
 /// The largest absolute difference of elements; no number where one is none.
 inline double distance(const Matrix& a, const Matrix& b) {
-    double largest = 0.0;
-    for (int i = 0; i < a.rows(); ++i)
-        for (int j = 0; j < a.columns(); ++j) {
-            const double difference = std::fabs(a(i, j) - b(i, j));
-            if (std::isnan(difference)) return difference;
-            largest = std::fmax(largest, difference);
-        }
-    return largest;
+    const auto apart = [](double x, double y) { return std::fabs(x - y); };
+    const auto larger = [](double x, double y) { return std::isnan(x) || x > y ? x : y; };
+    return std::inner_product(a.begin(), a.end(), b.begin(), 0.0, larger, apart);
 }
 
 }  // namespace ztmath_test

@@ -1,6 +1,8 @@
 // Real roots of polynomials: the closed forms and Laguerre's method.
 #include "ztmath/roots.h"
 
+#include <complex>
+
 #include "support/random.h"
 #include "support/reports.h"
 #include "support/shared_block.h"
@@ -49,86 +51,73 @@ Roots iterated(const Roots& coeffs) {
 
 // ---- Polynomials made from their roots
 
-struct Factored {
-    Roots real;
-    std::vector<std::array<double, 2>> pairs;  // real and imaginary part
+/// Zeros of a polynomial; one that is not real stands for its conjugate as well.
+using Zeros = std::vector<std::complex<double>>;
 
-    double largest() const {
-        double size = 0.0;
-        for (const double x : real)
-            size = std::max(size, std::fabs(x));
-        for (const auto& [re, im] : pairs)
-            size = std::max(size, std::hypot(re, im));
-        return size;
-    }
-};
-
-using Long = std::vector<long double>;
-
-void multiply(Long& p, const Long& factor) {
-    Long product(p.size() + factor.size() - 1, 0.0L);
-    for (std::size_t i = 0; i < p.size(); ++i)
-        for (std::size_t j = 0; j < factor.size(); ++j)
-            product[i + j] += p[i] * factor[j];
-    p = product;
+Roots real_ones(const Zeros& zeros) {
+    Roots x;
+    for (const auto& zero : zeros)
+        if (zero.imag() == 0.0) x.push_back(zero.real());
+    return x;
 }
 
-Roots expanded(const Factored& f, double leading) {
-    Long p{leading};
-    for (const long double x : f.real)
-        multiply(p, {-x, 1.0L});
-    for (const auto& [re, im] : f.pairs) {
-        const long double a = re, b = im;
-        multiply(p, {a * a + b * b, -2.0L * a, 1.0L});
+Roots expanded(const Zeros& zeros, double leading = 1.0) {
+    std::vector<long double> p{leading};
+    for (const std::complex<long double> zero : zeros) {
+        const bool is_pair = zero.imag() != 0.0L;
+        const std::vector factor = is_pair ? std::vector{std::norm(zero), -2.0L * zero.real(), 1.0L}
+                                           : std::vector{-zero.real(), 1.0L};
+        std::vector<long double> product(p.size() + factor.size() - 1);
+        for (std::size_t i = 0; i < p.size(); ++i)
+            for (std::size_t j = 0; j < factor.size(); ++j)
+                product[i + j] += p[i] * factor[j];
+        p = product;
     }
     return {p.begin(), p.end()};
 }
 
-double dyadic(double x) {
-    return std::round(x * 64.0) / 64.0;
-}
-
-Roots separated(Random& random, int count) {
-    Roots x;
+Zeros separated(Random& random, int count) {
+    Zeros x;
     while (static_cast<int>(x.size()) < count) {
-        const double candidate = dyadic(random.uniform(-10.0, 10.0));
+        const double candidate = std::round(random.uniform(-10.0, 10.0) * 64.0) / 64.0;
         if (std::all_of(x.begin(), x.end(),
-                        [=](double other) { return std::fabs(candidate - other) > 0.5; }))
-            x.push_back(candidate);
+                        [=](auto other) { return std::abs(candidate - other) > 0.5; }))
+            x.emplace_back(candidate);
     }
     return x;
 }
 
-Factored with_copies(Random& random, int degree, int copies) {
-    Factored f{separated(random, degree), {}};
-    std::fill_n(f.real.begin(), copies, f.real[0]);
-    return f;
+Zeros with_copies(Random& random, int degree, int copies) {
+    Zeros x = separated(random, degree);
+    std::fill_n(x.begin(), copies, x[0]);
+    return x;
 }
 
-Factored with_pairs(Random& random, int degree, int pairs) {
-    Factored f{separated(random, degree - 2 * pairs), {}};
-    for (int i = 0; i < pairs; ++i)
-        f.pairs.push_back({random.uniform(-10.0, 10.0), random.uniform(0.5, 10.0)});
-    return f;
+Zeros with_pairs(Random& random, int degree, int pairs) {
+    Zeros x = separated(random, degree - 2 * pairs);
+    for (int i = 0; i < pairs; ++i) {
+        const double real = random.uniform(-10.0, 10.0);
+        x.emplace_back(real, random.uniform(0.5, 10.0));
+    }
+    return x;
 }
 
-Factored scaled(Random& random, int degree) {
-    Factored f;
-    for (int i = 0; i < degree; ++i)
-        f.real.push_back(
-            std::copysign(std::pow(10.0, random.uniform(-8, 8)), random.uniform(-1, 1)));
-    return f;
+Zeros scaled(Random& random, int degree) {
+    Zeros x(degree);
+    for (auto& zero : x)
+        zero = std::copysign(std::pow(10.0, random.uniform(-8, 8)), random.uniform(-1, 1));
+    return x;
 }
 
-Factored clustered(Random& random, int degree) {
-    Factored f{separated(random, degree), {}};
-    f.real[1] = f.real[0] * 1.0001;
-    return f;
+Zeros clustered(Random& random, int degree) {
+    Zeros x = separated(random, degree);
+    x[1] = x[0] * 1.0001;
+    return x;
 }
 
 /// With the lowest degree and the errors of both solvers: of the closed forms relative to the
 /// largest root, the measure in which they are accurate, of the iteration relative to each root.
-const std::tuple<const char*, int, double, double, Factored (*)(Random&, int degree)> classes[] = {
+const std::tuple<const char*, int, double, double, Zeros (*)(Random&, int degree)> classes[] = {
     {"separated", 2, 1e-11, 1e-11, [](Random& r, int d) { return with_pairs(r, d, 0); }},
     {"complex pair", 2, 1e-9, 1e-10, [](Random& r, int d) { return with_pairs(r, d, 1); }},
     {"two complex pairs", 4, 0.0, 0.0, [](Random& r, int d) { return with_pairs(r, d, 2); }},
@@ -156,16 +145,20 @@ TEST(PolynomialRoots, OfKnownRootsAreFoundWithTheirNumber) {
     for (const auto& [name, lowest_degree, closed_error, iterated_error, make] : classes)
         for (int degree = lowest_degree; degree <= 4; ++degree)
             for (int round = 0; round < rounds(300); ++round) {
-                const Factored f = make(random, degree);
-                const Roots coeffs = expanded(f, round % 2 == 0 ? 1.0 : -2.5);
+                const Zeros zeros = make(random, degree);
+                const Roots coeffs = expanded(zeros, round % 2 == 0 ? 1.0 : -2.5);
+                const Roots roots = real_ones(zeros);
                 const Roots by_form = closed(coeffs);
                 const Roots by_iteration = iterated(coeffs);
                 SCOPED_TRACE(std::string(name) + ", coefficients " +
                              ::testing::PrintToString(coeffs));
-                ASSERT_EQ(by_form.size(), f.real.size());
-                ASSERT_EQ(by_iteration.size(), f.real.size());
-                expect_near(by_form, f.real, closed_error, f.largest());
-                expect_near(by_iteration, f.real, iterated_error, 0.0);
+                ASSERT_EQ(by_form.size(), roots.size());
+                ASSERT_EQ(by_iteration.size(), roots.size());
+                double largest = 0.0;
+                for (const auto& zero : zeros)
+                    largest = std::max(largest, std::abs(zero));
+                expect_near(by_form, roots, closed_error, largest);
+                expect_near(by_iteration, roots, iterated_error, 0.0);
                 ASSERT_FALSE(HasFailure());
             }
 }
@@ -193,26 +186,25 @@ TEST(ClosedForms, GiveExactRootsInTheirOrder) {
         {{4, 0, -5, 0, 1}, {2, -2, 1, -1}},
         {{-4, 0, 3, 0, 1}, {1, -1}},
         // In mirror image around their mean, a root: the outer two, then the mean twice.
-        {expanded({{2, 4, 3, 3}, {}}, 1.0), {2, 4, 3, 3}},
+        {expanded({2, 4, 3, 3}), {2, 4, 3, 3}},
         // To the last digit, which the factors only have when they have been improved.
-        {expanded({{0x1p-22, 0x1p-6, 0x1p-3, 8}, {}}, 1.0), {8, 0x1p-3, 0x1p-6, 0x1p-22}},
-        {expanded({{5, 15}, {{10 + 0x1p-36, 4}}}, 1.0), {15, 5}},
-        {expanded({{126, 130}, {{128 + 0x1p-7, 7.5}}}, 1.0), {130, 126}},
-        {expanded({{95, 97}, {{96.25, 3}}}, 1.0), {97, 95}},
-        {expanded({{2043, 2053}, {{2049, 3}}}, 1.0), {2053, 2043}},
-        {expanded({{56.5, 71.5}, {{64.125, 2}}}, 1.0), {71.5, 56.5}},
-        {expanded({{-1, 1.25, 9, 11.25}, {}}, 1.0), {11.25, -1, 9, 1.25}},
-        {expanded({{-2, 4 + 0x1p-39, 6 + 0x1p-39, 12}, {}}, 1.0),
-         {6 + 0x1p-39, 4 + 0x1p-39, 12, -2}},
-        {expanded({{-7, 8, 8, 8 + 0x1p-21}, {}}, 1.0), {8, 8, 8 + 0x1p-21, -7}},
-        {expanded({{-9.5, -5, -5 + 0x1p-16, -0.5}, {}}, 1.0), {-0.5, -5 + 0x1p-16, -5, -9.5}},
+        {expanded({0x1p-22, 0x1p-6, 0x1p-3, 8}), {8, 0x1p-3, 0x1p-6, 0x1p-22}},
+        {expanded({5, 15, {10 + 0x1p-36, 4}}), {15, 5}},
+        {expanded({126, 130, {128 + 0x1p-7, 7.5}}), {130, 126}},
+        {expanded({95, 97, {96.25, 3}}), {97, 95}},
+        {expanded({2043, 2053, {2049, 3}}), {2053, 2043}},
+        {expanded({56.5, 71.5, {64.125, 2}}), {71.5, 56.5}},
+        {expanded({-1, 1.25, 9, 11.25}), {11.25, -1, 9, 1.25}},
+        {expanded({-2, 4 + 0x1p-39, 6 + 0x1p-39, 12}), {6 + 0x1p-39, 4 + 0x1p-39, 12, -2}},
+        {expanded({-7, 8, 8, 8 + 0x1p-21}), {8, 8, 8 + 0x1p-21, -7}},
+        {expanded({-9.5, -5, -5 + 0x1p-16, -0.5}), {-0.5, -5 + 0x1p-16, -5, -9.5}},
         // A pair apart by less than rounding may make of it is one root twice.
-        {expanded({{8 + 0x1p-18, 8 - 0x1p-18}, {{-8, 1}}}, 1.0), {8, 8}},
+        {expanded({8 + 0x1p-18, 8 - 0x1p-18, {-8, 1}}), {8, 8}},
     };
     for (const auto& [coeffs, roots] : rows)
         EXPECT_EQ(closed(coeffs), roots) << ::testing::PrintToString(coeffs);
     // A cubic's own coefficients are exact to the last digits.
-    EXPECT_EQ(closed(expanded({{1}, {{3, 3.2e-6}}}, 1.0)).size(), 1u);
+    EXPECT_EQ(closed(expanded({1, {3, 3.2e-6}})).size(), 1u);
     const double small = 0x1p-20;  // of three roots this close on either side the middle one goes
     EXPECT_GT(closed({small - 1, 3 - small, -3, 1})[0], 1);
     // x^4 + q x, moved by 0.1: q is within what the moving costs the discriminant, or is not.
@@ -263,7 +255,7 @@ TEST(ClosedForms, OrderInexactRootsByTheirFormulas) {
     };
     for (const Roots& row : rows)
         for (const double leading : {1.0, -1.0}) {
-            Roots coeffs = expanded({row, {}}, leading);
+            Roots coeffs = expanded({row.begin(), row.end()}, leading);
             const Roots x = closed(coeffs);
             ASSERT_EQ(x.size(), row.size());
             for (std::size_t i = 0; i < row.size(); ++i)
@@ -282,7 +274,7 @@ TEST(Cubic, KeepsDigitsOfOneRootAndStaysAmongNumbersNearATripleOne) {
     Random random;
     for (int round = 0; round < rounds(20000); ++round) {
         const double x = random.uniform(-10.0, 10.0);
-        Roots c = expanded({{x, x, x}, {}}, 1.0);
+        Roots c = expanded({x, x, x});
         for (double& coefficient : c)
             coefficient *= 1.0 + epsilon * random.integer(-3, 3);
         for (const double root : closed(c))
@@ -311,7 +303,7 @@ TEST(Polynomial, LeavesPointsWithoutDirectionAndDropsLeadingCoefficientsUpToTheT
         EXPECT_EQ(iterated(coeffs).size(), count) << testing::PrintToString(coeffs);
     EXPECT_EQ(SOLVE_polynomial(-3, nullptr, nullptr), 0);
     // From 0 on the nearest root is found first, and stands last.
-    const Roots x = iterated(expanded({{-0.75, 1.5, 4}, {}}, 1.0));
+    const Roots x = iterated(expanded({-0.75, 1.5, 4}));
     EXPECT_TRUE(x.size() == 3 && x[0] > x[1] && x[1] > x[2]);
     EXPECT_EQ(iterated({-4, 0, 1}), (Roots{2, -2})) << "of two as near that towards which it adds";
     EXPECT_EQ(iterated({-1, -3, -3, -5}), (Roots{0})) << "between 0 and 3, to and fro: no root";

@@ -157,10 +157,9 @@ TEST(CircleFit, FallsBackOnThreePointsUnlessThePointsAreStraight) {
 TEST(CircleFit, TakesAQuadraticCoefficientUpTo1e19thForALine) {
     for (const double coefficient : {0.99e-19, 1.01e-19}) {
         const double y = 1e18 * coefficient * 100 * std::sqrt(70.0);
-        const Result r = fit(
-            2,
-            {{-2e9, 4 * y + 100}, {-1e9, y - 400}, {0, 600}, {1e9, y - 400}, {2e9, 4 * y + 100}});
-        EXPECT_EQ(r.failed, coefficient < 1e-19);
+        const Points points = {
+            {-2e9, 4 * y + 100}, {-1e9, y - 400}, {0, 600}, {1e9, y - 400}, {2e9, 4 * y + 100}};
+        EXPECT_EQ(fit(2, points).failed, coefficient < 1e-19);
     }
 }
 

@@ -18,13 +18,12 @@ struct Found {
 
 Found find(const Function& f, double x1, double x2, double tolerance) {
     Found found{0};
-    std::pair<const Function&, Found&> data{f, found};
-    const auto call = [](double x, void* both) {
-        auto& [function, course] = *static_cast<decltype(data)*>(both);
-        course.visited.push_back(x);
-        return function(x);
+    Function visiting = [&](double x) {
+        found.visited.push_back(x);
+        return f(x);
     };
-    found.iterations = SOLVE_function_root(call, &data, x1, x2, tolerance, &found.root);
+    const auto call = [](double x, void* data) { return (*static_cast<Function*>(data))(x); };
+    found.iterations = SOLVE_function_root(call, &visiting, x1, x2, tolerance, &found.root);
     return found;
 }
 

@@ -59,8 +59,7 @@ TEST(SvdDecompose, NotesMissingRowsAndWhatCannotConverge) {
                     2);  // what is missing is not read
     EXPECT_EQ(recorder.take(),
               Reports{note("svd", "SVDCMP: You must augment A with extra zero rows")});
-    for (int i = 0; i < 4; ++i)
-        EXPECT_NEAR(f.sorted()[i], padded[i], 1e-12);
+    EXPECT_LT(distance(diagonal(f.sorted()), diagonal(padded)), 1e-12);
     EXPECT_EQ(f.u(2, 2), 1.0);  // the diagonal of the missing row is counted up like any other
     EXPECT_EQ(Factors({3, 3, {1, 2, 3, 4, 5, 6, 0, 0, 5}}, 2).u(2, 2), 6.0);
     recorder.take();
@@ -68,9 +67,7 @@ TEST(SvdDecompose, NotesMissingRowsAndWhatCannotConverge) {
     const Report endless = note("svd", "No convergence in 30 SVDCMP iterations");
     Factors({3, 3, {1, 2, 3, 4, std::nan(""), 6, 7, 8, 10}});
     const Reports reports = recorder.take();
-    ASSERT_FALSE(reports.empty());
-    for (const Report& report : reports)
-        EXPECT_EQ(report, endless);
+    EXPECT_EQ(reports, Reports(std::max<std::size_t>(reports.size(), 1), endless));
     Factors({2, 2, {5e-3, 5e-3, 0, 7e-3}});
     // Neighbours this far above what counts as zero need 29 steps, or one more.
     Factors({2, 2, {1e115, 7e100, 0, 1.0000000000006e115}});

@@ -302,8 +302,7 @@ TEST(Odeint, SaysWhyItStops) {
     EXPECT_EQ(quarter.accepted[0].first, 0.25);
     Course at_once{[](double, const Vector&) { return Vector{HUGE_VAL}; }, {5.0}};
     EXPECT_EQ(at_once.integrate(0.0, 1.0), 4);
-    EXPECT_EQ(at_once.evaluations, 1);
-    EXPECT_EQ(at_once.y[0], 5.0);
+    EXPECT_EQ(std::pair(at_once.evaluations, at_once.y), std::pair(1, Vector{5.0}));
 }
 
 TEST(Odeint, RefusesBadArguments) {
@@ -383,16 +382,15 @@ TEST(Qsimp, IsExactForCubicsAndOfOrderSixWithTheCorrection) {
     for (const double share : {0.99, 1.01})
         EXPECT_EQ(integrate(quartic, 0, 1, share * told / 0.2, 1).status, share < 1);
     // Every division into halves, with all levels made: 2^6 less error.
-    double errors[2];
-    for (int i = 0; i < 2; ++i) {
-        const Integral all = integrate([](double x) { return std::exp(x); }, 0, 4, 0.0, 2 + i);
-        EXPECT_EQ(all.status, 1);
-        EXPECT_EQ(all.evaluations, (4 << (2 + i)) + 1);
-        errors[i] = std::fabs(all.value - (std::exp(4.0) - 1.0));
-    }
-    EXPECT_NEAR(std::log2(errors[0] / errors[1]), 6.0, 0.3);
+    const auto exponential = [](double x) { return std::exp(x); };
+    const auto error = [&](int level) {
+        const Integral all = integrate(exponential, 0, 4, 0.0, level);
+        EXPECT_EQ(std::pair(all.status, all.evaluations), std::pair(1, (4 << level) + 1));
+        return std::fabs(all.value - (std::exp(4.0) - 1.0));
+    };
+    EXPECT_NEAR(std::log2(error(2) / error(3)), 6.0, 0.3);
     // The rounding that is passed over is eight epsilons: this error is nine.
-    EXPECT_EQ(integrate([](double x) { return std::exp(x); }, 0, 3, 0.0, 10).status, 1);
+    EXPECT_EQ(integrate(exponential, 0, 3, 0.0, 10).status, 1);
 }
 
 TEST(Qsimp, GoesOverItAgainWhenTheFirstGuessOfTheSizeWasTooLarge) {
@@ -432,8 +430,7 @@ TEST(Qsimp, SaysWhatIsWrong) {
 
     EXPECT_EQ(integrate(one, 2, 2, 1e-9, 10), (Integral{0, 0.0, 0}));
     const Integral tiny = integrate(one, 1.0, std::nextafter(1.0, 2.0), 1e-9, 1000000);
-    EXPECT_EQ(tiny.status, 0);
-    EXPECT_EQ(tiny.value, std::numeric_limits<double>::epsilon());
+    EXPECT_EQ(std::pair(tiny.status, tiny.value), std::pair(0, 0x1p-52));
 }
 
 }  // namespace

@@ -75,9 +75,8 @@ TEST(FunctionRoot, EndsAtAnExactZeroOrWithTheRootBeforeTheLastStep) {
     EXPECT_EQ(find([](double x) { return x * (4.0 - x); }, 0.0, 4.0, 1e-9).root, 4.0);
     // A jump runs out of iterations.
     const Found last = find([](double x) { return x < 0.3 ? -1.0 : 1e6; }, -1e9, 1e9, 0.0);
-    EXPECT_EQ(last.iterations, -1);
+    EXPECT_EQ(std::pair(last.iterations, last.visited.size()), std::pair(-1, 2UL + 2UL * 20UL));
     EXPECT_NE(last.root, 1e20);
-    EXPECT_EQ(last.visited.size(), 2U + 2U * 20U);
 }
 
 }  // namespace

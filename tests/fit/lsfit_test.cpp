@@ -202,11 +202,12 @@ TEST(Fits, WithoutPointsReportOnceAndZeroTheOutputs) {
     EXPECT_EQ(space.frame.axes, Matrix{});
     EXPECT_EQ((std::array{line.coincident, plane.collinear, space.coincident, space.collinear}),
               (std::array<int, 4>{}));
-    // One point is a point, and so are two in one place.
+    // One point is a point, with the first eigenvector for a normal.
     EXPECT_EQ(Line2d({{4, 5}}).point, (Pair{4, 4}));
-    const Plane same({{4, 5, 6}, {4, 5, 6}});
-    EXPECT_EQ(std::pair(same.point, same.normal), std::pair(Vector{4, 5, 6}, Vector{1, 0, 0}));
-    EXPECT_EQ(same.collinear, 0);
+    const Plane at_point({{4, 5, 6}});
+    EXPECT_EQ(at_point.point, (Vector{4, 5, 6}));
+    EXPECT_EQ(at_point.normal, (Vector{1, 0, 0}));
+    EXPECT_EQ(at_point.collinear, 0);
     EXPECT_EQ(Line3d({{4, 5, 6}}).frame.origin, (Vector{4, 5, 6}));
     EXPECT_EQ(recorder.take(), Reports{});
 }

@@ -22,16 +22,13 @@ TEST(CsysMapCsys, ExpressesAFrameInAnother) {
 TEST(CsysMapCsys, LeavesTheMatrixOfWhatIsNoFrame) {
     const Frame absolute({0, 0, 0}, identity);
     const Matrix untouched = {7, 7, 7, 7, 7, 7, 7, 7, 7};
-    const std::tuple<Matrix, int, Matrix> rows[] = {
-        {{1, 0, 0, 1, 1, 0, 0, 0, 1}, 0, untouched},
-        {{1, 0, 0, 0, 1, 0, 0, 0, -1}, 1, identity},  // made right-handed
-    };
-    for (const auto& [axes, valid, expected] : rows) {
+    const Matrix sheared = {1, 0, 0, 1, 1, 0, 0, 0, 1}, left_handed = {1, 0, 0, 0, 1, 0, 0, 0, -1};
+    for (const Matrix& axes : {sheared, left_handed}) {
         const Frame frame({1, 2, 3}, axes);
         Frame out({7, 7, 7}, untouched);
-        EXPECT_EQ(CSYS_map_csys(frame.data(), absolute.data(), out.data()), valid);
+        EXPECT_EQ(CSYS_map_csys(frame.data(), absolute.data(), out.data()), axes == left_handed);
         EXPECT_EQ(out.origin, frame.origin);
-        EXPECT_EQ(out.axes, expected);
+        EXPECT_EQ(out.axes, axes == left_handed ? identity : untouched);
     }
 }
 

@@ -11,21 +11,25 @@ using namespace ztmath_test;
 
 using System = std::array<double, 12>;
 
-const Report null_vector = raised("mc_math", 17, "tried to unitize null vector");
-const Report singular = raised("mc_math", 17, "zero determinant in linear system");
-const std::string null_vector_line = "\nERROR: zero vector in unitize\n";
-const std::string singular_line = "\nERROR: zero determinant in 3 by 3 system\n";
+/// What is reported, and what comes with it on standard output.
+struct Complaint {
+    std::string report, line;
+};
 
-/// What a call reports; each report comes with its line on standard output.
-Reports reports_of(const std::function<void()>& call) {
-    ReportRecorder recorder;
+const Complaint null_vector = {"tried to unitize null vector", "zero vector in unitize"};
+const Complaint singular = {"zero determinant in linear system",
+                            "zero determinant in 3 by 3 system"};
+
+/// What a call returns that complains or does not.
+template <class Call>
+auto complaining(bool does, const Complaint& complaint, const Call& call) {
+    const ReportRecorder recorder;
     testing::internal::CaptureStdout();
-    call();
-    std::string expected;
-    for (const Report& report : recorder.reports())
-        expected += report == singular ? singular_line : null_vector_line;
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), expected);
-    return recorder.take();
+    const auto result = call();
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              does ? "\nERROR: " + complaint.line + "\n" : "");
+    EXPECT_EQ(recorder.reports(), Reports(does ? 1 : 0, raised("mc_math", 17, complaint.report)));
+    return result;
 }
 
 Vector unitized(Vector v) {
@@ -51,12 +55,9 @@ TEST(McArithmetic, TakesOperandsInTheOrderOfTheNames) {
 }
 
 TEST(McUnitize, ReportsShortVectorsAndDividesThemAllTheSame) {
-    Vector v;
-    for (const double length : {1.0e-4, std::nextafter(1.0e-4, 0), -0.5e-4}) {
-        const Vector start = {0, length, 0};
-        EXPECT_EQ(reports_of([&] { v = unitized(start); }),
-                  Reports(std::fabs(length) < 1.0e-4 ? 1 : 0, null_vector));
-        EXPECT_EQ(v[1], std::copysign(1, length));
+    for (const double y : {1.0e-4, std::nextafter(1.0e-4, 0), -0.5e-4}) {
+        const auto unitize = [y] { return unitized({0, y, 0}); };
+        EXPECT_EQ(complaining(std::fabs(y) < 1.0e-4, null_vector, unitize)[1], std::copysign(1, y));
     }
     const double length = std::sqrt(25.25);
     EXPECT_EQ(unitized({1, 2, 4.5}), (Vector{1 / length, 2 / length, 4.5 / length}));
@@ -99,38 +100,34 @@ TEST(McPerpVec, DividesByALargeComponent) {
 
 TEST(McSolve3, ReportsASmallDeterminantAndDividesByItAllTheSame) {
     const auto diagonal = [](double d) { return System{1, 0, 0, 3, 0, d, 0, 5, 0, 0, 1, 7}; };
-    Vector x;
     for (const double d : {1.0e-8, 0.99e-8, -0.99e-8, 0.0}) {
-        EXPECT_EQ(reports_of([&] { x = written(MC_solve_3, diagonal(d)); }),
-                  Reports(std::fabs(d) < 1.0e-8 ? 1 : 0, singular));
-        EXPECT_EQ(x[1], 5 / d);
+        const auto solve = [&] { return written(MC_solve_3, diagonal(d)); };
+        EXPECT_EQ(complaining(std::fabs(d) < 1.0e-8, singular, solve)[1], 5 / d);
     }
     const ReportRecorder unwinding([](const Report& report) { throw report; });
-    x = {7, 7, 7};
+    Vector x = {7, 7, 7};
     EXPECT_THROW(MC_solve_3(diagonal(0).data(), x.data()), Report);
     EXPECT_EQ(x, (Vector{7, 7, 7})) << "a report that unwinds leaves the output";
     EXPECT_EQ(unwinding.lines().at(0) / 1000, 2) << "in the second of the module's files";
 }
 
 TEST(McDistLines, IsAlongTheCommonPerpendicularUnlessTheProductOfTheDirectionsIsSmall) {
-    const auto distance = [&](const Vector& d1, const Vector& d2, const Vector& p2) {
-        return called(MC_dist_lines, d1, Vector{}, d2, p2);
-    };
-    const Vector x = {1, 0, 0};
     const Vector d1 = {1, 2, 0}, d2 = {-5, 11, 3}, p1 = {1, 1, 1}, p2 = {3, -2, 6};
     EXPECT_DOUBLE_EQ(called(MC_dist_lines, d1, p1, d2, p2), 126 / std::sqrt(486));
     // Crossing lines, unless they are taken for parallel.
+    const auto distance = [&](const Vector& a, const Vector& b, const Vector& between) {
+        return called(MC_dist_lines, a, Vector{}, b, between);
+    };
+    const Vector x = {1, 0, 0};
     EXPECT_NEAR(distance(x, {1, 1.0e-4, 0}, {0, 2, 0}), 0, 1.0e-15);
     EXPECT_EQ(distance(x, {1, 0.99e-4, 0}, {0, 2, 0}), 2);
-    EXPECT_EQ(distance(x, x, {0, 0.99e-4, 0}), 0);
     EXPECT_EQ(distance(x, x, {5, 0.99e-4, 0}), 0) << "apart along the lines only";
     EXPECT_EQ(distance({1000, 0, 0}, x, {0, 0.99e-4, 0}), 0) << "whatever the length of d1";
     EXPECT_NEAR(distance(x, x, {0, 1.0e-4, 0}), 1.0e-4, 1.0e-18);
-    for (const double length : {0.1, 1.0e-3})
-        EXPECT_EQ(reports_of([&] {
-                      EXPECT_DOUBLE_EQ(distance({length, 0, 0}, x, {0, 0.2, 0}), 0.2);
-                  }),
-                  Reports(length < 0.01 ? 1 : 0, null_vector));
+    for (const double length : {0.1, 1.0e-3}) {
+        const auto measure = [&] { return distance({length, 0, 0}, x, {0, 0.2, 0}); };
+        EXPECT_DOUBLE_EQ(complaining(length < 0.01, null_vector, measure), 0.2);
+    }
 }
 
 TEST(McPlanes, MeasureAlongTheFirstNormal) {
@@ -158,8 +155,8 @@ TEST(McProjections, DropPerpendiculars) {
     const Vector x = {1, 0, 0}, origin = {0, 0, 0};
     for (const double off : {1.0e-4, 1.0001e-4})
         EXPECT_EQ(called(MC_q_point_on_line, Vector{5, 0, off}, x, origin), off == 1.0e-4);
-    EXPECT_EQ(reports_of([&] { written(MC_perp_from_line_to_point, x, x, origin); }),
-              Reports{null_vector});
+    complaining(true, null_vector,
+                [&] { return written(MC_perp_from_line_to_point, x, x, origin); });
 }
 
 /// The system that MC_axis_plane_x is to solve when a component of the direction is its pivot.
@@ -190,7 +187,7 @@ TEST(McAxisPlaneX, PivotsOnTheFirstLargestComponent) {
             ASSERT_LT(distance(out, along), 1.0e-11 / std::fabs(dot(direction, n)));
         }
     const Vector in_plane = {1, -1, 0}, n = {1, 1, 5};
-    EXPECT_EQ(reports_of([&] { written(MC_axis_plane_x, in_plane, n, n, 1); }), Reports{singular});
+    complaining(true, singular, [&] { return written(MC_axis_plane_x, in_plane, n, n, 1); });
 }
 
 }  // namespace

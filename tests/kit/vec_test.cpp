@@ -10,26 +10,21 @@ namespace {
 
 using namespace ztmath_test;
 
-constexpr double pi = std::numbers::pi;
-
-double up(double x) {
-    return std::nextafter(x, HUGE_VAL);
-}
-
 /// A vector is null up to a squared length of 1e-20, and the square of 1e-10, rounded, is more.
 const double longest_null = std::nextafter(1.0e-10, 0);
 
 /// Of magnitude 0 is what is too short.
 template <std::size_t N>
 void expect_unitized(int (*unitize)(const double*, double, double*, double*),
-                     const std::array<double, N>& u, double tolerance, double magnitude) {
+                     std::array<double, N> u, double tolerance, double magnitude) {
+    SCOPED_TRACE(testing::PrintToString(u));
     double found = 7;
     std::array<double, N> unit;
-    unit.fill(7);
     EXPECT_EQ(unitize(u.data(), tolerance, &found, unit.data()), magnitude > 0);
-    EXPECT_EQ(found, magnitude) << testing::PrintToString(u);
-    for (std::size_t i = 0; i < N; ++i)
-        EXPECT_EQ(unit[i], magnitude > 0 ? u[i] * (1.0 / magnitude) : 0.0);
+    EXPECT_EQ(found, magnitude);
+    for (double& component : u)
+        component *= magnitude > 0 ? 1.0 / magnitude : 0.0;
+    EXPECT_EQ(unit, u);
 }
 
 TEST(VecUnitize, ComparesSquaresAndMultipliesByTheReciprocal) {
@@ -65,31 +60,27 @@ TEST(VecDirection, ToleranceIsASineOrCosineAndNullVectorsPass) {
     EXPECT_EQ(called(VEC3_is_perpendicular, x, Vector{0, 1, 0}, 0), 1);
 }
 
-TEST(Vec2AskPerpendicular, TurnsByTheLargerComponent) {
-    const Pair rows[][2] = {
+TEST(VecAskPerpendicular, TurnsByTheLargerComponentOrZeroesTheLeastWithItsTies) {
+    const auto expect_perpendicular = [](auto ask, const auto& rows) {
+        for (const auto& [u, expected] : rows) {
+            auto out = u;
+            EXPECT_EQ(ask(u.data(), out.data()), expected != decltype(out){});
+            EXPECT_EQ(out, expected) << testing::PrintToString(u);
+        }
+    };
+    const Pair pairs[][2] = {
         {{-1, 1}, {1, 1}},           {{up(1), 1}, {1, -up(1)}},     {{1, -up(1)}, {up(1), 1}},
         {{longest_null, 0}, {0, 0}}, {{0, 1.0e-10}, {-1.0e-10, 0}},
     };
-    for (const auto& [u, expected] : rows) {
-        Pair out;
-        EXPECT_EQ(VEC2_ask_perpendicular(u.data(), out.data()), expected != Pair{});
-        EXPECT_EQ(out, expected) << testing::PrintToString(u);
-    }
-}
-
-TEST(Vec3AskPerpendicular, ZeroesTheLeastComponentWithItsTies) {
-    const double below = std::nextafter(1e-10, 0);  // the squared length of the last is 1e-20
-    const Vector rows[][2] = {
-        {{1, 2, 3}, {0, 3, -2}},           {{2, 1, 3}, {3, 0, -2}}, {{1, 1, 1}, {1, -1, 0}},
-        {{3, 1, 1}, {-1, 3, 0}},           {{1, 3, 1}, {3, -1, 0}}, {{1, 1, 3}, {3, 0, -1}},
-        {{0, 2, 2}, {0, -2, 2}},           {{2, 0, -2}, {2, 0, 2}}, {{-2, 3, -1}, {3, 2, 0}},
-        {{below, 8.68e-19, 0}, {0, 0, 0}},
+    const Vector vectors[][2] = {
+        {{1, 2, 3}, {0, 3, -2}},  {{2, 1, 3}, {3, 0, -2}},
+        {{1, 1, 1}, {1, -1, 0}},  {{3, 1, 1}, {-1, 3, 0}},
+        {{1, 3, 1}, {3, -1, 0}},  {{1, 1, 3}, {3, 0, -1}},
+        {{0, 2, 2}, {0, -2, 2}},  {{2, 0, -2}, {2, 0, 2}},
+        {{-2, 3, -1}, {3, 2, 0}}, {{longest_null, 8.68e-19, 0}, {0, 0, 0}},
     };
-    for (const auto& [u, expected] : rows) {
-        Vector out;
-        EXPECT_EQ(VEC3_ask_perpendicular(u.data(), out.data()), expected != Vector{});
-        EXPECT_EQ(out, expected) << testing::PrintToString(u);
-    }
+    expect_perpendicular(VEC2_ask_perpendicular, pairs);
+    expect_perpendicular(VEC3_ask_perpendicular, vectors);
 }
 
 TEST(Vec2Components, RebuildTheVectorOrAreInfinite) {
@@ -139,6 +130,11 @@ TEST(Vec3MakeTrihedral, SplitsAlongAndAcross) {
 
 TEST(Vec, AssertsThatInputsAreFinite) {
     const CheckingLevel on(1);
+    Reports expected;
+    for (const char* text : {"VEC2_is_finite (u)", "VEC2_is_finite (u)", "VEC2_is_finite( u )",
+                             "VEC2_is_finite( v )", "VEC3_is_finite (u)", "VEC3_is_finite (u)",
+                             "VEC3_is_finite( u )", "VEC3_is_finite( v )", "VEC3_is_finite( v )"})
+        expected.push_back(assertion(text[3] == '2' ? "vec2" : "vec3", text));
     const double below = std::nextafter(1.0e19, 0);
     const Vector good = {below, -below, 0};
     double a, b;
@@ -155,14 +151,7 @@ TEST(Vec, AssertsThatInputsAreFinite) {
         VEC3_ask_perpendicular(bad.data(), out.data());
         called(VEC3_is_parallel, bad, bad, 1);
         called(VEC3_is_perpendicular, good, bad, 1);
-        EXPECT_EQ(
-            recorder.reports(),
-            (Reports{
-                assertion("vec2", "VEC2_is_finite (u)"), assertion("vec2", "VEC2_is_finite (u)"),
-                assertion("vec2", "VEC2_is_finite( u )"), assertion("vec2", "VEC2_is_finite( v )"),
-                assertion("vec3", "VEC3_is_finite (u)"), assertion("vec3", "VEC3_is_finite (u)"),
-                assertion("vec3", "VEC3_is_finite( u )"), assertion("vec3", "VEC3_is_finite( v )"),
-                assertion("vec3", "VEC3_is_finite( v )")}));
+        EXPECT_EQ(recorder.reports(), expected);
     }
 }
 

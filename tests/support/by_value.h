@@ -40,4 +40,11 @@ Out built(bool expected, Function function, const Values&... values) {
     return out;
 }
 
+/// What a call returns, and makes of an array in place.
+template <class Function, class Value>
+std::pair<int, Value> changed(Function function, Value value) {
+    const int result = function(value.data());
+    return {result, value};
+}
+
 }  // namespace ztmath_test

@@ -1,4 +1,4 @@
-// Rotation matrices for tests, made and judged in extended precision.
+// Numbers and arrays of tests, and random rotations, made in extended precision.
 #pragma once
 
 #include "support/random.h"
@@ -7,6 +7,13 @@ namespace ztmath_test {
 
 using Vector = std::array<double, 3>;
 using Matrix = std::array<double, 9>;
+
+inline constexpr double pi = std::numbers::pi;
+
+/// The next number above.
+inline double up(double x) {
+    return std::nextafter(x, HUGE_VAL);
+}
 
 inline constexpr Matrix identity = {1, 0, 0, 0, 1, 0, 0, 0, 1};
 
@@ -38,34 +45,6 @@ double distance(const std::array<double, N>& a, const std::array<double, N>& b) 
         most = std::fmax(most, difference);
     }
     return most;
-}
-
-/// r[i][j] = sum over k of a[i][k] b[k][j].
-inline Matrix product(const Matrix& a, const Matrix& b) {
-    Matrix r;
-    for (std::size_t i = 0; i < 3; ++i)
-        for (std::size_t j = 0; j < 3; ++j) {
-            long double sum = 0;
-            for (std::size_t k = 0; k < 3; ++k)
-                sum += static_cast<long double>(a[3 * i + k]) * b[3 * k + j];
-            r[3 * i + j] = static_cast<double>(sum);
-        }
-    return r;
-}
-
-inline Matrix transposed(const Matrix& m) {
-    return {m[0], m[3], m[6], m[1], m[4], m[7], m[2], m[5], m[8]};
-}
-
-inline double determinant(const Matrix& m) {
-    return m[0] * (m[4] * m[8] - m[5] * m[7]) - m[1] * (m[3] * m[8] - m[5] * m[6]) +
-           m[2] * (m[3] * m[7] - m[4] * m[6]);
-}
-
-/// How far a matrix is from a right-handed rotation.
-inline double rotation_defect(const Matrix& m) {
-    const double defect = distance(product(m, transposed(m)), identity);
-    return std::fmax(defect, std::fabs(determinant(m) - 1));
 }
 
 }  // namespace ztmath_test

@@ -6,18 +6,22 @@
 
 namespace ztmath_test {
 
-/// Sets the checking level while it lives.
-class CheckingLevel {
+/// Gives a variable a value while it lives, and then what it had before.
+template <class Value>
+class Kept {
   public:
-    explicit CheckingLevel(int level) : before_(MACH__checking_level) {
-        MACH__checking_level = level;
-    }
-    ~CheckingLevel() { MACH__checking_level = before_; }
-    CheckingLevel(const CheckingLevel&) = delete;
-    CheckingLevel& operator=(const CheckingLevel&) = delete;
+    Kept(Value& variable, const Value& value)
+        : variable_(variable), before_(std::exchange(variable, value)) {}
+    ~Kept() { variable_ = before_; }
+    Kept& operator=(Kept&&) = delete;
 
   private:
-    int before_;
+    Value& variable_;
+    const Value before_;
+};
+
+struct CheckingLevel : Kept<int> {
+    explicit CheckingLevel(int level) : Kept(MACH__checking_level, level) {}
 };
 
 /// Fails the test if blocks of the platform are out when it ends that were not when it began.
@@ -25,8 +29,7 @@ class NoBlocksLeft {
   public:
     NoBlocksLeft() : before_(SYSS_block_count()) {}
     ~NoBlocksLeft() { EXPECT_EQ(SYSS_block_count(), before_) << "blocks left over"; }
-    NoBlocksLeft(const NoBlocksLeft&) = delete;
-    NoBlocksLeft& operator=(const NoBlocksLeft&) = delete;
+    NoBlocksLeft& operator=(NoBlocksLeft&&) = delete;
 
   private:
     std::size_t before_;

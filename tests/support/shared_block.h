@@ -1,7 +1,7 @@
 // The shared block in tests.
 #pragma once
 
-#include "support/prelude.h"
+#include "support/session.h"
 #include "ztmath/acom.h"
 
 namespace ztmath_test {
@@ -19,15 +19,8 @@ inline BlockBytes bytes_of(const ZTMATH_acom_t& block = acom_) {
 }
 
 /// Gives the block back as it was.
-class KeepBlock {
-  public:
-    KeepBlock() = default;
-    ~KeepBlock() { acom_ = before_; }
-    KeepBlock(const KeepBlock&) = delete;
-    KeepBlock& operator=(const KeepBlock&) = delete;
-
-  private:
-    ZTMATH_acom_t before_ = acom_;
+struct KeepBlock : Kept<ZTMATH_acom_t> {
+    KeepBlock() : Kept(acom_, acom_) {}
 };
 
 }  // namespace ztmath_test

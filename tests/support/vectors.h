@@ -1,4 +1,4 @@
-// Vectors for tests: the formulas, in extended precision and rounded once.
+// Vectors and matrices for tests: the formulas, in extended precision and rounded once.
 #pragma once
 
 #include "support/rotation.h"
@@ -6,10 +6,8 @@
 namespace ztmath_test {
 
 inline double dot(const Vector& a, const Vector& b) {
-    long double sum = 0;
-    for (std::size_t i = 0; i < 3; ++i)
-        sum += static_cast<long double>(a[i]) * b[i];
-    return static_cast<double>(sum);
+    return static_cast<double>(std::inner_product(a.begin(), a.end(), b.begin(), 0.0L, std::plus(),
+                                                  std::multiplies<long double>()));
 }
 
 inline Vector cross(const Vector& a, const Vector& b) {
@@ -46,6 +44,24 @@ inline Vector random_unit(Random& random) {
 
 inline Vector row(const Matrix& m, std::size_t i) {
     return {m[3 * i], m[3 * i + 1], m[3 * i + 2]};
+}
+
+inline Matrix transposed(const Matrix& m) {
+    return {m[0], m[3], m[6], m[1], m[4], m[7], m[2], m[5], m[8]};
+}
+
+/// r[i][j] = sum over k of a[i][k] b[k][j].
+inline Matrix product(const Matrix& a, const Matrix& b) {
+    Matrix r;
+    for (std::size_t i = 0; i < 9; ++i)
+        r[i] = dot(row(a, i / 3), row(transposed(b), i % 3));
+    return r;
+}
+
+/// How far a matrix is from a right-handed rotation.
+inline double rotation_defect(const Matrix& m) {
+    const double determinant = dot(row(m, 0), cross(row(m, 1), row(m, 2)));
+    return std::fmax(distance(product(m, transposed(m)), identity), std::fabs(determinant - 1));
 }
 
 /// A frame record: origin, then axes.

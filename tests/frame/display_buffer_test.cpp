@@ -12,12 +12,9 @@ Ids buffered() {
     return {acom_.display_ids, acom_.display_ids + std::clamp(acom_.display_count, 0, 512)};
 }
 
-void append(int first, int last) {
-    for (int id = first; id <= last; ++id)
+void append(int first, int count = 1) {
+    for (int id = first; id < first + count; ++id)
         d7391_(&id);
-}
-void append(int id) {
-    append(id, id);
 }
 
 std::vector<Ids> shown;  // what each call of a display function saw

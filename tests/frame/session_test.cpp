@@ -68,19 +68,16 @@ TEST(Settings, GridCountsAndFactorsComeInPairs) {
 TEST(Settings, OutOfRangeAreAssertedWhenCheckingAndStoredAllTheSame) {
     const KeepBlock keep;
     using Counts = std::array<int, 2>;
-    const auto run = [] {
-        for (const int color : {0, 1, 216, 217}) {
-            DISPLAY_set_system_color(color);
-            EXPECT_EQ(DISPLAY_ask_system_color(), color);
-        }
-        for (const int view : {0, -1}) {
-            DISPLAY_set_view_of_last_cursor(view);
-            EXPECT_EQ(DISPLAY_ask_view_of_last_cursor(), view);
-        }
-        for (const int status : {0, 1, 2, -1}) {
-            WCS_set_wcs_display(status);
-            EXPECT_EQ(WCS_ask_wcs_display(), status);
-        }
+    const std::tuple<void (*)(int), int (*)(), std::vector<int>> settings[] = {
+        {DISPLAY_set_system_color, DISPLAY_ask_system_color, {0, 1, 216, 217}},
+        {DISPLAY_set_view_of_last_cursor, DISPLAY_ask_view_of_last_cursor, {0, -1}},
+        {WCS_set_wcs_display, WCS_ask_wcs_display, {0, 1, 2, -1}}};
+    const auto run = [&] {
+        for (const auto& [set, ask, values] : settings)
+            for (const int value : values) {
+                set(value);
+                EXPECT_EQ(ask(), value);
+            }
         for (const Counts& counts : {Counts{-1, 0}, {0, -2}}) {
             PX_set_default_face_grid_counts(counts.data());
             EXPECT_EQ(written<Counts>(PX_ask_default_face_grid_counts), counts);

@@ -31,8 +31,7 @@ Heard call_list(Heard& heard, int at = reason) {
 
 TEST(Listeners, AreToldInTheOrderOfRegistrationForTheirReason) {
     Heard heard;
-    Ear a{"a", &heard};
-    Ear b{"b", &heard};
+    Ear a{"a", &heard}, b{"b", &heard};
     b.add();
     a.add();
     a.add(reason + 1);
@@ -49,9 +48,7 @@ TEST(Listeners, AreToldInTheOrderOfRegistrationForTheirReason) {
 
 TEST(Listeners, MayChangeTheListWhileItIsCalled) {
     Heard heard;
-    Ear added{"added", &heard};
-    Ear removed{"removed", &heard};
-    Ear once{"once", &heard};
+    Ear added{"added", &heard}, removed{"removed", &heard}, once{"once", &heard};
     once.act = [&] {
         once.remove();
         removed.remove();

@@ -1,6 +1,5 @@
 /* Guarded calls made from C, for report_test.cpp. */
-#ifndef GUARDED_FROM_C_H
-#define GUARDED_FROM_C_H
+#pragma once
 
 #include "syss/host.h"
 
@@ -8,7 +7,7 @@
 extern "C" {
 #endif
 
-/* Raises from a C frame inside a guard; *reached counts the statements that ran, 1 in the body
+/* Raises from a C frame inside a guard; *reached grows by the statements that ran, 1 in the body
    before the report and 10 after it. */
 SYSS_outcome_t raise_guarded_in_c(SYSS_failure_t* failure, int* reached);
 
@@ -17,6 +16,4 @@ int leave_by_long_jump_in_c(int code);
 
 #ifdef __cplusplus
 }
-#endif
-
 #endif

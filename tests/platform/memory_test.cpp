@@ -16,8 +16,7 @@ class MemoryLimit {
   public:
     explicit MemoryLimit(std::size_t limit) : before_(SYSS_set_memory_limit(limit)) {}
     ~MemoryLimit() { SYSS_set_memory_limit(before_); }
-    MemoryLimit(const MemoryLimit&) = delete;
-    MemoryLimit& operator=(const MemoryLimit&) = delete;
+    MemoryLimit& operator=(MemoryLimit&&) = delete;
 
   private:
     std::size_t before_;
@@ -68,8 +67,7 @@ TEST(Memory, ResizingKeepsContentsUpToTheSmallerLength) {
         ASSERT_EQ(SM_length(block), length);
         ASSERT_TRUE(std::equal(mirror.begin(), mirror.end(), block));
         mirror.resize(length);
-        for (char& byte : mirror)
-            byte = static_cast<char>(random.integer(0, 255));
+        std::ranges::generate(mirror, [&] { return static_cast<char>(random.integer(0, 255)); });
         std::copy(mirror.begin(), mirror.end(), block);
     }
     SM_free(block);
@@ -78,11 +76,12 @@ TEST(Memory, ResizingKeepsContentsUpToTheSmallerLength) {
 TEST(Memory, AppendingOneByOneMovesABlockSeldom) {
     const NoBlocksLeft watch;
     constexpr std::size_t steps = 4000;
-    std::vector<void*> in_the_way;  // the block cannot grow where it is
+    using Owned = std::unique_ptr<void, void (*)(void*)>;
+    std::vector<Owned> in_the_way;  // the block cannot grow where it is
     void* block = SM_alloc(8);
     int moves = 0;
     for (std::size_t n = 2; n <= steps; ++n) {
-        in_the_way.push_back(SM_alloc(8));
+        in_the_way.emplace_back(SM_alloc(8), SM_free);
         void* grown = SM_realloc(block, 8 * n);
         moves += grown != block;
         block = grown;
@@ -90,8 +89,6 @@ TEST(Memory, AppendingOneByOneMovesABlockSeldom) {
     }
     EXPECT_LT(moves, 40);
     SM_free(block);
-    for (void* other : in_the_way)
-        SM_free(other);
 }
 
 TEST(Memory, SizesBeyondAllMemoryAreRefusedAndLeaveTheBlock) {
@@ -146,11 +143,7 @@ TEST(Memory, ThreadsShareTheBooks) {
         for (std::size_t i = 0; i < 2000; ++i)
             SM_free(SM_realloc(SM_alloc(i % 97), i % 89));
     };
-    {
-        std::vector<std::jthread> threads;
-        for (int i = 0; i < 4; ++i)
-            threads.emplace_back(work);
-    }
+    { const std::jthread a(work), b(work), c(work), d(work); }
     const MemoryLimit limit(10);
     SM_free(SM_alloc(10));  // would be refused if a byte were left in the books
 }

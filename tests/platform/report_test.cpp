@@ -84,8 +84,7 @@ TEST(Guard, TurnsARaisedReportIntoAResult) {
 
 TEST(Guard, NestsAndEndsWithItsCall) {
     const ReportRecorder recorder;
-    SYSS_failure_t inner{};
-    SYSS_failure_t outer{};
+    SYSS_failure_t inner{}, outer{};
     const auto nesting = [&] {
         EXPECT_EQ(guarded([] { ERROR_raise("m", 1, 1, "inner"); }, &inner), SYSS_RAISED);
         ERROR_raise("m", 2, 2, "outer");

@@ -41,36 +41,26 @@ void expect_image(const Transform& m, const Vector& p, const Vector& expected) {
 
 TEST(Mtx4Builders, MakeTransformsThatDoWhatTheySay) {
     const CheckingLevel on(1);
-    ReportRecorder recorder;
+    const ReportRecorder recorder;
     Random random;
     for (int round = 0; round < rounds(2000) && !testing::Test::HasFailure(); ++round) {
-        const Vector point = random.vector();
-        const Vector unit = random_unit(random);
-        const Vector direction = scaled(unit, std::exp(random.uniform(-20, 20)));
-        const Vector p = random.vector();
-
-        const double angle = random.uniform(-400, 400);
-        const Vector across = cross(unit, random_unit(random));
-        const Vector start = moved(moved(point, 2, unit), 1, across);
-        const double radians = angle * std::acos(-1.0) / 180;
-        const Vector end = moved(moved(moved(point, 2, unit), std::cos(radians), across),
-                                 std::sin(radians), cross(unit, across));
-        expect_image(rotation(point, direction, angle), start, end);
-        expect_image(mirror(point, direction), p,
-                     moved(p, 2 * dot(moved(point, -1, p), unit), unit));
-        const Frame from(random);
-        const Frame to(random);
+        const Frame frame(random), from(random), to(random);
+        const Vector direction = scaled(row(frame.axes, 2), std::exp(random.uniform(-20, 20)));
+        const Vector p = random.vector(), factors = random.vector();
+        const double angle = random.uniform(-400, 400), radians = angle * pi / 180;
+        const double c = std::cos(radians), s = std::sin(radians);
+        expect_image(rotation(frame.origin, direction, angle), frame.at(p),
+                     frame.at({c * p[0] - s * p[1], s * p[0] + c * p[1], p[2]}));
+        expect_image(mirror(frame.origin, direction), frame.at(p), frame.at({p[0], p[1], -p[2]}));
         expect_image(motion(from, to), from.at(p), to.at(p));
         expect_image(written<Transform>(MC_calc_csys_to_csys_transform, from, to), from.at(p),
                      to.at(p));
-
-        const Vector factors = random.vector();
-        Vector scaled_up = point;
+        Vector scaled_up = frame.origin;
         for (std::size_t k = 0; k < 3; ++k)
-            scaled_up[k] += factors[k] * (p[k] - point[k]);
-        expect_image(written<Transform>(MTX4_scaling, point, factors), p, scaled_up);
+            scaled_up[k] += factors[k] * (p[k] - frame.origin[k]);
+        expect_image(written<Transform>(MTX4_scaling, frame.origin, factors), p, scaled_up);
     }
-    EXPECT_EQ(recorder.take(), Reports{});
+    EXPECT_EQ(recorder.reports(), Reports{});
 }
 
 TEST(Mtx4Builders, RefuseNullDirections) {
@@ -165,14 +155,14 @@ TEST(Mtx4IsEqual, ComparesElementsAndOrthonormality) {
 }
 
 TEST(Mtx4Repair, ChangesTheBlockOnly) {
-    const CheckingLevel on(1);
-    const ReportRecorder recorder;
     const Transform drifted = {1, 0, 1.0e-11, 3, 0, 1, 0, 5, 0, 0, 1, 7, 9, 11, 13, 15};
     const Transform repaired = {1, 0, 0, 3, 0, 1, 0, 5, 0, 0, 1, 7, 9, 11, 13, 15};
-    for (const auto repair : {MTX4_ortho_normalize, MTX4_fixup})
-        EXPECT_EQ(changed(repair, drifted), (std::pair{1, repaired}));
-    EXPECT_EQ(changed(MTX4_ortho_normalize, repaired), (std::pair{0, repaired}));
-    EXPECT_EQ(recorder.reports(), Reports{});
+    const auto repair_both = [&] {
+        EXPECT_EQ(changed(MTX4_ortho_normalize, drifted), (std::pair{1, repaired}));
+        EXPECT_EQ(changed(MTX4_ortho_normalize, repaired), (std::pair{0, repaired}));
+        EXPECT_EQ(changed(MTX4_fixup, drifted), (std::pair{1, repaired}));
+    };
+    expect_reports_when_checking(repair_both, {});
 }
 
 using Fixed = std::pair<int, Matrix>;

@@ -7,8 +7,6 @@ namespace {
 
 using namespace ztmath_test;
 
-constexpr double pi = std::numbers::pi;
-
 Matrix matrix_of(const Vector& angles) {
     return written<Matrix>(MTX3_init_roll_pitch_yaw, angles[0], angles[1], angles[2]);
 }

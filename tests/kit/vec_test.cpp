@@ -121,11 +121,9 @@ TEST(Vec3AngleBetween, RunsCounterClockwiseAboutTheReference) {
 
 TEST(Vec3MakeTrihedral, SplitsAlongAndAcross) {
     const Vector u = {1, 2, 3}, axis = {0, 0, 1};
-    Vector across, third, along;
-    VEC3_make_trihedral(u.data(), axis.data(), across.data(), third.data(), along.data());
-    EXPECT_EQ(across, (Vector{1, 2, 0}));
-    EXPECT_EQ(third, (Vector{-2, 1, 0}));
-    EXPECT_EQ(along, (Vector{0, 0, 3}));
+    std::array<Vector, 3> made;
+    called(VEC3_make_trihedral, u, axis, made[0].data(), made[1].data(), made[2].data());
+    EXPECT_EQ(made, (std::array<Vector, 3>{{{1, 2, 0}, {-2, 1, 0}, {0, 0, 3}}}));
 }
 
 TEST(Vec, AssertsThatInputsAreFinite) {

@@ -48,25 +48,22 @@ TEST(CurveProperties, OfTwistedCubics) {
 }
 
 TEST(CurveProperties, OfDegenerateCurvesAreZero) {
-    const struct {
-        double speed, across;  // d1 along x, d2 along y
-        bool moving, has_torsion, has_frame;
-    } cases[] = {{9.9e-11, 1, false, false, false}, {1e-10, 1, true, true, true},
-                 {1, 9.9e-11, true, false, false},  {1, 1e-10, true, true, true},
-                 {1e3, 9.9e-5, true, true, false},  {9.9e-6, 1e-5, true, false, false}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.speed);
-        const double d1[] = {c.speed, 0, 0}, d2[] = {0, c.across, 0}, d3[] = {1, 2, 3};
-        double k[3], variation[3], torsion[3], f[11];
-        EXPECT_EQ(DGEOM_crv_curvature(d1, d2, k) != 0, c.moving);
-        DGEOM_crv_curvature_variation(d1, d2, d3, variation);
-        EXPECT_EQ(variation[2] != 0, c.moving);
-        EXPECT_EQ(DGEOM_crv_torsion(d1, d2, d3, torsion) != 0, c.has_torsion);
-        DGEOM_crv_diff_property(d1, d2, d3, 2, f);  // torsion is wanted by the value 1 alone
-        EXPECT_EQ(f[0] != 0, c.moving);
-        for (const int i : {5, 7, 9})
-            EXPECT_EQ(f[i] != 0, c.has_frame);
-        EXPECT_EQ(f[10], 0);
+    // How long d1 is, along x, and d2, along y; whether it moves, has a torsion, has a frame.
+    const std::tuple<double, double, bool, bool, bool> rows[] = {
+        {9.9e-11, 1, false, false, false}, {1e-10, 1, true, true, true},
+        {1, 9.9e-11, true, false, false},  {1, 1e-10, true, true, true},
+        {1e3, 9.9e-5, true, true, false},  {9.9e-6, 1e-5, true, false, false}};
+    for (const auto& [speed, across, moving, has_torsion, has_frame] : rows) {
+        SCOPED_TRACE(speed);
+        const Vector d1 = {speed, 0, 0}, d2 = {0, across, 0}, d3 = {1, 2, 3};
+        Vector out;
+        EXPECT_EQ(called(DGEOM_crv_curvature, d1, d2, out.data()) != 0, moving);
+        EXPECT_EQ(written(DGEOM_crv_curvature_variation, d1, d2, d3)[2] != 0, moving);
+        EXPECT_EQ(called(DGEOM_crv_torsion, d1, d2, d3, out.data()) != 0, has_torsion);
+        // Torsion is wanted by the value 1 alone.
+        const auto f = written<std::array<double, 11>>(DGEOM_crv_diff_property, d1, d2, d3, 2);
+        EXPECT_EQ((std::array{f[0] != 0, f[5] != 0, f[7] != 0, f[9] != 0, f[10] != 0}),
+                  (std::array{moving, has_frame, has_frame, has_frame, false}));
     }
     double out[3] = {7, 7, 7};
     for (const auto convert : {DGEOM_convert_crvatr_to_radius, DGEOM_convert_radius_to_crvatr})

@@ -15,9 +15,8 @@ struct Words {
     std::variant<double, int> value;
 };
 
-Words gca_words(int first, int last, int value) {
-    const auto from = static_cast<std::size_t>(first), to = static_cast<std::size_t>(last);
-    return {4780 + 4 * from, to - from + 1, value};
+Words gca_words(std::size_t first, std::size_t last, int value) {
+    return {4780 + 4 * first, last - first + 1, value};
 }
 
 // From 1040 on the model scale and the 25 words after it, the tolerances among them.

@@ -33,8 +33,7 @@ TEST(Wcs, IsReadInPieces) {
     Matrix matrix;
     Vector point;
     v6051_(matrix.data(), point.data());
-    EXPECT_EQ(matrix, axes);
-    EXPECT_EQ(point, origin);
+    EXPECT_EQ((std::pair{matrix, point}), (std::pair{axes, origin}));
 
     const BlockBytes expected = bytes_of();
     set_wcs({}, origin);

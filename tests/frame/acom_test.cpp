@@ -31,30 +31,29 @@ const std::vector<Words> set_unless_the_session_is_kept = {
     gca_words(26, 26, 0), gca_words(28, 28, 0), gca_words(30, 50, 0)};
 
 /// Sets a pattern, and tells what the words make of it.
-BlockBytes patterned(const std::vector<std::vector<Words>>& parts) {
+BlockBytes patterned(const std::vector<Words>& words) {
     std::memset(&acom_, 0xA5, sizeof acom_);
     BlockBytes expected = bytes_of();
-    for (const auto& words : parts)
-        for (const auto& [offset, count, value] : words)
-            for (std::size_t i = 0; i < count; ++i)
-                std::visit(
-                    [&, at = offset](auto word) {
-                        std::memcpy(&expected[at + sizeof word * i], &word, sizeof word);
-                    },
-                    value);
+    for (const auto& [offset, count, value] : words)
+        for (std::size_t i = 0; i < count; ++i)
+            std::visit(
+                [&, at = offset](auto word) {
+                    std::memcpy(&expected[at + sizeof word * i], &word, sizeof word);
+                },
+                value);
     return expected;
 }
 
 TEST(SharedBlock, IsInitialisedToTheByteInEveryMode) {
     const KeepBlock keep;
     for (const int mode : {1, 0, 2, -1}) {
-        const std::vector<Words> others =
-            mode == 1 ? std::vector<Words>{} : set_unless_the_session_is_kept;
-        const BlockBytes expected = patterned({set_in_every_mode, others});
+        std::vector<Words> words = set_in_every_mode;
+        if (mode != 1) std::ranges::copy(set_unless_the_session_is_kept, std::back_inserter(words));
+        const BlockBytes expected = patterned(words);
         sys10_(&mode);
         EXPECT_EQ(bytes_of(), expected) << mode;
     }
-    const BlockBytes expected = patterned({{{4260, 20, 0}}});
+    const BlockBytes expected = patterned({{4260, 20, 0}});
     b120a_();
     EXPECT_EQ(bytes_of(), expected);
 }

@@ -129,10 +129,9 @@ TEST(Vec3MakeTrihedral, SplitsAlongAndAcross) {
 TEST(Vec, AssertsThatInputsAreFinite) {
     const CheckingLevel on(1);
     Reports expected;
-    for (const char* text : {"VEC2_is_finite (u)", "VEC2_is_finite (u)", "VEC2_is_finite( u )",
-                             "VEC2_is_finite( v )", "VEC3_is_finite (u)", "VEC3_is_finite (u)",
-                             "VEC3_is_finite( u )", "VEC3_is_finite( v )", "VEC3_is_finite( v )"})
-        expected.push_back(assertion(text[3] == '2' ? "vec2" : "vec3", text));
+    for (const std::string n : {"2", "3"})
+        for (const char* tested : {" (u)", " (u)", "( u )", "( v )", "( v )"})
+            expected.push_back(assertion("vec" + n, "VEC" + n + "_is_finite" + tested));
     const double below = std::nextafter(1.0e19, 0);
     const Vector good = {below, -below, 0};
     double a, b;
@@ -142,7 +141,7 @@ TEST(Vec, AssertsThatInputsAreFinite) {
         Vector out;
         VEC2_unitize(bad.data(), 1, &a, out.data());
         VEC2_ask_perpendicular(bad.data(), out.data());
-        called(VEC2_is_parallel, bad, good, 1);
+        called(VEC2_is_parallel, bad, bad, 1);
         called(VEC2_is_perpendicular, good, bad, 1);
         VEC2_components(bad.data(), good.data(), good.data(), 1, &a, &b);  // asserts nothing
         VEC3_unitize(bad.data(), 1, &a, out.data());

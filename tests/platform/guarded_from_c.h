@@ -7,8 +7,7 @@
 extern "C" {
 #endif
 
-/* Raises from a C frame inside a guard; *reached grows by the statements that ran, 1 in the body
-   before the report and 10 after it. */
+/* Raises from a C frame inside a guard: *reached grows by 1 before the report, by 10 after it. */
 SYSS_outcome_t raise_guarded_in_c(SYSS_failure_t* failure, int* reached);
 
 /* Raises with a handler that leaves by a long jump; returns the code that the handler saw. */

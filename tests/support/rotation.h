@@ -19,14 +19,9 @@ inline constexpr Matrix identity = {1, 0, 0, 0, 1, 0, 0, 0, 1};
 
 /// A rotation drawn uniformly: that of a normal quaternion, rounded once.
 inline Matrix random_rotation(Random& random) {
-    long double q[4];
-    long double squared = 0;
-    for (long double& component : q) {
-        component = random.normal();
-        squared += component * component;
-    }
-    const auto [w, x, y, z] = q;
-    const long double s = 2 / squared;
+    const auto q = random.vector<4>();
+    const long double w = q[0], x = q[1], y = q[2], z = q[3];
+    const long double s = 2 / (w * w + x * x + y * y + z * z);
     const auto entry = [](long double value) { return static_cast<double>(value); };
     return {entry(1 - s * (y * y + z * z)), entry(s * (x * y - z * w)),
             entry(s * (x * z + y * w)),     entry(s * (x * y + z * w)),

@@ -11,12 +11,9 @@ namespace {
 
 using namespace ztmath_test;
 
-void call_body(void* data) {
-    (*static_cast<const std::function<void()>*>(data))();
-}
-
 SYSS_outcome_t guarded(std::function<void()> body, SYSS_failure_t* failure = nullptr) {
-    return SYSS_call_guarded(call_body, &body, failure);
+    const auto call = [](void* data) { (*static_cast<std::function<void()>*>(data))(); };
+    return SYSS_call_guarded(call, &body, failure);
 }
 
 Report told_by(const SYSS_failure_t& failure) {

@@ -20,6 +20,7 @@ class Kept {
     const Value before_;
 };
 
+/// Sets the checking level while it lives.
 struct CheckingLevel : Kept<int> {
     explicit CheckingLevel(int level) : Kept(MACH__checking_level, level) {}
 };

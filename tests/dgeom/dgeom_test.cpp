@@ -37,13 +37,11 @@ TEST(CurveProperties, OfTwistedCubics) {
         expect_same(f[3], {curvature, torsion, f[3][2]});
         EXPECT_NEAR(called(DGEOM_crv_torsion, d1, d2, d3, out.data()), torsion, 1e-12);
         expect_same(out, scaled(normal, -torsion));
-        EXPECT_EQ(called(DGEOM_convert_crvatr_to_radius, k, out.data()), 0);
-        expect_same(out, scaled(normal, 1 / curvature));
-        EXPECT_EQ(called(DGEOM_convert_radius_to_crvatr, out, out.data()), 0);
-        expect_same(out, k);
-        out = written(DGEOM_convert_crvatr_to_deriv2, d1, k);
-        called(DGEOM_crv_curvature, d1, out, out.data());
-        expect_same(out, k);
+        const Vector radius = built<Vector, 0>(true, DGEOM_convert_crvatr_to_radius, k);
+        expect_same(radius, scaled(normal, 1 / curvature));
+        expect_same(built<Vector, 0>(true, DGEOM_convert_radius_to_crvatr, radius), k);
+        expect_same(
+            written(DGEOM_crv_curvature, d1, written(DGEOM_convert_crvatr_to_deriv2, d1, k)), k);
     }
 }
 

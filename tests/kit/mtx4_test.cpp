@@ -77,8 +77,7 @@ TEST(Mtx4Builders, RefuseNullDirections) {
         motion(bad, good, false);
     }
     // Directions that are not perpendicular stand for the absolute axes.
-    const Frame skew({1, 0, 0}, {1, 1, 0, 1, 0, 0});
-    const Frame turned({0, 5, 0}, {0, 1, 0, -1, 0, 0});
+    const Frame skew({1, 0, 0}, {1, 1, 0, 1, 0, 0}), turned({0, 5, 0}, {0, 1, 0, -1, 0, 0});
     expect_image(motion(skew, turned), {3, 0, 0}, {0, 7, 0});
 }
 

@@ -10,7 +10,6 @@ namespace {
 
 using namespace ztmath_test;
 
-constexpr double tols[] = {1e-9, 1e-7};
 constexpr long double degrees = 180 / std::numbers::pi_v<long double>;
 
 /// Counter-clockwise from a to b, in [0, 360).
@@ -34,7 +33,7 @@ Foot foot_on_line(const Pair& p, const Pair& a, const Pair& d, double tol) {
 
 Foot foot_between(const Pair& p, const Pair& a, const Pair& b, int bounded) {
     Foot f;
-    f.distance = ARC_SPLINE_ask_dist_pt_to_line_seg_2d(p.data(), a.data(), b.data(), tols[0],
+    f.distance = ARC_SPLINE_ask_dist_pt_to_line_seg_2d(p.data(), a.data(), b.data(), fine[0],
                                                        bounded, f.foot.data(), &f.parm, &f.side);
     return f;
 }
@@ -92,7 +91,8 @@ TEST(ArcSplinePrimitives, Angles) {
 }
 
 TEST(ArcSplinePrimitives, PointsAndCirclesAgainstCircles) {
-    const Segment circle = made_circle({0, 0}, 4), line = made_straight({0, 0}, {1, 0});
+    const Arc circle({0, 0}, 4);
+    const Segment line = made_straight({0, 0}, {1, 0});
     // The power of the second and third is above 1 and below 2.
     const auto where = ARC_SPLINE_ask_where_is_pt_wrt_circle_2d;
     for (const auto& [y, place] : {std::array{4.25, 1.0}, {4.2, 0}, {3.8, 0}, {3.7, -1}}) {
@@ -109,7 +109,7 @@ TEST(ArcSplinePrimitives, PointsAndCirclesAgainstCircles) {
         {2, 1, 3.125, 0}, {2, 1, 2.875, 0},  {2, 1, 3.25, 1}, {2, 2, 0.125, -6}, {2, 2, 1, -1},
         {3, 1, 2, -2},    {3, 1, 1.875, -2}, {3, 1, 2.5, -4}, {3, 1, 1, -1},     {1.125, 1, 0, -6}};
     for (const auto& [r1, r2, d, code] : cases) {
-        const Segment c1 = made_circle({1, 1}, r1), c2 = made_circle({1 - d, 1}, r2);
+        const Arc c1({1, 1}, r1), c2({1 - d, 1}, r2);
         const bool mirrored = code == -2 || code == -4;
         EXPECT_EQ(ARC_SPLINE_ask_where_is_circle_wrt_circle_2d(&c1, &c2, 0.125), code);
         EXPECT_EQ(ARC_SPLINE_ask_where_is_circle_wrt_circle_2d(&c2, &c1, 0.125), code - mirrored);
@@ -117,7 +117,7 @@ TEST(ArcSplinePrimitives, PointsAndCirclesAgainstCircles) {
     EXPECT_EQ(ARC_SPLINE_ask_where_is_circle_wrt_circle_2d(nullptr, &circle, 1), 1);
     // Two that touch and an equal one: nothing is within no number.
     for (const auto& [r, d, code] : {std::array{1.0, 3.0, -1.0}, {1, 5, -4}, {4, 5, -4}}) {
-        const Segment other = made_circle({d, 0}, r);
+        const Arc other({d, 0}, r);
         EXPECT_EQ(ARC_SPLINE_ask_where_is_circle_wrt_circle_2d(&circle, &other, NAN), code);
     }
 }
@@ -133,8 +133,7 @@ TEST(ArcSplinePrimitives, RadicalAxesHaveEqualPowers) {
     };
     for (int i = 0; i < rounds(200); ++i) {
         const double r1 = random.uniform(0.1, 3), r2 = i % 4 == 0 ? r1 : random.uniform(0.1, 3);
-        const Segment c1 = made_circle(random.vector<2>(), r1);
-        const Segment c2 = made_circle(random.vector<2>(), r2);
+        const Arc c1(random.vector<2>(), r1), c2(random.vector<2>(), r2);
         const Pair way = minus(center_of(c2), center_of(c1));
         EXPECT_EQ(ask(&c1, &c2), distance({}, way) <= r1 + r2 ? 20 : 0);  // nested ones, too
         EXPECT_NEAR(dot(left_of(way), dir), (r1 < r2 ? -1 : 1) * distance({}, way), 1e-12);
@@ -146,15 +145,12 @@ TEST(ArcSplinePrimitives, RadicalAxesHaveEqualPowers) {
             EXPECT_EQ(ARC_SPLINE_ask_power_of_a_point_2d(p.data(), nullptr), 0);
         }
     }
-    const Segment c = made_circle({0, 0}, 2), line = made_straight({0, 0}, {1, 0});
-    const Segment larger = made_circle({0, 5}, 3);
-    EXPECT_EQ(ask(&c, &larger), 20);  // which touch
-    // What counts as zero counts here.
-    const Segment tiny = made_circle({0, 0}, 1e-10), next = made_circle({1e-10, 0}, 1e-10);
-    const Segment twice = made_circle({3e-10, 0}, 2e-10);
-    EXPECT_EQ(ask(&tiny, &next), 10);
+    const Arc c({0, 0}, 2), larger({0, 5}, 3), beside({1e-10, 0}, 1);
+    const Arc tiny({0, 0}, 1e-10), next({1e-10, 0}, 1e-10), twice({3e-10, 0}, 2e-10);
+    const Segment line = made_straight({0, 0}, {1, 0});
+    EXPECT_EQ(ask(&c, &larger), 20);   // which touch
+    EXPECT_EQ(ask(&tiny, &next), 10);  // what counts as zero counts here
     EXPECT_EQ(ask(&tiny, &twice), 10);
-    const Segment beside = made_circle({1e-10, 0}, 1);
     EXPECT_EQ(ask(&c, &beside), 20);
     EXPECT_EQ(dir, (Pair{0, 1}));
     pt = {9, 9};
@@ -256,10 +252,10 @@ TEST(ArcSplinePrimitives, OutputsStandBeforeAReport) {
     const Pair p{3, 4};
     Foot foot;
     int status = 9;
-    Segment out = made_circle({0, 0}, 1);
-    EXPECT_THROW(called(ARC_SPLINE_ask_interior_angle_of_triangle_2d, p, p, p, tols, 4, &status),
+    Segment out = Arc({0, 0}, 1);
+    EXPECT_THROW(called(ARC_SPLINE_ask_interior_angle_of_triangle_2d, p, p, p, fine, 4, &status),
                  Left);
-    EXPECT_THROW(ARC_SPLINE_ask_dist_pt_to_line_seg_2d(p.data(), p.data(), p.data(), tols[0], 1,
+    EXPECT_THROW(ARC_SPLINE_ask_dist_pt_to_line_seg_2d(p.data(), p.data(), p.data(), fine[0], 1,
                                                        foot.foot.data(), &foot.parm, &foot.side),
                  Left);
     EXPECT_THROW(ARC_SPLINE_cre_offset_circle_2d(nullptr, 1, 1, &out), Left);

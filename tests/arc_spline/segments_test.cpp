@@ -8,11 +8,11 @@ namespace {
 
 using namespace ztmath_test;
 
-constexpr double tols[] = {1e-6, 1e-3, NAN};  // the curvature has no part in these
+constexpr Tolerances coarse = {1e-6, 1e-3, NAN};  // the curvature has no part in these
 
 int trim(Segment* s, const Pair& point) {
     int status = 9;
-    ARC_SPLINE_trim_to_point_1_seg_2d(point.data(), tols, s, &status);
+    ARC_SPLINE_trim_to_point_1_seg_2d(point.data(), coarse.data(), s, &status);
     return status;
 }
 
@@ -22,17 +22,18 @@ struct Foot {
     int domain = 9, status = 9;
 };
 
-Foot foot_on(const Segment* s, const Pair& point, const double* within = tols) {
+Foot foot_on(const Segment* s, const Pair& point, const Tolerances& within = coarse) {
     Foot f;
-    ARC_SPLINE_ask_parm_at_a_point_2d(s, point.data(), within, f.at.data(), &f.parm, &f.domain,
-                                      &f.status);
+    ARC_SPLINE_ask_parm_at_a_point_2d(s, point.data(), within.data(), f.at.data(), &f.parm,
+                                      &f.domain, &f.status);
     return f;
 }
 
-Foot nearest_on(const Segment& s, const Pair& point, int bounded, const double* within = tols) {
+Foot nearest_on(const Segment& s, const Pair& point, int bounded,
+                const Tolerances& within = coarse) {
     Foot f;
-    ARC_SPLINE_ask_dist_pt_to_1_seg_2d(&s, point.data(), bounded, within, f.at.data(), &f.parm,
-                                       &f.distance, &f.status);
+    ARC_SPLINE_ask_dist_pt_to_1_seg_2d(&s, point.data(), bounded, within.data(), f.at.data(),
+                                       &f.parm, &f.distance, &f.status);
     return f;
 }
 
@@ -44,11 +45,13 @@ TEST(ArcSplineSegments, RandomArcsFollowTheirCircles) {
         const double angle = random.uniform(0, 359), central = random.uniform(1, 359);
         const double r = random.uniform(0.1, 20), part = random.uniform(0, central);
         const Pair start = random.vector<2>();
-        const auto [arc, end, end_tangent] = made_arc(start, angle, central, r, o);
-        const Pair center = moved(start, o * r, left_of(direction_at(angle)));
+        const Pair tangent = direction_at(angle), center = moved(start, o * r, left_of(tangent));
         const double last = angle + o * central;
-        expect_equal(arc,
-                     {1, o, {start[0], start[1]}, angle, last, {center[0], center[1]}, {}, r, r});
+        Segment arc;
+        Pair end, end_tangent;
+        ARC_SPLINE_cre_arc_seg_2d(start.data(), tangent.data(), central, r, o, &arc, end.data(),
+                                  end_tangent.data());
+        expect_equal(arc, Arc(center, r, angle, last, o));
         EXPECT_EQ(end_tangent, evaluated(arc, last).tangent);
         for (const long double turn : {part, central, central + part}) {
             const At at = evaluated(arc, static_cast<double>(angle + o * turn), turn > central);
@@ -80,8 +83,9 @@ TEST(ArcSplineSegments, FeetAreNearestAndTrimmingEndsThere) {
         const double central = random.uniform(20, 350);
         const bool straight = i % 3 == 0;
         const int o = i % 2 == 0 ? 1 : -1;
-        const Segment s = straight ? made_straight(start, moved(start, size, direction_at(angle)))
-                                   : made_arc(start, angle, central, size, o).arc;
+        const Pair way = direction_at(angle), center = moved(start, o * size, left_of(way));
+        const Segment s = straight ? made_straight(start, moved(start, size, way))
+                                   : Arc(center, size, angle, angle + o * central, o);
         const auto [foot, parm, unset, domain, status] = foot_on(&s, point);
         const double low = straight ? 0 : std::fmin(s.start_angle, s.end_angle);
         const double span = straight ? size : central;
@@ -89,7 +93,7 @@ TEST(ArcSplineSegments, FeetAreNearestAndTrimmingEndsThere) {
         expect_near(at.point, foot, 1e-11);
         EXPECT_TRUE(domain == 0 || domain == (low < parm && parm < low + span ? -1 : 1));
         EXPECT_NEAR(dot(moved(point, -1, foot), at.tangent), 0, 1e-11);
-        EXPECT_TRUE(straight || (parm >= low - tols[1] && parm < low - tols[1] + 360)) << parm;
+        EXPECT_TRUE(straight || (parm >= low - coarse[1] && parm < low - coarse[1] + 360)) << parm;
         const Foot near = nearest_on(s, point, 1);
         expect_near(evaluated(s, near.parm).point, near.at, 1e-11);
         for (double part = 0; part <= 1; part += 1.0 / 64)
@@ -100,20 +104,13 @@ TEST(ArcSplineSegments, FeetAreNearestAndTrimmingEndsThere) {
         if (!straight && std::fabs(turn - 180) > 179) continue;  // within the distance of the start
         Segment cut = s;
         EXPECT_EQ(trim(&cut, point), 0);
-        const Segment arc = made_arc(start, angle, turn, size, o).arc;
+        const Segment arc = Arc(center, size, angle, angle + o * turn, o);
         expect_equal(cut, straight ? made_straight(start, foot) : arc, 1e-8);
     }
 }
 
-/// The record of a circle about (5, 5) starts at (2, 0), off the circle.
-TEST(ArcSplineSegments, TrimmingEndsAtTheFoot) {
-    Segment s = made_circle({5, 5}, 2);
-    EXPECT_EQ(trim(&s, {5, 9}), 0);
-    expect_near(Data(&s).end, {5, 7}, 1e-12);
-}
-
 TEST(ArcSplineSegments, TrimmingThatFailsLeavesTheSegment) {
-    const Segment before = made_arc({0, 0}, 0, 90, 2, 1).arc;
+    const Arc before({0, 2}, 2, 0, 90);
     Segment s = before;
     EXPECT_EQ(trim(&s, {0, 2}), 1);     // the centre
     EXPECT_EQ(trim(&s, {1e-7, 1}), 3);  // to the start
@@ -146,15 +143,19 @@ TEST(ArcSplineSegments, StraightsAreMeasuredFromTheirStart) {
 }
 
 TEST(ArcSplineSegments, FullCircles) {
-    expect_equal(made_circle({5, 7}, 2), {1, 1, {2, 0}, 90, 450, {5, 7}, {}, 2, 2});
     Segment s{};
+    ARC_SPLINE_cre_circle_from_center_and_radius_2d(Pair{5, 7}.data(), 2, &s);
+    expect_equal(s, {1, 1, {2, 0}, 90, 450, {5, 7}, {}, 2, 2});  // which starts off the circle
+    EXPECT_EQ(trim(&s, {5, 11}), 0);
+    expect_near(Data(&s).end, {5, 9}, 1e-12);
     EXPECT_EQ(ARC_SPLINE_cre_single_point_circle_2d(Pair{5, 7}.data(), &s), &s);
     expect_equal(s, {-1, 1, {5, 7}, 90, 450, {5, 7}, {}, 0, 0});
     for (const int o : {-1, 0, 1}) {  // 0 stays at its start
         ARC_SPLINE_cre_circle_from_point_tangent_radius_2d(Pair{5, 7}.data(), Pair{0, 1}.data(), 2,
                                                            o, &s);
-        expect_equal(s, {1, o, {5, 7}, 90, o == -1 ? -270.0 : 450.0, {5 - 2.0 * o, 7}, {}, 2, 2});
-        expect_near(evaluated(s, 180, 1).point, moved({5 - 2.0 * o, 7}, 2.0 * o, {0, 1}), 1e-12);
+        const Pair center{5 - 2.0 * o, 7};
+        expect_equal(s, Arc(center, 2, 90, o == -1 ? -270 : 450, o));
+        expect_near(evaluated(s, 180, 1).point, moved(center, 2 * o, {0, 1}), 1e-12);
     }
     Segment copy{};
     ARC_SPLINE_copy_1_seg_2d_pre_allocated(&s, &copy);
@@ -164,8 +165,7 @@ TEST(ArcSplineSegments, FullCircles) {
 }
 
 TEST(ArcSplineSegments, DomainsAreClosedAndEndsAttract) {
-    const Segment left{1, 1, {0, 0}, 10, 90, {0, 2}, {}, 2, 2};
-    const Segment right{1, -1, {0, 0}, 90, 10, {2, 0}, {}, 2, 2};
+    const Arc left({0, 2}, 2, 10, 90), right({2, 0}, 2, 90, 10, -1);
     for (const double parm : {10.0, 10 - 9e-11, 90.0, 90 + 9e-11, 9.0, 10 - 2e-10, 90 + 2e-10}) {
         const At at = evaluated(left, parm);
         const bool inside = std::fabs(parm - 50) < 40 + 1e-10;
@@ -174,39 +174,35 @@ TEST(ArcSplineSegments, DomainsAreClosedAndEndsAttract) {
         EXPECT_EQ(at.point == (Pair{9, 9}), !inside);
         expect_near(at.tangent, direction_at(parm), 1e-11);
     }
-    const Segment first{1, 1, {0, 0}, 0, 90, {0, 2}, {}, 2, 2};  // 1e-10 beside 0 is outside
-    const Segment last{1, 1, {0, 0}, -90, 0, {2, 0}, {}, 2, 2};
+    const Arc first({0, 2}, 2, 0, 90), last({2, 0}, 2, -90, 0);  // 1e-10 beside 0 is outside
     EXPECT_EQ(evaluated(first, -1e-10).status + evaluated(last, 1e-10).status, 4);
     const Pair early = moved({0, 2}, 5, direction_at(9.9995 - 90));  // a foot just before the start
     const Foot start = foot_on(&left, early);
     EXPECT_TRUE(start.parm == 10 && start.domain == 0) << start.parm;
     // A whole circle has no outside, also where it starts less beyond a foot than a turn tells.
-    Segment circle = made_circle({0, 0}, 1);
+    const Arc whole({0, 0}, 1);
     const Pair below = direction_at(269.9);
-    const double exact[] = {0, 0};
-    const double full = foot_on(&circle, below, exact).parm;
+    const double full = foot_on(&whole, below, {}).parm;
     for (const double angle : {full, std::nextafter(full - 360, 0)}) {
-        circle.start_angle = angle;
-        circle.end_angle = angle + 360;
-        const Foot foot = foot_on(&circle, below, exact);
+        const Arc circle({0, 0}, 1, angle, angle + 360);
+        const Foot foot = foot_on(&circle, below, {});
         EXPECT_TRUE(foot.parm == full && foot.domain == 0) << foot.parm;
     }
     const double cases[][3] = {{50, -1, 50}, {89.25, -1, 89.25}, {89.5, 0, 89.5}, {90.5, 0, 90},
                                {91, 1, 91},  {9.5, 0, 10},       {10.5, 0, 10.5}, {410, 1, 410}};
     for (const auto& [given, flag, moved_to] : cases)
-        for (const Segment& arc : {left, right}) {
+        for (const Arc& arc : {left, right}) {
             double parm = given;
             EXPECT_EQ(ARC_SPLINE_ask_is_parm_in_arc_domain(&arc, 0.5, &parm), flag) << given;
             EXPECT_EQ(parm, moved_to);
         }
-    const double wide[] = {0.25, 0}, wider[] = {3, 3};
     const Segment straight = made_straight({0, 0}, {2, 0});
     for (const double x : {-1.0, 1.0, 3.0})  // both ends within the tolerance
-        EXPECT_EQ(foot_on(&straight, {x, 1}, wider).parm, std::clamp(x, 0.0, 2.0));
-    const Foot near = nearest_on(straight, {2.125, 1}, 1, wide);
+        EXPECT_EQ(foot_on(&straight, {x, 1}, {3, 3}).parm, std::clamp(x, 0.0, 2.0));
+    const Foot near = nearest_on(straight, {2.125, 1}, 1, {0.25});
     EXPECT_TRUE(near.distance == 1 && near.parm == 2) << "near enough to the end";
-    const Segment half = made_arc({0, -1}, 0, 180, 1, 1).arc;
-    EXPECT_EQ(nearest_on(half, {-3e9, 0}, 1, wide).parm, 0) << "the start of ends equally near";
+    const Arc half({0, 0}, 1, 0, 180);
+    EXPECT_EQ(nearest_on(half, {-3e9, 0}, 1, {0.25}).parm, 0) << "the start of ends equally near";
     for (double end : {10, 90})
         EXPECT_EQ(ARC_SPLINE_ask_is_parm_in_arc_domain(&left, -1, &end), 1);
 }
@@ -216,7 +212,7 @@ TEST(ArcSplineSegments, CentralAngles) {
                                {10, -20, 1, 330, 340}, {10, 350, -1, 20, -10},
                                {10, 300, 0, 0, 300},   {0, -400, 1, -40, -40}};
     for (const auto& [start, end, orientation, angle, end_after] : cases) {
-        Segment arc{1, static_cast<int>(orientation), {}, start, end, {}, {}, 2, 2};
+        Arc arc({}, 2, start, end, static_cast<int>(orientation));
         double moved_on = end;
         const double central =
             ARC_SPLINE_ask_central_angle_from_inclination_angles(start, &moved_on, arc.orientation);
@@ -229,8 +225,7 @@ TEST(ArcSplineSegments, CentralAngles) {
 }
 
 TEST(ArcSplineSegments, Statuses) {
-    const Segment thin{1, 1, {}, 0, 90, {}, {}, 0.9e-10, 0.9e-10},
-        just{1, 1, {}, 0, 90, {}, {}, 1e-10, 1e-10};
+    const Arc thin({}, 0.9e-10, 0, 90), just({}, 1e-10, 0, 90);
     const Segment other{5, 0, {}, 0, 0, {}, {}, 1, 1}, straight = made_straight({0, 0}, {1, 0});
     const struct {
         const Segment* s;
@@ -264,13 +259,12 @@ TEST(ArcSplineSegments, Statuses) {
         EXPECT_EQ(out, c.s == nullptr ? (Pair{9, 9}) : center_of(*c.s));
         EXPECT_EQ(foot_on(c.s, {1e-10, 0}).status, c.foot);
     }
-    const Segment half = made_arc({0, 0}, 20, 180, 1, 1).arc;
+    const Arc half({}, 1, 20, 200), nearly({}, 1, 20, 199.994);
     for (const int want_corner : {0, 1}) {
         const Data data(&half, want_corner);
         EXPECT_EQ(data.status, 2 * want_corner);
         EXPECT_EQ(data.corner, (Pair{9, 9})) << "none";
     }
-    const Segment nearly = made_arc({0, 0}, 20, 179.994, 1, 1).arc;
     EXPECT_EQ(Data(&nearly).status, 0) << "more than 0.005 degrees from parallel";
     int statuses[] = {9, 9, 9};
     ARC_SPLINE_evaluate_arc_seg_2d(&straight, 1, 0, nullptr, nullptr, &statuses[0]);
@@ -281,7 +275,7 @@ TEST(ArcSplineSegments, Statuses) {
     EXPECT_EQ(statuses[2], 2) << "before the start";
     ARC_SPLINE_evaluate_1_seg_2d(nullptr, 1, 0, nullptr, nullptr, &statuses[0]);
     ARC_SPLINE_evaluate_strt_seg_2d(nullptr, 0, nullptr, nullptr, &statuses[1]);
-    ARC_SPLINE_ask_is_arc_rather_strt_2d(nullptr, tols, &statuses[2]);
+    ARC_SPLINE_ask_is_arc_rather_strt_2d(nullptr, fine.data(), &statuses[2]);
     EXPECT_EQ(std::to_array(statuses), (std::array{1, 1, 2})) << "no record";
     EXPECT_EQ(ARC_SPLINE_ask_radius_of_1_seg_2d(nullptr), 0);
 }
@@ -289,7 +283,7 @@ TEST(ArcSplineSegments, Statuses) {
 TEST(ArcSplineSegments, NearlyStraightArcs) {
     const double curvature[] = {1e-6, 1e-3, 0.25};  // the limit is the radius 4
     for (const double radius : {4.0, 4.5}) {
-        Segment arc = made_arc({1, 2}, 0, 90, radius, 1).arc;
+        Arc arc({1, 2 + radius}, radius, 0, 90);
         int status = 9;
         ARC_SPLINE_ask_is_arc_rather_strt_2d(&arc, curvature, &status);
         EXPECT_EQ(arc.type, radius == 4 ? 1 : 0);
@@ -306,7 +300,7 @@ TEST(ArcSplineSegments, Reversal) {
     expect_equal(null, {0, 0, {1, 0}, 90, 90, {1, 0}, {0, 3}, 0, 0});
     for (const int o : {1, -1})
         for (const double central : {60.0, 180.0}) {
-            const Segment arc = made_arc({1, 2}, 30, central, 2, o).arc;
+            const Arc arc({1, 2}, 2, 30, 30 + o * central, o);
             Segment back = arc;
             ARC_SPLINE_reverse_parm_of_1_seg_2d(&back);
             EXPECT_NEAR(back.end_angle, arc.end_angle - o * 360, 1e-12);  // not start_angle +- 180
@@ -321,9 +315,9 @@ TEST(ArcSplineSegments, Offsets) {
     Segment out{};
     for (const int o : {1, -1})  // always larger by the offset
         for (const double offset : {3.0, -1.0}) {
-            const Segment arc = made_arc({1, 2}, 90, 60, 2, o).arc;
+            const Arc arc({1, 2}, 2, 90, 90 + o * 60, o);
             EXPECT_EQ(ARC_SPLINE_cre_offset_circle_2d(&arc, offset, 1e-6, &out), &out);
-            expect_equal(out, made_arc({1 + o * offset, 2}, 90, 60, 2 + offset, o).arc);
+            expect_equal(out, Arc({1, 2}, 2 + offset, 90, 90 + o * 60, o));
         }
     const Segment straight = made_straight({0, 0}, {2, 0});
     ARC_SPLINE_cre_offset_straight_2d(&straight, 3, &out);
@@ -337,7 +331,7 @@ TEST(ArcSplineSegments, Reports) {
     ReportRecorder recorder;
     Segment point{}, out{};
     ARC_SPLINE_cre_single_point_circle_2d(Pair{1, 1}.data(), &point);
-    Segment early{1, 1, {0, 0}, 350, 10, {0, 1}, {}, 1, 1};
+    Arc early({0, 1}, 1, 350, 10);
     ARC_SPLINE_reverse_parm_of_1_seg_2d(&point);
     ARC_SPLINE_reverse_parm_of_1_seg_2d(nullptr);
     ARC_SPLINE_reverse_parm_of_1_seg_2d(&early);  // which stays

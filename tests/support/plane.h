@@ -7,6 +7,10 @@ namespace ztmath_test {
 
 using Pair = std::array<double, 2>;
 
+inline Pair pair_at(const double* p) {
+    return {p[0], p[1]};
+}
+
 /// a + s b
 inline Pair moved(const Pair& a, double s, const Pair& b) {
     const auto sum = [&](int i) { return a[i] + static_cast<long double>(s) * b[i]; };

@@ -1,6 +1,7 @@
 // Segments of arc splines for tests.
 #pragma once
 
+#include "support/by_value.h"
 #include "support/plane.h"
 #include "ztmath/arc_spline.h"
 
@@ -10,19 +11,19 @@ using Segment = ARC_SPLINE_1_seg_2d_t;
 
 inline constexpr char arc_module[] = "arc_spline_apollonian_constructions";
 
-struct MadeArc {
-    Segment arc;
-    Pair end, end_tangent;
-};
+/// Of lengths, of angles in degrees and of curvatures, as calls are passed them; a test that
+/// changes them sets them back.
+using Tolerances = std::array<double, 3>;
+inline constexpr Tolerances fine = {1e-9, 1e-7, 1e-9};
+inline Tolerances tols = fine;
 
-inline MadeArc made_arc(const Pair& start, double angle, double central, double radius,
-                        int orientation) {
-    MadeArc made{};
-    const Pair tangent = direction_at(angle);
-    ARC_SPLINE_cre_arc_seg_2d(start.data(), tangent.data(), central, radius, orientation, &made.arc,
-                              made.end.data(), made.end_tangent.data());
-    return made;
-}
+/// An arc between two tangent angles, the full circle if not told otherwise.
+struct Arc : Segment {
+    Arc(const Pair& c, double r, double from = 90, double to = 450, int sense = 1)
+        : Segment{1, sense, {}, from, to, {c[0], c[1]}, {}, r, r} {
+        std::ranges::copy(moved(c, sense * r, direction_at(from - 90)), start_point);
+    }
+};
 
 inline Segment made_straight(const Pair& start, Pair end, const Pair& fallback = {7, 7}) {
     Segment straight{};
@@ -30,14 +31,16 @@ inline Segment made_straight(const Pair& start, Pair end, const Pair& fallback =
     return straight;
 }
 
-inline Segment made_circle(const Pair& center, double radius) {
-    Segment circle{};
-    ARC_SPLINE_cre_circle_from_center_and_radius_2d(center.data(), radius, &circle);
-    return circle;
+inline Pair start_of(const Segment& s) {
+    return pair_at(s.start_point);
 }
 
 inline Pair center_of(const Segment& s) {
-    return {s.center[0], s.center[1]};
+    return pair_at(s.center);
+}
+
+inline Pair direction_of(const Segment& s) {
+    return pair_at(s.direction);
 }
 
 /// What an evaluation wrote; what it left alone is 9.
@@ -73,6 +76,51 @@ inline void expect_equal(const Segment& a, const Segment& b, double tolerance = 
     EXPECT_EQ(a.orientation, b.orientation);
     for (std::size_t i = 0; i < x.size(); ++i)
         EXPECT_NEAR(x[i], y[i], tolerance) << "number " << i;
+}
+
+/// What a construction gave.
+struct Made {
+    const Segment& first() const { return circles.at(0); }
+
+    int count = -1, status = -1;
+    std::vector<Segment> circles{8, {7, 7, {7, 7}, 7, 7, {7, 7}, {7, 7}, 7, 7}};
+};
+
+/// Leaves the circles that were found; those beyond them must be blank.
+inline Made without_blanks(Made m, std::size_t room) {
+    for (std::size_t i = std::max(m.count, 0); i < room; ++i)
+        expect_equal(m.circles[i], {}, 0);
+    m.circles.resize(std::max(m.count, 0));
+    return m;
+}
+
+template <class Input>
+auto argument(const Input& input) {
+    if constexpr (std::is_base_of_v<Segment, Input>)
+        return &input;
+    else
+        return passed(input);
+}
+
+template <class Function, class... Inputs>
+Made made_one(Function construct, const Inputs&... inputs) {
+    Made m;
+    construct(argument(inputs)..., tols.data(), &m.circles[0], &m.status);
+    m.count = m.status == 0 ? 1 : 0;
+    return without_blanks(m, 1);
+}
+
+template <class Function, class... Inputs>
+Made made_two(Function construct, const Inputs&... inputs) {
+    Made m;
+    construct(argument(inputs)..., tols.data(), &m.count, &m.circles[0], &m.circles[1], &m.status);
+    return without_blanks(m, 2);
+}
+
+/// Of two circles through two points, the first has its centre to the left of the way.
+inline void expect_from_left(const Made& two, const Pair& p, const Pair& q) {
+    const Pair apart = minus(center_of(two.circles.at(0)), center_of(two.circles.at(1)));
+    EXPECT_GT(dot(left_of(minus(q, p)), apart), 0);
 }
 
 }  // namespace ztmath_test

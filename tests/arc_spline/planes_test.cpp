@@ -2,7 +2,7 @@
 #include "ztmath/arc_spline_planes.h"
 
 #include "support/by_value.h"
-#include "support/plane.h"
+#include "support/segments.h"
 #include "support/vectors.h"
 
 namespace {
@@ -11,7 +11,7 @@ using namespace ztmath_test;
 
 using Plane = ARC_SPLINE_monge_plane_t;
 using Transform = std::array<double, 16>;
-constexpr double tols[] = {0.25, 0.01};
+constexpr Tolerances wide = {0.25, 0.01};
 
 Vector times(const Matrix& m, const Vector& v) {
     return {dot(row(m, 0), v), dot(row(m, 1), v), dot(row(m, 2), v)};
@@ -41,16 +41,15 @@ struct Common {
 
 Common common_line(const Plane& a, const Plane& b) {
     Common c;
-    ARC_SPLINE_inter_2_monge_planes(&a, &b, tols, c.point.data(), c.along.data(), &c.status);
+    call(ARC_SPLINE_inter_2_monge_planes, &a, &b, wide, c.point, c.along, &c.status);
     return c;
 }
 
 /// Of the plane through q.
 Common hit(const Vector& p, const Vector& q, const Vector& n, const Vector& v,
-           const double* within = tols) {
+           const Tolerances& within = wide) {
     Common c;
-    ARC_SPLINE_proj_pt_along_vec_on_plane(p.data(), q.data(), n.data(), v.data(), within,
-                                          c.point.data(), &c.parm, &c.status);
+    call(ARC_SPLINE_proj_pt_along_vec_on_plane, p, q, n, v, within, c.point, &c.parm, &c.status);
     return c;
 }
 
@@ -58,25 +57,24 @@ Common hit(const Vector& p, const Vector& q, const Vector& n, const Vector& v,
 template <class M = Matrix, class Function, class... Vectors>
 std::pair<M, int> map_by(Function function, const Vectors&... vectors) {
     std::pair<M, int> map{{}, 9};
-    function(vectors.data()..., map.first.data(), &map.second);
+    call(function, vectors..., map.first, &map.second);
     return map;
 }
 
 TEST(CirclePoint, ComesBackAsTheCircleDownToItsPoint) {
-    const double cases[][5] = {{3, 4, 0, 1, 5},
-                               {1, 1, 2, 1, 0},
-                               {1, 0, 0.75, 1, 0.5},
-                               {0, 0, 1e-20, 1, 0},
-                               {0, 0, 1.1e-20, 0, -7}};
-    for (const auto& [x, y, z, has_circle, radius] : cases) {
-        const double p[] = {x, y, z};
+    const std::pair<Vector, double> cases[] = {{{3, 4, 0}, 5},
+                                               {{1, 1, 2}, 0},
+                                               {{1, 0, 0.75}, 0.5},
+                                               {{0, 0, 1e-20}, 0},
+                                               {{0, 0, 1.1e-20}, -7}};
+    for (const auto& [p, radius] : cases) {
         unsigned char valid = 9;
-        ARC_SPLINE_1_seg_2d_t circle{};
+        Segment circle{};
         circle.radius = -7;
-        ARC_SPLINE_convert_3d_pt_to_circle_2d(p, &valid, &circle);
-        EXPECT_EQ(valid, has_circle) << z;
-        EXPECT_EQ(circle.radius, radius) << z;
-        EXPECT_EQ(circle.center[0], has_circle * x);
+        call(ARC_SPLINE_convert_3d_pt_to_circle_2d, p, &valid, &circle);
+        EXPECT_EQ(valid, radius < 0 ? 0 : 1) << p[2];
+        EXPECT_EQ(circle.radius, radius) << p[2];
+        EXPECT_EQ(circle.center[0], valid * p[0]);
     }
     EXPECT_EQ(written(ARC_SPLINE_convert_circle_to_3d_pt, Pair{3, 4}, 5.0), (Vector{3, 4, 0}));
 }
@@ -88,7 +86,7 @@ TEST(PolarPlane, HoldsTheCirclesThatCutItAtRightAngles) {
         const Pair c1 = random.vector<2>(), c2 = random.vector<2>(), way = moved(c1, -1, c2);
         const double r1 = random.uniform(0.1, 2), squared = dot(way, way) - r1 * r1;
         Plane plane, unit;
-        ARC_SPLINE_ask_polar_plane_of_circle(c1.data(), r1, &plane);
+        call(ARC_SPLINE_ask_polar_plane_of_circle, c1, r1, &plane);
         EXPECT_TRUE(plane.normalised == 0 && plane.normal[2] == -1);
         // Normalised, a copy is the same plane, with the same nearest point of the origin.
         ARC_SPLINE_copy_monge_plane(&plane, &unit);
@@ -96,14 +94,14 @@ TEST(PolarPlane, HoldsTheCirclesThatCutItAtRightAngles) {
         EXPECT_EQ(unit.normalised, 1);
         for (const Plane& one : {plane, unit}) {
             EXPECT_NEAR(value(one, {c2[0], c2[1], dot(c2, c2) - squared}), 0, 1e-13);
-            ARC_SPLINE_ask_pt_and_normal_of_monge_plane(&one, nearest.data(), normal.data());
+            call(ARC_SPLINE_ask_pt_and_normal_of_monge_plane, &one, nearest, normal);
             EXPECT_NEAR(length(normal), 1, 1e-15);
             EXPECT_NEAR(value(plane, nearest), 0, 1e-13);
             EXPECT_NEAR(length(cross(nearest, normal)), 0, 1e-15);
         }
     }
     const Plane trusted{{0, 0, -4}, 1, 1};  // for its flag alone
-    ARC_SPLINE_ask_pt_and_normal_of_monge_plane(&trusted, nearest.data(), normal.data());
+    call(ARC_SPLINE_ask_pt_and_normal_of_monge_plane, &trusted, nearest, normal);
     EXPECT_EQ(nearest, (Vector{0, 0, 4}));
 }
 
@@ -138,8 +136,7 @@ TEST(CommonLine, OfParallelPlanesIsNone) {
     const Vector p1{7, 1, 1}, n1{0, 0, 1}, p2{3, 5, 4}, n2{0.6, 0, 0.8};
     for (const double sine : {0.6, 0.59}) {  // of planes given by points and normals
         Common c;
-        h634_(p1.data(), n1.data(), p2.data(), n2.data(), &sine, tols, c.point.data(),
-              c.along.data(), &c.status);
+        call(h634_, p1, n1, p2, n2, &sine, wide, c.point, c.along, &c.status);
         EXPECT_EQ(c.status, sine < 0.6 ? 0 : 1);
         EXPECT_LT(distance(c.point, {sine < 0.6 ? 7 : 0.0, 0, sine < 0.6 ? 1 : 0.0}), 1e-14);
     }
@@ -150,7 +147,7 @@ TEST(CommonPoint, OfThreePlanesIsNotLookedFor) {
     const auto statuses = [](const Plane& a, const Plane& b, const Plane& c) {
         Vector point{7, 7, 7};
         std::array<int, 3> s;
-        ARC_SPLINE_inter_3_monge_planes(&a, &b, &c, tols, point.data(), &s[0], &s[1], &s[2]);
+        call(ARC_SPLINE_inter_3_monge_planes, &a, &b, &c, wide, point, &s[0], &s[1], &s[2]);
         EXPECT_EQ(point, Vector{});
         return s;
     };
@@ -168,11 +165,11 @@ TEST(Projection, LandsOnThePlane) {
         EXPECT_NEAR(dot(moved(foot, -1, q), n), 0, 1e-14);
         EXPECT_NEAR(length(cross(moved(p, -1, foot), n)), 0, 1e-14);
         Vector adjusted = p, unit = p;
-        ARC_SPLINE_adjust_pt_on_pln(n.data(), q.data(), adjusted.data());
+        call(ARC_SPLINE_adjust_pt_on_pln, n, q, adjusted);
         EXPECT_EQ(adjusted, foot);
         const Vector part = written(ARC_SPLINE_proj_vec_to_pln, n, p);
         EXPECT_NEAR(dot(part, n), 0, 1e-14);
-        EXPECT_EQ(ARC_SPLINE_adjust_vec_on_pln(1, n.data(), unit.data()), 1);
+        EXPECT_EQ(call(ARC_SPLINE_adjust_vec_on_pln, 1, n, unit), 1);
         EXPECT_LT(distance(scaled(unit, length(part)), part), 1e-14);
 
         const Vector v = random.vector();
@@ -185,7 +182,7 @@ TEST(Projection, LandsOnThePlane) {
 
 TEST(Projection, AlongADirectionInThePlane) {
     const Vector o{0, 0, 0}, n{0, 0, 1};
-    const double rise = std::sin(0.01 * std::acos(-1.0) / 180), any_angle[] = {0.25, 90};
+    const double rise = std::sin(0.01 * std::acos(-1.0) / 180);
     const double cases[][3] = {
         {0.25, 0, -1}, {0.2501, 0, 1}, {0.5, 0.99 * rise, 1}, {0.5, 1.01 * rise, 0}};
     for (const auto& [height, slope, expected] : cases) {
@@ -195,25 +192,9 @@ TEST(Projection, AlongADirectionInThePlane) {
         EXPECT_TRUE(status != 1 || (point == Vector{7, 7, 7} && t == 7));
         EXPECT_TRUE(status != -1 || (point == p && t == 0));
     }
-    EXPECT_EQ(hit(n, o, n, n, any_angle).status, 1);
+    EXPECT_EQ(hit(n, o, n, n, {0.25, 90}).status, 1);
     Vector normal = n;
-    EXPECT_EQ(ARC_SPLINE_adjust_vec_on_pln(1, n.data(), normal.data()), 0);
-}
-
-TEST(HouseholderRotation, IsTheSmallestThatTakesOneDirectionToTheOther) {
-    Random random;
-    for (int i = 0; i < rounds(200); ++i) {
-        const Vector f = random_unit(random);
-        // Opposite, from opposite within 1e-9 to anywhere.
-        const double off = i % 8 == 0 ? 0 : std::pow(10, random.uniform(-9, 1));
-        const Vector t = moved(scaled(f, -1), off, random.vector());
-        const auto [r, status] = map_by(ARC_SPLINE_ask_householder_rotation, scaled(f, 3), t);
-        ASSERT_EQ(status, 0);
-        EXPECT_LT(rotation_defect(r), 1e-14);
-        EXPECT_LT(distance(times(r, f), unit_of(t)), 1e-15 * 8);
-        // The smallest angle is that of the directions.
-        EXPECT_NEAR(r[0] + r[4] + r[8], 1 + 2 * dot(f, t) / length(t), 1e-14);
-    }
+    EXPECT_EQ(call(ARC_SPLINE_adjust_vec_on_pln, 1, n, normal), 0);
 }
 
 TEST(TransformsOfVectors, ReflectMoveAndCombine) {
@@ -238,9 +219,20 @@ TEST(TransformsOfVectors, ReflectMoveAndCombine) {
 constexpr auto pairs = ARC_SPLINE_cre_mtx3_from_2_vecs_to_2_vecs;
 constexpr auto triples = ARC_SPLINE_cre_mtx3_from_3_vecs_to_3_vecs;
 
-TEST(MapsOfVectors, TakePairsAndTriplesToTheirImages) {
+TEST(MapsOfVectors, TakeOneTwoAndThreeToTheirImages) {
     Random random;
     for (int i = 0; i < rounds(200); ++i) {
+        const Vector from = random_unit(random);
+        // Opposite, from opposite within 1e-9 to anywhere.
+        const double near = i % 8 == 0 ? 0 : std::pow(10, random.uniform(-9, 1));
+        const Vector to = moved(scaled(from, -1), near, random.vector());
+        const auto [turn, done] = map_by(ARC_SPLINE_ask_householder_rotation, scaled(from, 3), to);
+        ASSERT_EQ(done, 0);
+        EXPECT_LT(rotation_defect(turn), 1e-14);
+        EXPECT_LT(distance(times(turn, from), unit_of(to)), 1e-15 * 8);
+        // The smallest angle is that of the directions.
+        EXPECT_NEAR(turn[0] + turn[4] + turn[8], 1 + 2 * dot(from, to) / length(to), 1e-14);
+
         Vector a[3], b[3];
         for (std::size_t k = 0; k < 3; ++k)
             a[k] = random.vector(), b[k] = random.vector();

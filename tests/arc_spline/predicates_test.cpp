@@ -1,5 +1,4 @@
 // Three points, equations in one unknown, intervals, rays and inscribed angles.
-#include "support/by_value.h"
 #include "support/segments.h"
 #include "support/vectors.h"
 #include "ztmath/arc_spline_primitives.h"
@@ -16,8 +15,8 @@ TEST(ArcSplinePredicates, ThreePoints) {
         const Pair a = random.vector<2>(), b = random.vector<2>(), c = random.vector<2>();
         Pair p = a, q = b, r = c;
         Vector u{a[0], a[1], 0}, v{b[0], b[1], 0}, w{c[0], c[1], 0};
-        ARC_SPLINE_re_order_3pts_2d(1e-9, p.data(), q.data(), r.data(), &status);
-        ARC_SPLINE_re_order_3pts_3d(1e-9, u.data(), v.data(), w.data(), &in_space);
+        call(ARC_SPLINE_re_order_3pts_2d, 1e-9, p, q, r, &status);
+        call(ARC_SPLINE_re_order_3pts_3d, 1e-9, u, v, w, &in_space);
         const std::array<Pair, 3> orders[] = {{a, b, c}, {b, c, a}, {c, a, b}};
         EXPECT_EQ((std::array{p, q, r}), orders[status]);
         EXPECT_TRUE(in_space == status && v[0] == q[0]);
@@ -25,7 +24,7 @@ TEST(ArcSplinePredicates, ThreePoints) {
         EXPECT_GE(span, longer);
         const double sine = dot(left_of(minus(r, p)), minus(q, p)) / (longer * span);
         const int answer = std::fabs(sine) < direction_at(5)[1] ? 1 : 0;
-        EXPECT_EQ(called(ARC_SPLINE_ask_3pts_collinearity_2d, a, b, c, wide, 2, &side), answer);
+        EXPECT_EQ(call(ARC_SPLINE_ask_3pts_collinearity_2d, a, b, c, wide, 2, &side), answer);
         EXPECT_EQ(side, answer == 1 ? -1 : dot(left_of(minus(b, a)), minus(c, b)) > 0 ? 0 : 1);
     }
     // The side 1-2 the longest, 2-3, both, all of them; two points that coincide; sides longer by
@@ -37,7 +36,7 @@ TEST(ArcSplinePredicates, ThreePoints) {
         {5, 0, 0.25, 0.25, -1}, {2e-10, 0, 1e-10, 0, 0}, {-1.1e-10, 0, 1e-10, 0, 1}};
     for (const auto& [x2, y2, x3, tol, expected] : cases) {
         Pair p{0, 0}, q{x2, y2}, r{x3, 0};
-        ARC_SPLINE_re_order_3pts_2d(tol, p.data(), q.data(), r.data(), &status);
+        call(ARC_SPLINE_re_order_3pts_2d, tol, p, q, r, &status);
         EXPECT_EQ(status, expected) << x2 << ' ' << x3;
     }
 }
@@ -51,9 +50,9 @@ TEST(ArcSplinePredicates, CollinearWithinTheDistance) {
     int side = 9;
     for (const auto& [x2, y2, x3, answer] : cases) {
         Vector p1{0, 0, 5}, p2{x2, y2, 5}, p3{x3, 0, 5};
-        EXPECT_EQ(called(ARC_SPLINE_ask_3pts_collinearity_2d, p1, p2, p3, tols, 1, &side), answer);
+        EXPECT_EQ(call(ARC_SPLINE_ask_3pts_collinearity_2d, p1, p2, p3, tols, 1, &side), answer);
         for (int turn = 0; turn < 3; ++turn) {
-            EXPECT_EQ(called(ARC_SPLINE_ask_3pts_collinearity_3d, p1, p2, p3, tols, 2, &side),
+            EXPECT_EQ(call(ARC_SPLINE_ask_3pts_collinearity_3d, p1, p2, p3, tols, 2, &side),
                       x3 == 16 ? 1 : answer);
             for (Vector* p : {&p1, &p2, &p3})
                 std::rotate(p->begin(), p->begin() + 1, p->end());
@@ -67,9 +66,9 @@ TEST(ArcSplinePredicates, CollinearWithinTheDistance) {
         {{{0, 0}, {0, 0.25}, {1, 0.25}}},     {{{1, 0}, {0, 0}, {0, 0.25}}},
         {{{0, 0}, {far / 2, 0.2}, {far, 0}}}, {{{0, 0}, {5, 0}, {0.25, 0}}}};
     for (const auto& [p, q, r] : apart)
-        EXPECT_EQ(called(ARC_SPLINE_ask_3pts_collinearity_2d, p, q, r, tols, 2, &side), q[0] == 5);
+        EXPECT_EQ(call(ARC_SPLINE_ask_3pts_collinearity_2d, p, q, r, tols, 2, &side), q[0] == 5);
     const Pair p{0, 0}, q{1, 0}, r{3, 0};  // neither collinear within no angle, nor a turn
-    EXPECT_EQ(called(ARC_SPLINE_ask_3pts_collinearity_2d, p, q, r, no_angle, 2, &side), 0);
+    EXPECT_EQ(call(ARC_SPLINE_ask_3pts_collinearity_2d, p, q, r, no_angle, 2, &side), 0);
     EXPECT_EQ(side, -1);
 }
 
@@ -78,7 +77,7 @@ TEST(ArcSplinePredicates, Quadratics) {
     const auto solve = [&](double k2, double k1, double k0, int normalise) {
         int status = 9;
         roots = {9, 9};
-        ARC_SPLINE_solve_quadratic_eqt(k2, k1, k0, normalise, roots.data(), &status);
+        call(ARC_SPLINE_solve_quadratic_eqt, k2, k1, k0, normalise, roots, &status);
         return status;
     };
     Random random;
@@ -92,26 +91,17 @@ TEST(ArcSplinePredicates, Quadratics) {
         EXPECT_NEAR(static_cast<double>(roots[0] / (d < 0 ? half : far)), 1, slack);
         EXPECT_NEAR(static_cast<double>(roots[1] / (d < 0 ? way : k0 / (k2 * far))), 1, slack);
     }
-    const double cases[][7] = {{0, 0, 0, 0, -3, 9, 9},
-                               {0, 0, 1, 0, 0, 9, 9},
-                               {0.9e-12, 2, -4, 0, 1, 2, 2},
-                               {-1, 0, -1, 0, -2, 0, -1},
-                               {1, 0, 2e-25, 0, 2, 0, 0},
-                               {1e-11, 0, -1e-11, 0, 2, -1, 1},
-                               {4, -8, 4, 0, 2, 1, 1},
-                               {1e-11, 0, -1e-11, 1, 2, -1, 1},
-                               {1e-13, 0, -1e-13, 1, -3, 9, 9},
-                               {4, 3e-12, 0, 0, 2, 0, -7.5e-13},
-                               {2, 2e-12, 0, 0, 2, -1e-12, 0},
-                               {1e-12, 0, 0, 1, 2, 0, 0},
-                               {1e-12, 0, -1e-12, 0, 2, -1, 1},
-                               {0, 1e-12, -1e-12, 0, 1, 1, 1},
-                               {0, 0, 1e-12, 0, 0, 9, 9},
-                               {0.25, 0, -1e-24, 0, 2, -2e-12, 2e-12},
-                               {1e-13, 0, -6.4e-12, 1, 2, -8, 8},
-                               {NAN, 1, 1, 0, 0, 9, 9},
-                               {0, NAN, 0, 0, 0, 9, 9},
-                               {HUGE_VAL, 0, 1, 1, 0, 9, 9}};
+    const double cases[][7] = {
+        {0, 0, 0, 0, -3, 9, 9},           {0, 0, 1, 0, 0, 9, 9},
+        {0, 0, 1e-12, 0, 0, 9, 9},        {1e-13, 0, -1e-13, 1, -3, 9, 9},
+        {NAN, 1, 1, 0, 0, 9, 9},          {HUGE_VAL, 0, 1, 1, 0, 9, 9},
+        {0, NAN, 0, 0, 0, 9, 9},          {0, 1e-12, -1e-12, 0, 1, 1, 1},
+        {-1, 0, -1, 0, -2, 0, -1},        {0.9e-12, 2, -4, 0, 1, 2, 2},
+        {1, 0, 2e-25, 0, 2, 0, 0},        {1e-11, 0, -1e-11, 0, 2, -1, 1},
+        {4, -8, 4, 0, 2, 1, 1},           {1e-11, 0, -1e-11, 1, 2, -1, 1},
+        {1e-12, 0, 0, 1, 2, 0, 0},        {1e-12, 0, -1e-12, 0, 2, -1, 1},
+        {2, 2e-12, 0, 0, 2, -1e-12, 0},   {0.25, 0, -1e-24, 0, 2, -2e-12, 2e-12},
+        {4, 3e-12, 0, 0, 2, 0, -7.5e-13}, {1e-13, 0, -6.4e-12, 1, 2, -8, 8}};
     for (const auto& [k2, k1, k0, normalise, found, x1, x2] : cases) {
         EXPECT_EQ(solve(k2, k1, k0, static_cast<int>(normalise)), found);
         expect_near(roots, {x1, x2}, 1e-14);
@@ -122,7 +112,7 @@ TEST(ArcSplinePredicates, SinesAndCosines) {
     Pair x{}, s{};
     const auto solve = [&](double p, double q, double r, char unit, int mode, double margin) {
         int count = 9;
-        ARC_SPLINE_trig_eqt_linear_sin_cos(p, q, r, unit, mode, margin, &count, x.data(), s.data());
+        call(ARC_SPLINE_trig_eqt_linear_sin_cos, p, q, r, unit, mode, margin, &count, x, s);
         return count;
     };
     Random random;
@@ -181,26 +171,21 @@ TEST(ArcSplinePredicates, Intervals) {
 /// All that is asked of two rays.
 struct Rays {
     Rays(const Pair& p1, const Pair& way_1, const Pair& p2, const Pair& way_2, double tol = 1e-9) {
-        const double tols[] = {tol, 1e-7};
+        const double within[] = {tol, 1e-7};
         int status = 9;
-        // Made unit by every call, each of which is given them anew.
-        Pair d1, d2;
-        const auto a = [&] { return (d1 = way_1).data(); };
-        const auto b = [&] { return (d2 = way_2).data(); };
-        ARC_SPLINE_ask_isosceles_to_pt_2d(p1.data(), a(), p2.data(), b(), 0, tols, apex.data(),
-                                          parms.data(), iso_1.data(), iso_2.data(), sides, &status);
-        alike = ARC_SPLINE_ask_are_two_rays_homodromic_2d(p1.data(), a(), p2.data(), b(), 0, 1,
-                                                          tols, again.data(), &status);
-        ARC_SPLINE_ask_bisector_of_angle_2d(p1.data(), a(), p2.data(), b(), 0, tols, middle.data(),
-                                            first.data(), &status);
-        ARC_SPLINE_ask_bisector_of_angle_2d(p1.data(), a(), p2.data(), b(), 0, tols, middle.data(),
-                                            bisector.data(), nullptr);
-        ARC_SPLINE_ask_convexities_of_tri_arc_2d(p1.data(), a(), p2.data(), b(), 0, tols,
-                                                 turns.data(), &longer, &status);
+        const auto ask = [&](auto function, auto&&... outputs) {
+            Pair d1 = way_1, d2 = way_2;  // made unit by every call
+            return call(function, p1, d1, p2, d2, 0, outputs...);
+        };
+        ask(ARC_SPLINE_ask_isosceles_to_pt_2d, within, apex, parms, iso_1, iso_2, sides, &status);
+        alike = ask(ARC_SPLINE_ask_are_two_rays_homodromic_2d, 1, within, again, &status);
+        ask(ARC_SPLINE_ask_bisector_of_angle_2d, within, middle, first, &status);
+        ask(ARC_SPLINE_ask_bisector_of_angle_2d, within, middle, bisector, nullptr);
+        ask(ARC_SPLINE_ask_convexities_of_tri_arc_2d, within, turns, &longer, &status);
     }
     Pair apex{}, parms{}, again{}, iso_1{}, iso_2{}, middle{}, first{}, bisector{};
-    int sides[2], alike;
-    std::array<int, 2> turns;
+    std::array<int, 2> sides, turns;
+    int alike;
     char longer;
 };
 
@@ -224,44 +209,37 @@ TEST(ArcSplinePredicates, Rays) {
         expect_near(moved(x, distance(x, on.middle), on.bisector), on.middle, 1e-11);
         EXPECT_EQ(on.alike, t1 * t2 > 0 ? 1 : 0);
         EXPECT_EQ(on.turns, (std::array{sign(-t2 * s), sign(t1 * s)}));
-        EXPECT_TRUE(on.sides[0] == -on.turns[1] && on.sides[1] == -on.turns[0]);
+        EXPECT_EQ(on.sides, (std::array{-on.turns[1], -on.turns[0]}));
         EXPECT_EQ(on.longer, std::fabs(t1) > std::fabs(t2) ? 'l' : 'r');
     }
-    const Pair o{0, 0}, right{1, 0}, up{0, 1};
-    const struct {
-        Pair p2, d2;
-        int alike;
-        std::array<int, 2> turns;
-        char longer;
-        Pair iso_1, bisector;
-    } cases[] = {{{3, 2}, {-2, 0}, 0, {1, 1}, 'n', {3, 0}, right},  // parallel
-                 {{3, 2}, {2, 0}, 1, {1, -1}, 'n', {3, 0}, right},
-                 {{3, 0}, {2, 0}, 1, {0, 0}, 'n', {3, 0}, right},  // one line
-                 {{2, 0}, up, 1, {-1, 1}, 'l', {2, 0}, {std::sqrt(0.5), std::sqrt(0.5)}},
-                 {{0, -2}, up, 1, {-1, 1}, 'r', {0, 0}, {std::sqrt(0.5), std::sqrt(0.5)}},
-                 {{2, -2}, up, 1, {-1, 1}, 'e', {0, 0}, {-std::sqrt(0.5), -std::sqrt(0.5)}},
-                 {{0, 0}, up, -1, {-2, -2}, 'e', {0, 0}, {std::sqrt(0.5), std::sqrt(0.5)}}};
-    for (const auto& at : cases) {
-        const Rays on(o, right, at.p2, at.d2);
-        EXPECT_EQ(on.alike, at.alike);
-        EXPECT_EQ(on.turns, at.turns) << at.p2[0] << ' ' << at.p2[1];
-        EXPECT_EQ(on.longer, at.longer);
-        expect_near(on.iso_1, at.iso_1, 1e-15);
-        expect_near(on.bisector, at.bisector, 1e-15);
+    const double root = std::sqrt(0.5);
+    const Pair o{0, 0}, right{1, 0}, up{0, 1}, half{root, root};
+    const std::tuple<Pair, Pair, int, std::array<int, 2>, char, Pair, Pair> cases[] = {
+        {{3, 2}, {-2, 0}, 0, {1, 1}, 'n', {3, 0}, right},  // parallel
+        {{3, 2}, {2, 0}, 1, {1, -1}, 'n', {3, 0}, right},
+        {{3, 0}, {2, 0}, 1, {0, 0}, 'n', {3, 0}, right},  // one line
+        {{2, 0}, up, 1, {-1, 1}, 'l', {2, 0}, half},
+        {{0, -2}, up, 1, {-1, 1}, 'r', {0, 0}, half},
+        {{2, -2}, up, 1, {-1, 1}, 'e', {0, 0}, {-root, -root}},
+        {{0, 0}, up, -1, {-2, -2}, 'e', {0, 0}, half}};
+    for (const auto& [p2, d2, alike, turns, longer, iso_1, bisector] : cases) {
+        const Rays on(o, right, p2, d2);
+        EXPECT_EQ(std::tuple(on.alike, on.turns, on.longer), std::tuple(alike, turns, longer));
+        expect_near(on.iso_1, iso_1, 1e-15);
+        expect_near(on.bisector, bisector, 1e-15);
     }
     // Asked with what is known before: their status, and how far they meet. In the first two one
     // ray starts there; the product of the last ways is none.
-    const double met[][5] = {{0, 2, -1e-9, 1e-9, 1},
-                             {0, -1e-9, 2, 1e-9, 1},
-                             {1, 2, -1e-9, 1e-9, 0},
-                             {2, 2, -1e-9, 1e-9, 0},
-                             {0, 1e-200, -1e-200, 0, 1}};
-    for (const auto& [parallel, t1, t2, tol, alike] : met) {
+    for (const auto& [parallel, t1, t2, tol, alike] : {std::array{0.0, 2.0, -1e-9, 1e-9, 1.0},
+                                                       {0, -1e-9, 2, 1e-9, 1},
+                                                       {1, 2, -1e-9, 1e-9, 0},
+                                                       {2, 2, -1e-9, 1e-9, 0},
+                                                       {0, 1e-200, -1e-200, 0, 1}}) {
         Pair d1 = right, d2 = up, parms{t1, t2};
         int status = static_cast<int>(parallel);
-        EXPECT_EQ(ARC_SPLINE_ask_are_two_rays_homodromic_2d(
-                      o.data(), d1.data(), o.data(), d2.data(), 1, 0, &tol, parms.data(), &status),
-                  alike);
+        const int found = call(ARC_SPLINE_ask_are_two_rays_homodromic_2d, o, d1, o, d2, 1, 0, &tol,
+                               parms, &status);
+        EXPECT_EQ(found, alike);
     }
     expect_near(Rays(o, right, {1.2e-10, -2}, up).iso_1, {-2, 0}, 1e-9);
     EXPECT_EQ(Rays({-0.5, 0}, right, {0, -0.125}, up, 0.125).sides[1], 0);
@@ -283,7 +261,7 @@ TEST(ArcSplinePredicates, InscribedAngles) {
     const auto of_vectors = ARC_SPLINE_ask_bisector_of_inscribed_angle;
     const auto bisector_by = [&](auto function, const auto&... inputs) {
         Vector bisector{9, 9, 9};
-        function(passed(inputs)..., bisector.data(), &inscribed, &type, &status);
+        call(function, inputs..., bisector, &inscribed, &type, &status);
         return bisector;
     };
     const Vector o{0, 0, 0}, up{0, 0, 1}, ahead{1, 0, 0};
@@ -293,8 +271,8 @@ TEST(ArcSplinePredicates, InscribedAngles) {
         const Vector b = unit_of(moved(v2, -dot(v2, normal), normal));
         const double turn =
             std::atan2(dot(cross(a, b), normal), dot(a, b)) * 180 / std::numbers::pi;
-        called(ARC_SPLINE_ask_inscribed_angle_and_type, v1, v2, normal, 1, 1.0, &angle, &inscribed,
-               &type);
+        call(ARC_SPLINE_ask_inscribed_angle_and_type, v1, v2, normal, 1, 1.0, &angle, &inscribed,
+             &type);
         EXPECT_NEAR(angle, turn < 0 ? turn + 360 : turn, 1e-9);
         EXPECT_NEAR(inscribed, 180 - turn, 1e-9);
         EXPECT_EQ(type, turn > 0 ? 1 : 0);
@@ -324,11 +302,11 @@ TEST(ArcSplinePredicates, InscribedAngles) {
             EXPECT_TRUE(type == -2 && status == 1 && inscribed == 0);
         }
     }
-    called(ARC_SPLINE_ask_inscribed_angle_and_type, o, o, o, 0, 1.0, &angle, &inscribed, &type);
+    call(ARC_SPLINE_ask_inscribed_angle_and_type, o, o, o, 0, 1.0, &angle, &inscribed, &type);
     EXPECT_TRUE(type == -2 && angle == 0 && inscribed == 0);
     const Vector back{-1, 0x1.7p-50, 0};  // where the angle is 180 itself
-    called(ARC_SPLINE_ask_inscribed_angle_and_type, ahead, back, up, 0, 1.0, &angle, &inscribed,
-           &type);
+    call(ARC_SPLINE_ask_inscribed_angle_and_type, ahead, back, up, 0, 1.0, &angle, &inscribed,
+         &type);
     EXPECT_TRUE(type == 0 && angle == 180 && inscribed == 360);
 }
 

@@ -1,7 +1,6 @@
 // Circles that touch circles and lines.
 #include "ztmath/arc_spline_tangent_circles.h"
 
-#include "support/by_value.h"
 #include "support/reports.h"
 #include "support/segments.h"
 #include "support/session.h"
@@ -20,7 +19,7 @@ Segment line(const Pair& p, const Pair& along) {
 template <class Function, class... Inputs>
 Made made_several(std::size_t room, Function construct, const Inputs&... inputs) {
     Made m;
-    construct(argument(inputs)..., tols.data(), &m.count, m.circles.data(), &m.status);
+    call(construct, inputs..., tols, &m.count, m.circles, &m.status);
     return without_blanks(m, room);
 }
 
@@ -133,17 +132,14 @@ TEST(TangentCircles, TouchToTheRoundingOfTheirData) {
         const Arc a{{0, 0}, 1}, b{{1 + r + close, 0}, r}, c{{-1 - r - close, close}, r};
         SCOPED_TRACE(close);
         expect_touching(touching_three(a, b, c), {a, b, c});
-        expect_touching(through_point(a, b, {1 + close / 3, close}), {a, b},
-                        {{1 + close / 3, close}});
+        const Pair amid{1 + close / 3, close};
+        expect_touching(through_point(a, b, amid), {a, b}, {amid});
     }
 }
 
 TEST(TangentCircles, AreAsManyAsTheyMustBe) {
     const double height = std::sqrt(3.0);
-    const struct {
-        Arc a, b, c;
-        int count;
-    } rows[] = {
+    const std::tuple<Arc, Arc, Arc, int> rows[] = {
         {{{-3, 0}, 1}, {{3, 0.5}, 2}, {{0, 0}, 10}, 8},   // two inside the third
         {{{0, 0}, 1}, {{0.5, 0}, 3}, {{0, 0.3}, 9}, 0},   // one between the others
         {{{0, 0}, 1}, {{20, 0}, 1}, {{0.2, 0.1}, 5}, 0},  // on different sides of the third
@@ -157,10 +153,9 @@ TEST(TangentCircles, AreAsManyAsTheyMustBe) {
         {{{5, 5}, 4}, {{2, 4}, 5}, {{2, 5}, 4}, 5},  // touching one line, which is no circle
         {{{2, 4}, 4}, {{-2, 2}, 2}, {{2, -3}, 3}, 3},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(touching_three(row.a, row.b, row.c).count, row.count) << &row - rows;
-    const std::pair<double, int> radii[] = {{0.5, 0}, {1, 1}, {3, 7}};
-    for (const auto& [radius, count] : radii) {
+    for (const auto& [a, b, c, count] : rows)
+        EXPECT_EQ(touching_three(a, b, c).count, count) << a.radius << ' ' << b.radius;
+    for (const auto& [radius, count] : {std::pair{0.5, 0}, {1, 1}, {3, 7}}) {
         EXPECT_EQ(of_radius(unit, beside, radius).count, count);
         expect_touching(of_radius(unit, beside, radius), {unit, beside});
     }

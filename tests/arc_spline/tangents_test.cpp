@@ -26,14 +26,13 @@ Tangents tangents(Kind kind, const Segment* a, const Segment* b, int bounded = 0
     if (kind != from_point) {
         const auto common = kind == exterior ? ARC_SPLINE_ask_tangents_exterior_to_circles_2d
                                              : ARC_SPLINE_ask_tangents_interior_to_circles_2d;
-        common(a, b, bounded, bounded_b < 0 ? bounded : bounded_b, tols.data(), &x.count, t, t + 1,
-               x.parms[0], x.parms[1], &x.status);
+        call(common, a, b, bounded, bounded_b < 0 ? bounded : bounded_b, tols, &x.count, t, t + 1,
+             x.parms[0], x.parms[1], &x.status);
         return x;
     }
     Pair points[2];
-    ARC_SPLINE_ask_tangents_thru_a_point_2d(a, b->center, bounded, tols.data(), &x.count,
-                                            points[0].data(), points[1].data(), x.parms[0], x.flags,
-                                            &x.status);
+    call(ARC_SPLINE_ask_tangents_thru_a_point_2d, a, b->center, bounded, tols, &x.count, points[0],
+         points[1], x.parms[0], x.flags, &x.status);
     for (int k = 0; k < 2; ++k)
         t[k] = made_straight(points[k], center_of(*b));
     return x;
@@ -77,13 +76,12 @@ TEST(Tangents, TouchWhatTheyMust) {
         const Pair along = moved({}, kind == exterior && r > a.radius ? -1 : 1, ahead);
         int inside = 0;
         for (int k = 0; k < x.count; ++k) {
-            const double side = expect_touching(x.lines[k], 0, a, x.parms[0][k]);
+            const Segment& t = x.lines[k];
+            const double side = expect_touching(t, 0, a, x.parms[0][k]);
             if (kind != from_point) {
-                const double length = x.lines[k].radius;
-                const double other = expect_touching(x.lines[k], length, b, x.parms[1][k]);
+                const double other = expect_touching(t, t.radius, b, x.parms[1][k]);
                 EXPECT_EQ((side > 0) == (other > 0), kind == exterior);
-                EXPECT_EQ(dot(left_of(along), minus(start_of(x.lines[k]), center_of(a))) > 0,
-                          k == 0);
+                EXPECT_EQ(dot(left_of(along), minus(start_of(t), center_of(a))) > 0, k == 0);
             }
             EXPECT_TRUE(kind != from_point || (bounded.flags[k] == 1) == (k >= bounded.count));
             const bool touches_arc =
@@ -99,21 +97,17 @@ TEST(Tangents, TouchWhatTheyMust) {
 
 TEST(Tangents, CountAndFail) {
     const Arc big({0, 0}, 2), small({3, 0}, 1), equal({6, 0}, 2), tiny({0, 0}, 2e-10),
-        null({0, 0}, 5e-11), huge({0, 0}, 1000), near({999 + 5e-8, 0}, 1);
-    const struct {
-        Kind kind;
-        Segment a, b;
-        int status, count;
-        double y;  // of where the first touches
-    } rows[] = {
+        null({0, 0}, 5e-11), huge({0, 0}, 1000), near({999 + 5e-8, 0}, 1),
+        still({0, 0}, 0.25, 90, 450, 0);
+    // The status, how many, and the height at which the first touches.
+    const std::tuple<Kind, Segment, Segment, int, int, double> rows[] = {
         {from_point, Arc({0, 0}, 2, -90, 90), Arc({0, 2}, 1), 0, 0, 2},
         {from_point, {}, equal, 0, 0, 0},
         {from_point, null, null, 2, 0, 0},
         {from_point, tiny, Arc({1.5e-9, 0}, 1), 3, 0, 0},
         {from_point, null, equal, 4, 0, 0},
-        {from_point, Arc({0, 0}, 0.25, 90, 450, 0), Arc({0.75, 0}, 1), 0, 2, std::sqrt(1.0 / 18)},
-        {from_point, Arc({0, 0}, 0.25, 90, 450, 0), Arc({0.375, 0}, 1), 0, 2,
-         -std::sqrt(5.0 / 144)},
+        {from_point, still, Arc({0.75, 0}, 1), 0, 2, std::sqrt(1.0 / 18)},
+        {from_point, still, Arc({0.375, 0}, 1), 0, 2, -std::sqrt(5.0 / 144)},
         {exterior, big, equal, 0, 2, 2},
         {exterior, equal, big, 0, 2, -2},
         {exterior, big, Arc({0.9e-9, 0}, 2), 0, 0, 0},
@@ -128,15 +122,15 @@ TEST(Tangents, CountAndFail) {
         {interior, big, tiny, 2, 0, 0},
         {interior, small, big, 0, 1, 0},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(&row - rows);
-        const Tangents x = tangents(row.kind, &row.a, &row.b, 1);
-        EXPECT_EQ(x.status, row.status);
-        EXPECT_EQ(x.count, row.count);
+    for (const auto& [kind, a, b, status, count, y] : rows) {
+        SCOPED_TRACE(testing::Message() << kind << ' ' << status << ' ' << y);
+        const Tangents x = tangents(kind, &a, &b, 1);
+        EXPECT_EQ(x.status, status);
+        EXPECT_EQ(x.count, count);
         EXPECT_TRUE(x.status == 0 || x.flags[0] == -1);
         EXPECT_TRUE((x.status == 0 && x.count != 1) || x.flags[1] == -1);
-        EXPECT_NEAR(x.lines[0].start_point[1], row.y, 1.0e-8);
-        EXPECT_EQ(tangents(row.kind, nullptr, &row.b).status, 1);
+        EXPECT_NEAR(x.lines[0].start_point[1], y, 1.0e-8);
+        EXPECT_EQ(tangents(kind, nullptr, &b).status, 1);
     }
     const Arc half({5, 0}, 1, -90, 90);
     EXPECT_EQ(tangents(exterior, &big, &half, 1, 0).count, 2);
@@ -155,18 +149,16 @@ TEST(Tangents, CountAndFail) {
 TEST(Tangents, TakeTheToleranceItselfForNothing) {
     tols = {0.25, 1e-7};
     const Arc big({0, 0}, 2), touching({3, 0}, 1), on({2, 0}, 1);
-    const struct {
-        Kind kind;
-        double r, x;  // of the second, beside a circle of radius 2
-        int status, count;
-    } rows[] = {{from_point, 1, 2.25, 0, 1}, {exterior, 2, 0.25, 0, 2}, {exterior, 1, 0.75, 4, 0},
-                {exterior, 1.75, 5, 0, 2},   {interior, 1, 3.25, 0, 1}, {interior, 1, 2.75, 0, 1}};
-    for (const auto& row : rows) {
-        const Arc other({row.x, 0}, row.r);
-        const Tangents x = tangents(row.kind, &big, &other);
-        EXPECT_TRUE(x.status == row.status && x.count == row.count) << &row - rows;
+    // The radius of the second, and how far it stands beside a circle of radius 2.
+    const std::tuple<Kind, double, double, int, int> rows[] = {
+        {from_point, 1, 2.25, 0, 1}, {exterior, 2, 0.25, 0, 2}, {exterior, 1, 0.75, 4, 0},
+        {exterior, 1.75, 5, 0, 2},   {interior, 1, 3.25, 0, 1}, {interior, 1, 2.75, 0, 1}};
+    for (const auto& [kind, r, way, status, count] : rows) {
+        const Arc other({way, 0}, r);
+        const Tangents x = tangents(kind, &big, &other);
+        EXPECT_EQ(std::pair(x.status, x.count), std::pair(status, count)) << kind << ' ' << way;
         EXPECT_EQ(x.flags[1], -1);
-        EXPECT_TRUE(row.x < 5 || x.lines[0].start_point[1] == 2) << "as of equal circles";
+        EXPECT_TRUE(way < 5 || x.lines[0].start_point[1] == 2) << "as of equal circles";
     }
     tols = {-1, 1e-7};  // which makes no circle of Thales
     EXPECT_EQ(tangents(from_point, &big, &touching).status, 3);
@@ -185,8 +177,8 @@ TEST(TangentAtOtherEnd, MakesTheSameAngleWithTheChord) {
     const Pair origin = {};
     const auto other_end = [&](const Pair& along, const Pair& end, const Pair& start = {}) {
         Pair t;
-        ARC_SPLINE_compute_tangent_at_other_end_of_chord_2d(start.data(), along.data(), end.data(),
-                                                            tols.data(), t.data(), &status);
+        call(ARC_SPLINE_compute_tangent_at_other_end_of_chord_2d, start, along, end, tols, t,
+             &status);
         return t;
     };
     for (int round = 0; round < rounds(1000); ++round) {

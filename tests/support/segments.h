@@ -1,7 +1,6 @@
 // Segments of arc splines for tests.
 #pragma once
 
-#include "support/by_value.h"
 #include "support/plane.h"
 #include "ztmath/arc_spline.h"
 
@@ -10,6 +9,20 @@ namespace ztmath_test {
 using Segment = ARC_SPLINE_1_seg_2d_t;
 
 inline constexpr char arc_module[] = "arc_spline_apollonian_constructions";
+
+/// A call that is passed arrays and segments, for inputs and outputs alike, by their address.
+template <class Function, class... Values>
+auto call(Function function, Values&&... values) {
+    const auto address = [](auto& value) {
+        if constexpr (requires { value.data(); })
+            return value.data();
+        else if constexpr (std::is_convertible_v<decltype(&value), const Segment*>)
+            return &value;
+        else
+            return value;
+    };
+    return function(address(values)...);
+}
 
 /// Of lengths, of angles in degrees and of curvatures, as calls are passed them; a test that
 /// changes them sets them back.
@@ -27,7 +40,7 @@ struct Arc : Segment {
 
 inline Segment made_straight(const Pair& start, Pair end, const Pair& fallback = {7, 7}) {
     Segment straight{};
-    ARC_SPLINE_cre_strt_seg_2d(start.data(), end.data(), fallback.data(), &straight);
+    call(ARC_SPLINE_cre_strt_seg_2d, start, end, fallback, &straight);
     return straight;
 }
 
@@ -51,17 +64,15 @@ struct At {
 
 inline At evaluated(const Segment& s, double parm, int extrapolate = 0) {
     At at;
-    ARC_SPLINE_evaluate_1_seg_2d(&s, extrapolate, parm, at.point.data(), at.tangent.data(),
-                                 &at.status);
+    call(ARC_SPLINE_evaluate_1_seg_2d, &s, extrapolate, parm, at.point, at.tangent, &at.status);
     return at;
 }
 
 /// All that can be asked of a segment at once.
 struct Data {
     explicit Data(const Segment* s, int want_corner = 1) {
-        ARC_SPLINE_ask_1_seg_2d_data(s, want_corner, &type, &orientation, angles.data(), &length,
-                                     &curvature, center.data(), start.data(), start_tangent.data(),
-                                     end.data(), end_tangent.data(), corner.data(), &status);
+        call(ARC_SPLINE_ask_1_seg_2d_data, s, want_corner, &type, &orientation, angles, &length,
+             &curvature, center, start, start_tangent, end, end_tangent, corner, &status);
     }
     int type = 9, orientation = 9, status = 9;
     Pair angles{}, center{}, start{}, start_tangent{}, end{}, end_tangent{}, corner{9, 9};
@@ -94,18 +105,10 @@ inline Made without_blanks(Made m, std::size_t room) {
     return m;
 }
 
-template <class Input>
-auto argument(const Input& input) {
-    if constexpr (std::is_base_of_v<Segment, Input>)
-        return &input;
-    else
-        return passed(input);
-}
-
 template <class Function, class... Inputs>
 Made made_one(Function construct, const Inputs&... inputs) {
     Made m;
-    construct(argument(inputs)..., tols.data(), &m.circles[0], &m.status);
+    call(construct, inputs..., tols, m.circles[0], &m.status);
     m.count = m.status == 0 ? 1 : 0;
     return without_blanks(m, 1);
 }
@@ -113,7 +116,7 @@ Made made_one(Function construct, const Inputs&... inputs) {
 template <class Function, class... Inputs>
 Made made_two(Function construct, const Inputs&... inputs) {
     Made m;
-    construct(argument(inputs)..., tols.data(), &m.count, &m.circles[0], &m.circles[1], &m.status);
+    call(construct, inputs..., tols, &m.count, m.circles[0], m.circles[1], &m.status);
     return without_blanks(m, 2);
 }
 

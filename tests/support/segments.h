@@ -24,10 +24,10 @@ auto call(Function function, Values&&... values) {
     return function(address(values)...);
 }
 
-/// Of lengths, of angles in degrees and of curvatures, as calls are passed them; a test that
-/// changes them sets them back.
+/// Of lengths, of angles in degrees and of curvatures, which have no part in most calls. A test
+/// that changes them sets them back.
 using Tolerances = std::array<double, 3>;
-inline constexpr Tolerances fine = {1e-9, 1e-7, 1e-9};
+inline constexpr Tolerances fine = {1e-9, 1e-7, NAN};
 inline Tolerances tols = fine;
 
 /// An arc between two tangent angles, the full circle if not told otherwise.

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <numeric>
 
 #include "interface/table.h"
 
@@ -22,9 +23,7 @@ void add(double number, std::uint64_t& hash) {
 std::uint64_t hash_of(const Call& call) {
     Random random;
     std::uint64_t hash = 0xCBF29CE484222325;
-    std::size_t count = 1;
-    for (const std::size_t length : call.inputs)
-        count += length;
+    const std::size_t count = std::reduce(call.inputs.begin(), call.inputs.end(), std::size_t{1});
     const int repeats = std::clamp(rounds(20000) / static_cast<int>(count), 10, 2000);
     for (int round = 0; round < repeats; ++round)
         for (const Draw draw : draws) {

@@ -102,9 +102,7 @@ TEST(EveryCall, EndsOnEverySpecialValueAndComputesAlikeAtEveryCheckingLevel) {
         const NoBlocksLeft watch;
         const Arrays ordinary = draw_inputs(call, random, Draw::regular);
         const Outcome before = outcome_of(call, ordinary);
-        std::size_t count = 0;
-        for (const std::size_t length : call.inputs)
-            count += length;
+        const std::size_t count = std::reduce(call.inputs.begin(), call.inputs.end());
         const std::size_t step = 1 + count / 40;  // of large inputs, some places
         for (std::size_t i = 0; i < call.inputs.size(); ++i)
             for (std::size_t k = 0; k < call.inputs[i];

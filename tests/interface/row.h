@@ -1,7 +1,7 @@
 // Rows of functions whose parameters say what they read and write.
 #pragma once
 
-#include "interface/records.h"
+#include "interface/structures.h"
 #include "interface/table.h"
 #include "support/rotation.h"
 #include "syss/syss.h"
@@ -27,7 +27,7 @@ struct Cursor {
 
 /// What is passed for a parameter: an array of input or output, rows of `columns` over an output, a
 /// place for a block that is handed out, or something made of input numbers and becoming output
-/// numbers. Arrays that are read and written have `size` numbers.
+/// numbers. Arrays have `size` numbers.
 template <class Parameter, std::size_t size, std::size_t columns>
 class Passed {
     using Value = std::remove_const_t<std::remove_pointer_t<Parameter>>;
@@ -54,14 +54,18 @@ class Passed {
                 return;
             }
         from_ = *at.in++;
-        if constexpr (is_written && (is_array || is_matrix))
+        if constexpr (is_structure<Value>)
+            hold(from_, values_);
+        else if constexpr (is_written && (is_array || is_matrix))
             std::copy_n(from_, size, to_);
         else if constexpr (!is_array && !is_block)
             values_[0] = made_of<Value>(from_);
     }
 
     Parameter get() {
-        if constexpr (is_array && is_written)
+        if constexpr (is_structure<Value>)
+            return held<Value>.get();
+        else if constexpr (is_array && is_written)
             return to_;
         else if constexpr (is_array)
             return from_;
@@ -72,10 +76,15 @@ class Passed {
     }
 
     void finish() {
-        if constexpr (is_block) {
+        if constexpr (is_structure<Value>) {
+            if constexpr (is_written) contents_of(held<Value>.get(), to_);
+            held<Value>.reset();
+        } else if constexpr (is_matrix) {
+            if (values_[0] != to_) SM_free(values_[0]);  // a block that was handed out
+        } else if constexpr (is_block) {
             std::copy_n(values_[0], SM_length(values_[0]) / sizeof(double), to_);
             SM_free(values_[0]);
-        } else if constexpr (is_written && !is_array && !is_matrix) {
+        } else if constexpr (is_written && !is_array) {
             numbers_of(values_[0], to_);
         }
     }
@@ -83,14 +92,18 @@ class Passed {
     /// Adds the lengths of the arrays that this takes.
     static void add_lengths(Cursor& at, Call& call) {
         constexpr bool is_plain = is_array || is_matrix;
-        if (is_in(at) && (at.integers == nullptr || !std::is_integral_v<Value>))
+        const bool is_read = is_in(at);
+        if (is_read && at.integers != nullptr && std::is_integral_v<Value>)
+            ++call.integers;
+        else if (is_read)
             call.inputs.push_back(is_plain ? size : numbers_in<Value>);
         if (is_written) call.outputs.push_back(is_plain ? size : numbers_out<Value>);
     }
 
   private:
     static bool is_in(Cursor& at) {
-        return (std::exchange(at.in_out, at.in_out >> 1) & 1) != 0 || !is_written;
+        const bool is_read_too = (std::exchange(at.in_out, at.in_out >> 1) & 1) != 0;
+        return is_read_too || !is_written || is_structure<Value>;
     }
 
     const double* from_ = nullptr;
@@ -115,25 +128,49 @@ struct Arguments {
     using Type = decltype(of(function));
 };
 
-template <class... Each>
-double called(auto function, Cursor at, std::type_identity<std::tuple<Each...>>) {
+/// Whether rows call nothing, so that outputs show what is there before a call.
+inline bool calls_nothing = false;
+
+/// Calls a function; returns its result if that is a number, and holds one that is a structure.
+template <class Result, class... Values>
+double result_of(Result (*function)(Values...), Values... values) {
+    using Structure = std::remove_pointer_t<Result>;
+    if (calls_nothing) return 0.0;
+    if constexpr (std::is_arithmetic_v<Result>)
+        return function(values...);
+    else if constexpr (is_structure<Structure>)
+        held<Structure, true>.reset(function(values...));
+    else if constexpr (std::is_same_v<Result, double**>)
+        SM_free(function(values...));
+    else
+        function(values...);
+    return 0.0;
+}
+
+/// The same with what is passed for each parameter. A structure becomes the last output.
+template <class Result, class... Parameters, class... Each>
+double called(Result (*function)(Parameters...), Cursor at,
+              std::type_identity<std::tuple<Each...>>) {
+    using Structure = std::remove_pointer_t<Result>;
     std::tuple<Each...> passed{Each(at)...};
     return std::apply(
         [&](auto&... each) {
-            double result = 0.0;
-            if constexpr (std::is_arithmetic_v<decltype(function(each.get()...))>)
-                result = function(each.get()...);
-            else
-                function(each.get()...);
+            const double result = result_of(function, each.get()...);
             (each.finish(), ...);
+            if constexpr (is_structure<Structure>) {
+                contents_of(held<Structure, true>.get(), *at.out);
+                held<Structure, true>.reset();
+            }
             return result;
         },
         passed);
 }
 
-template <class... Each>
-void add_lengths(Cursor at, Call& call, std::type_identity<std::tuple<Each...>>) {
+template <class Result, class... Parameters, class... Each>
+void add_lengths(Result (*)(Parameters...), Cursor at, Call& call,
+                 std::type_identity<std::tuple<Each...>>) {
     (Each::add_lengths(at, call), ...);
+    if (is_structure<std::remove_pointer_t<Result>>) call.outputs.push_back(structure_out);
 }
 
 /// The name of a function, as the compiler spells it.
@@ -144,19 +181,25 @@ std::string name_of() {
     return std::string(text.substr(at, text.find_first_of(";]", at) - at));
 }
 
+/// Integers of a row, in their order; without any, its integers are flags.
+template <int... integers>
+inline constexpr int listed[] = {integers..., 0};
+template <int... integers>
+inline constexpr const int* given_integers = sizeof...(integers) > 0 ? listed<integers...>
+                                                                     : nullptr;
+
 /// The row of a function that reads and writes some parameters, matrices with so many `columns`
-/// among them. Integers are those given here, in their order; without any, they are flags. Without
-/// lengths, arrays have as many numbers as the header tells, and `size` where it does not.
-template <auto function, unsigned in_out, std::size_t size, std::size_t columns, int... integers>
-Call general_row(const Lengths& inputs, const Lengths& outputs, Prepare prepare) {
-    static constexpr int values[] = {integers..., 0};
-    static constexpr const int* given = sizeof...(integers) > 0 ? values : nullptr;
+/// among them. Without lengths, arrays have as many numbers as the header tells, and `size` where
+/// it does not.
+template <auto function, unsigned in_out, std::size_t size, std::size_t columns, const int* given>
+Call general_row(const Lengths& inputs = {}, const Lengths& outputs = {},
+                 Prepare prepare = nullptr) {
     static constexpr typename Arguments<function, size, columns>::Type arguments;
     const auto run = [](In in, Out out) {
         return called(function, {in, out, given, in_out}, arguments);
     };
     Call call{name_of<function>(), {}, {}, run, prepare, in_out == 0 && columns == 1};
-    add_lengths({{}, {}, given, in_out}, call, arguments);
+    add_lengths(function, {{}, {}, given, in_out}, call, arguments);
     if (inputs.empty() && outputs.empty()) return call;
     if (inputs.size() != call.inputs.size() || outputs.size() != call.outputs.size())
         throw std::logic_error(call.name + " takes other arrays");
@@ -165,20 +208,21 @@ Call general_row(const Lengths& inputs, const Lengths& outputs, Prepare prepare)
     return call;
 }
 
-template <auto function, int... integers>
-Call row(const Lengths& inputs = {}, const Lengths& outputs = {}, Prepare prepare = nullptr) {
-    return general_row<function, 0, 2, 1, integers...>(inputs, outputs, prepare);
+template <auto function, unsigned in_out, std::size_t columns, std::size_t size, int... integers>
+Call on_matrices(const Lengths& inputs = {}, const Lengths& outputs = {},
+                 Prepare prepare = nullptr) {
+    constexpr const int* given = given_integers<integers...>;
+    return general_row<function, in_out, size, columns, given>(inputs, outputs, prepare);
 }
 
 template <auto function, unsigned in_out, std::size_t size, int... integers>
 Call changing(const Lengths& inputs = {}, const Lengths& outputs = {}, Prepare prepare = nullptr) {
-    return general_row<function, in_out, size, 1, integers...>(inputs, outputs, prepare);
+    return on_matrices<function, in_out, 1, size, integers...>(inputs, outputs, prepare);
 }
 
-template <auto function, unsigned in_out, std::size_t columns, std::size_t size, int... integers>
-Call on_matrices(const Lengths& inputs = {}, const Lengths& outputs = {},
-                 Prepare prepare = nullptr) {
-    return general_row<function, in_out, size, columns, integers...>(inputs, outputs, prepare);
+template <auto function, int... integers>
+Call row(const Lengths& inputs = {}, const Lengths& outputs = {}, Prepare prepare = nullptr) {
+    return changing<function, 0, 2, integers...>(inputs, outputs, prepare);
 }
 
 /// Rows of functions that read and write the same parameters and are prepared for in the same way.

@@ -29,6 +29,8 @@ struct Call {
     bool passes_on = false;
     /// Whether it writes what all calls share: then no other call may run beside it.
     bool writes_shared = false;
+    /// The number of integers it is given, not counting those made of input.
+    int integers = 0;
 };
 
 inline std::vector<Call> joined(const std::vector<std::vector<Call>>& parts) {

@@ -1,8 +1,8 @@
 // Ear clipping against the plain rule, which tests every corner anew.
+#include "support/by_value.h"
 #include "support/outlines.h"
 #include "support/random.h"
 #include "support/reports.h"
-#include "support/session.h"
 #include "support/vectors.h"
 #include "ztmath/facet.h"
 #include "ztmath/vec3.h"
@@ -26,28 +26,30 @@ bool is_left(const Vector& a, const Vector& b, const Vector& p, const Vector& no
 
 /// The rule as it is stated, cubic.
 std::vector<int> plain_clipping(const Vectors& p, const Vector& normal) {
-    std::vector<std::size_t> left;
-    for (std::size_t i = 0; i < p.size(); ++i)
-        left.push_back(i);
+    std::vector<std::size_t> left(p.size());
+    std::iota(left.begin(), left.end(), 0);
     if (left.size() == 3) return {0, 1, 2};
     std::vector<int> triangles;
     bool all_convex = false;
     for (std::size_t at = 0; left.size() > 2; at %= left.size()) {
         const std::size_t m = left.size();
         const auto corner = [&](std::size_t i) -> const Vector& { return p[left[i % m]]; };
-        std::vector<bool> convex(m, true);
-        for (std::size_t i = 0; i < m && !all_convex; ++i)
-            convex[i] = VEC3_angle_between(difference(corner(i + m - 1), corner(i)).data(),
-                                           difference(corner(i + m - 1), corner(i + 1)).data(),
-                                           normal.data()) <= M_PI;
-        all_convex = all_convex || std::find(convex.begin(), convex.end(), false) == convex.end();
+        const auto is_convex = [&](std::size_t i) {
+            const Vector& a = corner(i + m - 1);
+            return called(VEC3_angle_between, difference(a, corner(i)),
+                          difference(a, corner(i + 1)), normal) <= M_PI;
+        };
+        std::size_t convex = 0;
+        while (convex < m && !all_convex && is_convex(convex))
+            ++convex;
+        all_convex = all_convex || convex == m;
         const auto is_ear = [&](std::size_t i) {
             const Vector &a = corner(i + m - 1), &b = corner(i), &c = corner(i + 1);
             for (std::size_t k = 2; k + 1 < m; ++k)
                 if (is_left(a, b, corner(i + k), normal) && is_left(b, c, corner(i + k), normal) &&
                     is_left(c, a, corner(i + k), normal))
                     return false;
-            return static_cast<bool>(convex[i % m]);
+            return is_convex(i);
         };
         for (std::size_t seen = 0; seen + 1 < m && !all_convex && !is_ear(at % m); ++seen)
             ++at;
@@ -105,30 +107,24 @@ TEST(EarClipping, IsThePlainRuleTriangleForTriangle) {
     }
 }
 
-TEST(EarClipping, IsThePlainRuleOnMaps) {
-    for (const char* const country : {"switzerland", "slovenia"}) {
-        const Vectors points = lifted(outline_of(country), Frame({0, 0, 0}, identity));
-        EXPECT_EQ(clipping(points, {0, 0, 1}), plain_clipping(points, {0, 0, 1}));
-    }
-}
-
-TEST(EarClipping, TakesAllCornersForConvexWithoutANormalOrASize) {
-    Vectors points = lifted(spiral_polygon(9), Frame({0, 0, 0}, identity));
-    EXPECT_EQ(clipping(points, {0, 0, 0}), plain_clipping(points, {0, 0, 0}));
-    for (Vector& p : points)
-        p = scaled(p, 1e-12);
-    EXPECT_EQ(clipping(points, {0, 0, 1}), plain_clipping(points, {0, 0, 1}));
+TEST(EarClipping, IsThePlainRuleOnMapsAndWithoutANormalOrASize) {
+    const Frame flat({0, 0, 0}, identity), tiny({0, 0, 0}, {1e-12, 0, 0, 0, 1e-12, 0, 0, 0, 1e-12});
+    for (const auto& [points, normal] :
+         {std::pair(lifted(outline_of("switzerland"), flat), Vector{0, 0, 1}),
+          {lifted(outline_of("slovenia"), flat), {0, 0, 1}},
+          {lifted(spiral_polygon(9), flat), {0, 0, 0}},
+          {lifted(spiral_polygon(9), tiny), {0, 0, 1}}})
+        EXPECT_EQ(clipping(points, normal), plain_clipping(points, normal));
 }
 
 TEST(EarClipping, AssertsTheCountOfTriangles) {
-    const CheckingLevel checking(1);
-    ReportRecorder recorder;
-    const Vectors two(2);
-    FACET_ask_triangles_of_polygon(2, two[0].data(), two[0].data(), nullptr);
-    EXPECT_EQ(recorder.take(), Reports{});
-    FACET_ask_triangles_of_polygon(1, two[0].data(), two[0].data(), nullptr);
-    EXPECT_EQ(recorder.take(),
-              Reports{assertion("facet_util_math", "n_triangles == n_original_vertices - 2")});
+    const double nowhere[6] = {};
+    expect_reports_when_checking(
+        [&] {
+            for (const int n : {2, 1})
+                FACET_ask_triangles_of_polygon(n, nowhere, nowhere, nullptr);
+        },
+        {assertion("facet_util_math", "n_triangles == n_original_vertices - 2")});
 }
 
 TEST(EarClipping, EndsSoonOnLargePolygons) {

@@ -9,7 +9,7 @@ namespace {
 using namespace ztmath_test;
 
 constexpr double eps = 1e-10;
-using Triangle = std::vector<int>;  // corners, then neighbours
+using Triangle = std::array<int, 6>;  // corners, then neighbours
 using Triangles = std::vector<Triangle>;
 
 /// The rule as it is stated: quadratic to cubic, and recursive.
@@ -111,11 +111,9 @@ struct Fill {
     Fill& operator=(const Fill&) = delete;
 
     Triangles list() const {
-        Triangles all;
-        for (int t = 0; t < count; ++t) {
-            const PTF_triangle_t& r = triangles[t];
-            all.push_back({r.a, r.b, r.c, r.across_bc, r.across_ca, r.across_ab});
-        }
+        Triangles all(count);
+        std::transform(triangles, triangles + count, all.begin(),
+                       [](const auto& triangle) { return std::bit_cast<Triangle>(triangle); });
         return all;
     }
 

@@ -12,7 +12,7 @@ using Plane = ARC_SPLINE_monge_plane_t;
 
 /// How many numbers a segment is made of, and how many it becomes.
 inline constexpr std::size_t segment_in = 7;
-inline constexpr std::size_t segment_out = 11;
+inline constexpr std::size_t segment_out = 12;
 
 template <class Value>
 inline constexpr bool is_segment = std::is_same_v<Value, Segment>;
@@ -66,12 +66,7 @@ Value made_of(const double* numbers) {
 inline void numbers_of(const Segment& s, double* numbers) {
     *numbers++ = s.type;
     *numbers++ = s.orientation;
-    numbers = std::copy_n(s.start_point, 2, numbers);
-    *numbers++ = s.start_angle;
-    *numbers++ = s.end_angle;
-    numbers = std::copy_n(s.center, 2, numbers);
-    numbers = std::copy_n(s.direction, 2, numbers);
-    *numbers = s.radius;
+    std::memcpy(numbers, s.start_point, sizeof s - offsetof(Segment, start_point));
 }
 
 inline void numbers_of(const Plane& plane, double* numbers) {

@@ -132,14 +132,10 @@ inline Polygon reversed(const Polygon& p) {
 }
 
 inline double doubled_area(const Polygon& p) {
-    const int n = vertex_count(p);
     long double sum = 0;
-    for (int i = 0; i < n; ++i) {
-        const double* const a = &p[2 * static_cast<std::size_t>(i)];
-        const double* const b = &p[2 * static_cast<std::size_t>((i + 1) % n)];
-        sum += static_cast<long double>(a[0] - p[0]) * (b[1] - p[1]) -
-               static_cast<long double>(b[0] - p[0]) * (a[1] - p[1]);
-    }
+    for (std::size_t i = 2; i + 3 < p.size(); i += 2)
+        sum += static_cast<long double>(p[i] - p[0]) * (p[i + 3] - p[1]) -
+               static_cast<long double>(p[i + 2] - p[0]) * (p[i + 1] - p[1]);
     return static_cast<double>(sum);
 }
 

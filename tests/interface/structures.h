@@ -18,14 +18,12 @@ inline constexpr std::size_t structure_out = 200;
 template <class Structure, bool is_handed_out = false>
 inline thread_local std::unique_ptr<Structure, Release> held;
 
-template <>
-inline constexpr std::size_t numbers_in<BCDF> = structure_in;
-template <>
-inline constexpr std::size_t numbers_in<PNTLST> = structure_in;
-template <>
-inline constexpr std::size_t numbers_out<BCDF> = structure_out;
-template <>
-inline constexpr std::size_t numbers_out<PNTLST> = structure_out;
+template <class Value>
+requires is_structure<Value>
+inline constexpr std::size_t numbers_in<Value> = structure_in;
+template <class Value>
+requires is_structure<Value>
+inline constexpr std::size_t numbers_out<Value> = structure_out;
 
 /// Makes the list that a call works on, of points of the space or homogeneous ones.
 inline void hold(const double* numbers, const PNTLST*) {

@@ -36,34 +36,6 @@ void space_circle(const double* points, int n, double* point, double* normal, do
     LSFIT_circle_to_points_3d(points, n, point, normal, centre, radius, failed, stats, frame);
 }
 
-PNTLST* list_from_function(int number, int dimension) {
-    PNTLST* const list = PNTLST_get_from_func(number, dimension, [](int, double*) { return 0; });
-    if (list != nullptr) std::fill_n(list->points, number * std::max(dimension, 0), 1.0);
-    return list;
-}
-
-double* block_of_points() {
-    int n = 0;
-    int dimension = 0;
-    return PNTLST_copy_points(new_list(Values(24, 1.0)).get(), &n, &dimension);
-}
-
-/// Without points, a block stays the caller's.
-BCDF* record_over_block(int number, int dimension, int least_squares) {
-    double* const points = block_of_points();
-    BCDF* const record = BCDF_create_df_from_pts(points, number, dimension, least_squares);
-    if (number < 1) SM_free(points);
-    return record;
-}
-
-BCDF* record_over_list(int number, int dimension, int periodicity, int order, int least_squares) {
-    double* const points = block_of_points();
-    PNTLST* const list = PNTLST_create_from_list_of_pts(points, number, dimension);
-    if (number < 1) SM_free(points);
-    return BCDF_create_from_pntlst(periodicity, order, least_squares, list, nullptr, nullptr,
-                                   nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
-}
-
 /// Without the last places, which hold whatever was in the array.
 void inserted(PNTLST* list, int number, int position, const double* points) {
     PNTLST_insert_points(list, number, position, points);

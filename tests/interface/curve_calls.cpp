@@ -1,17 +1,21 @@
 // What of point lists, curve records and poles the headers do not tell.
 #include "interface/row.h"
+#include "interface/whole_calls.h"
 
 namespace ztmath_test {
 
 namespace {
 
-/// Everything that a record hands out.
-void copied(const BCDF* record) {
-    int number = 0;
-    int dimension = 0;
-    SM_free(BCDF_create_slope_pos_array(record, &number));
-    SM_free(BCDF_create_crvatr_pos_array(record, &number));
-    SM_free(PNTLST_copy_points(record->points, &number, &dimension));
+void points_left(BCDF* record) {
+    double* const points = record->points->points;
+    BCDF_free_all_but_points(held<BCDF>.release());
+    SM_free(points);
+}
+
+void array_left(PNTLST* list) {
+    double* const points = list->points;
+    PNTLST_free_all_but_points(held<PNTLST>.release());
+    SM_free(points);
 }
 
 void made_persistent(BCDF* record) {
@@ -35,7 +39,11 @@ void release_held() {
 
 std::vector<Call> curve_calls() {
     return {
-        row<copied>(),
+        row<points_left>(),
+        row<list_from_function, 4, 3>(),
+        row<record_over_block, 8, 3, 1>(),
+        row<record_over_list, 8, 3, 1, 4, 0>(),
+        row<array_left>(),
         row<made_persistent>(),
         row<BCDF_replace_defining_point, 1, 3>(),
         row<BCDF_remove_defining_points, 0, 2>(),

@@ -1,4 +1,5 @@
-// Session state: each row sets the words it depends on.
+// Session state: rows set the words they depend on. MCS_register_display_fn has none, as it takes
+// and gives a function, and mdump_banded, which prints, has one in the sweep of counts only.
 #include "interface/row.h"
 
 namespace ztmath_test {
@@ -34,6 +35,10 @@ int setting(int is_good) {
     return ask();
 }
 
+void error_pushed(int number, int level) {
+    merrorpush("row", number, level);
+}
+
 void grid_counts(int is_good_u, int is_good_v, int* asked) {
     const int set[2] = {is_good_u != 0 ? 4 : -1, is_good_v != 0 ? 5 : -1};
     PX_set_default_face_grid_counts(set);
@@ -44,6 +49,9 @@ void grid_counts(int is_good_u, int is_good_v, int* asked) {
 
 std::vector<Call> frame_calls() {
     std::vector<Call> calls = joined({
+        rows_of<0, nullptr,
+#include "session.inc"
+                >(),
         mappings<mapvaw_, mapvwa_, mappaw_, mappwa_, map10_, map11_, map12_, map13_>(),
         {
             row<tolerances>({1, 1, 1}, {1}),
@@ -51,6 +59,7 @@ std::vector<Call> frame_calls() {
             row<setting<DISPLAY_set_system_color, DISPLAY_ask_system_color, 0, 217>>({1}),
             row<setting<DISPLAY_set_view_of_last_cursor, DISPLAY_ask_view_of_last_cursor, 0, 3>>(
                 {1}),
+            row<error_pushed>(),
             row<grid_counts>({1, 1}, {2}),
         },
     });

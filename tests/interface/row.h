@@ -12,6 +12,9 @@ namespace ztmath_test {
 using Extents = std::array<std::size_t, 24>;
 template <auto function>
 inline constexpr Extents extents{};
+/// Whether a function hands out a block of numbers, which is the caller's to free.
+template <auto function>
+inline constexpr bool hands_out = false;
 #include "extents.inc"
 
 /// Parameters by their place, where a row tells which ones are read and written.
@@ -117,7 +120,7 @@ template <auto function, std::size_t size, std::size_t columns>
 struct Arguments {
     template <class Result, class... Parameters, std::size_t... i>
     static auto of(Result (*)(Parameters...), std::index_sequence<i...>) {
-        constexpr Extents told = extents<function>;
+        [[maybe_unused]] constexpr Extents told = extents<function>;
         return std::type_identity<
             std::tuple<Passed<Parameters, told[i] != 0 ? told[i] : size, columns>...>>{};
     }
@@ -132,15 +135,16 @@ struct Arguments {
 inline bool calls_nothing = false;
 
 /// Calls a function; returns its result if that is a number, and holds one that is a structure.
-template <class Result, class... Values>
-double result_of(Result (*function)(Values...), Values... values) {
+template <auto function, class... Values>
+double result_of(Values... values) {
+    using Result = decltype(function(values...));
     using Structure = std::remove_pointer_t<Result>;
     if (calls_nothing) return 0.0;
     if constexpr (std::is_arithmetic_v<Result>)
         return function(values...);
     else if constexpr (is_structure<Structure>)
         held<Structure, true>.reset(function(values...));
-    else if constexpr (std::is_same_v<Result, double**>)
+    else if constexpr (hands_out<function>)
         SM_free(function(values...));
     else
         function(values...);
@@ -148,14 +152,13 @@ double result_of(Result (*function)(Values...), Values... values) {
 }
 
 /// The same with what is passed for each parameter. A structure becomes the last output.
-template <class Result, class... Parameters, class... Each>
-double called(Result (*function)(Parameters...), Cursor at,
-              std::type_identity<std::tuple<Each...>>) {
-    using Structure = std::remove_pointer_t<Result>;
+template <auto function, class... Each>
+double called([[maybe_unused]] Cursor at, std::type_identity<std::tuple<Each...>>) {
+    using Structure = std::remove_pointer_t<decltype(function(std::declval<Each>().get()...))>;
     std::tuple<Each...> passed{Each(at)...};
     return std::apply(
         [&](auto&... each) {
-            const double result = result_of(function, each.get()...);
+            const double result = result_of<function>(each.get()...);
             (each.finish(), ...);
             if constexpr (is_structure<Structure>) {
                 contents_of(held<Structure, true>.get(), *at.out);
@@ -167,7 +170,7 @@ double called(Result (*function)(Parameters...), Cursor at,
 }
 
 template <class Result, class... Parameters, class... Each>
-void add_lengths(Result (*)(Parameters...), Cursor at, Call& call,
+void add_lengths(Result (*)(Parameters...), [[maybe_unused]] Cursor at, Call& call,
                  std::type_identity<std::tuple<Each...>>) {
     (Each::add_lengths(at, call), ...);
     if (is_structure<std::remove_pointer_t<Result>>) call.outputs.push_back(structure_out);
@@ -196,7 +199,7 @@ Call general_row(const Lengths& inputs = {}, const Lengths& outputs = {},
                  Prepare prepare = nullptr) {
     static constexpr typename Arguments<function, size, columns>::Type arguments;
     const auto run = [](In in, Out out) {
-        return called(function, {in, out, given, in_out}, arguments);
+        return called<function>({in, out, given, in_out}, arguments);
     };
     Call call{name_of<function>(), {}, {}, run, prepare, in_out == 0 && columns == 1};
     add_lengths(function, {{}, {}, given, in_out}, call, arguments);

@@ -16,12 +16,12 @@ constexpr int guards = 4;
 }  // namespace
 
 const std::vector<Call>& interface_table() {
-    static const std::vector<Call> table =
-        joined({arc_spline_calls(), curve_calls(), facet_calls(), fit_calls(), frame_calls(),
-                kit_calls(), solve_calls(),
-                rows_of<0, nullptr,
+    static const std::vector<Call> table = joined({arc_spline_calls(), curve_calls(), facet_calls(),
+                                                   fit_calls(), kit_calls(), solve_calls(),
+                                                   rows_of<0, nullptr,
 #include "plain.inc"
-                        >()});
+                                                           >(),
+                                                   frame_calls()});
     return table;
 }
 

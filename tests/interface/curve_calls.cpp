@@ -35,6 +35,7 @@ void release_held() {
     held<PNTLST, true>.reset();
     held<BCDF>.reset();
     held<BCDF, true>.reset();
+    held_block.reset();
 }
 
 std::vector<Call> curve_calls() {

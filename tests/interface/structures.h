@@ -17,6 +17,7 @@ inline constexpr std::size_t structure_out = 200;
 /// released wherever a call is left.
 template <class Structure, bool is_handed_out = false>
 inline thread_local std::unique_ptr<Structure, Release> held;
+inline thread_local std::unique_ptr<double, decltype(&SM_free)> held_block(nullptr, SM_free);
 
 template <class Value>
 requires is_structure<Value>

@@ -2,8 +2,7 @@
 // handed out. Here they are functions of numbers and arrays, for rows and for the sweep of counts.
 #pragma once
 
-#include "interface/records.h"
-#include "support/curve_record.h"
+#include "interface/structures.h"
 
 namespace ztmath_test {
 
@@ -119,27 +118,37 @@ inline PNTLST* list_from_function(int number, int dimension) {
     return list;
 }
 
-inline double* block_of_points() {
+inline void hold_block_of_points() {
     int n = 0;
     int dimension = 0;
-    return PNTLST_copy_points(new_list(Values(24, 1.0)).get(), &n, &dimension);
+    held_block.reset(PNTLST_copy_points(new_list(Values(24, 1.0)).get(), &n, &dimension));
 }
 
-/// Without points, a block stays the caller's.
+/// Releases what a call has taken over; without points that is nothing, and stays the caller's.
+template <class Held>
+void release_taken(Held& owner, bool is_taken) {
+    if (is_taken) static_cast<void>(owner.release());
+    owner.reset();
+}
+
 inline BCDF* record_over_block(int number, int dimension, int least_squares) {
-    double* const points = block_of_points();
-    BCDF* const record = BCDF_create_df_from_pts(points, number, dimension, least_squares);
-    if (number < 1) SM_free(points);
+    hold_block_of_points();
+    BCDF* const record =
+        BCDF_create_df_from_pts(held_block.get(), number, dimension, least_squares);
+    release_taken(held_block, number > 0);
     return record;
 }
 
 inline BCDF* record_over_list(int number, int dimension, int periodicity, int order,
                               int least_squares) {
-    double* const points = block_of_points();
-    PNTLST* const list = PNTLST_create_from_list_of_pts(points, number, dimension);
-    if (number < 1) SM_free(points);
-    return BCDF_create_from_pntlst(periodicity, order, least_squares, list, nullptr, nullptr,
-                                   nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
+    hold_block_of_points();
+    held<PNTLST>.reset(PNTLST_create_from_list_of_pts(held_block.get(), number, dimension));
+    release_taken(held_block, number > 0);
+    BCDF* const record =
+        BCDF_create_from_pntlst(periodicity, order, least_squares, held<PNTLST>.get(), nullptr,
+                                nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
+    release_taken(held<PNTLST>, record != nullptr);
+    return record;
 }
 
 }  // namespace ztmath_test

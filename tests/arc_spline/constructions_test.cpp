@@ -1,8 +1,8 @@
 // Circles and arcs from points, radii and tangents.
 #include "ztmath/arc_spline_constructions.h"
 
-#include "support/reports.h"
 #include "support/segments.h"
+#include "support/support.h"
 
 namespace {
 

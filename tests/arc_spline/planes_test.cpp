@@ -1,9 +1,8 @@
 // Circles as points of space, planes, projections, rotations and maps from vectors.
 #include "ztmath/arc_spline_planes.h"
 
-#include "support/by_value.h"
 #include "support/segments.h"
-#include "support/vectors.h"
+#include "support/support.h"
 
 namespace {
 

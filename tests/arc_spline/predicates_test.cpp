@@ -1,6 +1,6 @@
 // Three points, equations in one unknown, intervals, rays and inscribed angles.
 #include "support/segments.h"
-#include "support/vectors.h"
+#include "support/support.h"
 #include "ztmath/arc_spline_primitives.h"
 
 namespace {

@@ -1,9 +1,8 @@
 // Planar primitives: angles, circles, lines, three points, equations, intervals, rays.
 #include "ztmath/arc_spline_primitives.h"
 
-#include "support/reports.h"
 #include "support/segments.h"
-#include "support/vectors.h"
+#include "support/support.h"
 
 namespace {
 

@@ -1,7 +1,6 @@
 // Segments of arc splines: how they are made, evaluated, measured, moved, reversed and trimmed.
 #include "support/segments.h"
-#include "support/reports.h"
-#include "support/session.h"
+#include "support/support.h"
 #include "ztmath/arc_spline_constructions.h"
 
 namespace {

@@ -1,9 +1,8 @@
 // Circles that touch circles and lines.
 #include "ztmath/arc_spline_tangent_circles.h"
 
-#include "support/reports.h"
 #include "support/segments.h"
-#include "support/session.h"
+#include "support/support.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // Tangent lines: through a point, common to two circles, at the other end of a chord.
 #include "ztmath/arc_spline_tangents.h"
 
-#include "support/reports.h"
 #include "support/segments.h"
+#include "support/support.h"
 
 namespace {
 

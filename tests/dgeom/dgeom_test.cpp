@@ -1,8 +1,7 @@
 // Differential geometry, against curves and surfaces whose properties are known in closed form.
 #include "ztmath/dgeom.h"
 
-#include "support/by_value.h"
-#include "support/vectors.h"
+#include "support/support.h"
 
 namespace {
 

@@ -1,9 +1,6 @@
 // Ear clipping against the plain rule, which tests every corner anew.
-#include "support/by_value.h"
 #include "support/outlines.h"
-#include "support/random.h"
-#include "support/reports.h"
-#include "support/vectors.h"
+#include "support/support.h"
 #include "ztmath/facet.h"
 #include "ztmath/vec3.h"
 

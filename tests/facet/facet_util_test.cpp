@@ -1,8 +1,5 @@
 // Facet utilities, all but the triangles of polygons.
-#include "support/by_value.h"
-#include "support/reports.h"
-#include "support/session.h"
-#include "support/vectors.h"
+#include "support/support.h"
 #include "ztmath/facet.h"
 
 namespace {

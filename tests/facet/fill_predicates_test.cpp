@@ -2,7 +2,7 @@
 // of a box holds for every point in it.
 #include "facet/fill_shadow.h"
 
-#include "support/random.h"
+#include "support/support.h"
 
 namespace {
 

@@ -1,7 +1,6 @@
 // The triangle fill against the plain rule, which walks all vertices and edges.
 #include "support/outlines.h"
-#include "support/random.h"
-#include "support/session.h"
+#include "support/support.h"
 #include "ztmath/ptf.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // Boxes over runs of a chain: that they hold what they must and no more, that searches find what a
 // walk along the chain finds and ask few boxes, and that a window changes no answer.
 #include "facet/run_window.h"
-#include "support/random.h"
+#include "support/support.h"
 
 namespace {
 

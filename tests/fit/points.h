@@ -1,8 +1,7 @@
 // Points as the fits take them.
 #pragma once
 
-#include "support/reports.h"
-#include "support/vectors.h"
+#include "support/support.h"
 #include "ztmath/lsfit.h"
 
 namespace ztmath_test {

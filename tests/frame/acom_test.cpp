@@ -1,7 +1,7 @@
 // The shared block: layout and initialisation, by byte offset throughout.
 #include <variant>
 
-#include "support/shared_block.h"
+#include "support/support.h"
 #include "ztmath/session.h"
 #include "ztmath/tolerance.h"
 

@@ -1,5 +1,5 @@
 // The buffer of display identifiers, seen through the block as the display function sees it.
-#include "support/shared_block.h"
+#include "support/support.h"
 #include "ztmath/session.h"
 
 namespace {

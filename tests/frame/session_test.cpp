@@ -1,9 +1,7 @@
 // Session settings: accessors and their assertions.
 #include "ztmath/session.h"
 
-#include "support/by_value.h"
-#include "support/reports.h"
-#include "support/shared_block.h"
+#include "support/support.h"
 #include "ztmath/wcs.h"
 
 namespace {

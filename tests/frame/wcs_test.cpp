@@ -1,8 +1,7 @@
 // The work coordinate system: queries, mappings, listeners.
 #include "ztmath/wcs.h"
 
-#include "support/by_value.h"
-#include "support/shared_block.h"
+#include "support/support.h"
 #include "syss/host.h"
 
 namespace {

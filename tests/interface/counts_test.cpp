@@ -1,8 +1,7 @@
 // Counts, and other integers, that ask for little or make no sense.
 #include "interface/row.h"
 #include "interface/whole_calls.h"
-#include "support/reports.h"
-#include "support/session.h"
+#include "support/support.h"
 
 namespace {
 

@@ -1,8 +1,6 @@
 // What holds for every call of the table.
 #include "interface/table.h"
-#include "support/reports.h"
-#include "support/session.h"
-#include "support/shared_block.h"
+#include "support/support.h"
 
 namespace {
 

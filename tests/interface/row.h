@@ -3,7 +3,7 @@
 
 #include "interface/structures.h"
 #include "interface/table.h"
-#include "support/rotation.h"
+#include "support/support.h"
 #include "syss/syss.h"
 
 namespace ztmath_test {

@@ -7,7 +7,7 @@
 #include <atomic>
 #include <cstdio>
 
-#include "support/random.h"
+#include "support/support.h"
 
 namespace ztmath_test {
 

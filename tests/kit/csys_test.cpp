@@ -1,7 +1,7 @@
 // Frames seen from other frames.
 #include "ztmath/csys.h"
 
-#include "support/vectors.h"
+#include "support/support.h"
 
 namespace {
 

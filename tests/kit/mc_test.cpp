@@ -1,9 +1,7 @@
 // The compact vector kit.
 #include "ztmath/mc.h"
 
-#include "support/by_value.h"
-#include "support/reports.h"
-#include "support/vectors.h"
+#include "support/support.h"
 
 namespace {
 

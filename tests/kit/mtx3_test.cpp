@@ -1,9 +1,7 @@
 // Rotation matrices and frames.
 #include "ztmath/mtx3.h"
 
-#include "support/by_value.h"
-#include "support/reports.h"
-#include "support/vectors.h"
+#include "support/support.h"
 #include "ztmath/vec3.h"
 
 namespace {

@@ -1,9 +1,7 @@
 // 4x4 transforms.
 #include "ztmath/mtx4.h"
 
-#include "support/by_value.h"
-#include "support/reports.h"
-#include "support/vectors.h"
+#include "support/support.h"
 #include "ztmath/mc.h"
 #include "ztmath/solve.h"
 

@@ -1,7 +1,7 @@
 // Predicates on planes.
 #include "ztmath/pln3.h"
 
-#include "support/by_value.h"
+#include "support/support.h"
 
 namespace {
 

@@ -1,9 +1,7 @@
 // Points: collinearity, order along a line, the closest of many.
 #include "ztmath/pnt3.h"
 
-#include "support/by_value.h"
-#include "support/shared_block.h"
-#include "support/vectors.h"
+#include "support/support.h"
 #include "ztmath/acom.h"
 
 namespace {

@@ -1,6 +1,5 @@
 // Roll, pitch and yaw.
-#include "support/by_value.h"
-#include "support/vectors.h"
+#include "support/support.h"
 #include "ztmath/mtx3.h"
 
 namespace {

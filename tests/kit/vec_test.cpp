@@ -1,8 +1,6 @@
 // Vectors of two and of three dimensions.
-#include "support/by_value.h"
 #include "support/plane.h"
-#include "support/reports.h"
-#include "support/vectors.h"
+#include "support/support.h"
 #include "ztmath/vec2.h"
 #include "ztmath/vec3.h"
 

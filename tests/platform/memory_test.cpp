@@ -2,9 +2,7 @@
 #include <new>
 #include <thread>
 
-#include "support/random.h"
-#include "support/reports.h"
-#include "support/session.h"
+#include "support/support.h"
 #include "syss/host.h"
 
 namespace {

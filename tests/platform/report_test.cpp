@@ -3,8 +3,7 @@
 #include <thread>
 
 #include "platform/guarded_from_c.h"
-#include "support/reports.h"
-#include "support/session.h"
+#include "support/support.h"
 #include "syss/host.h"
 
 namespace {

@@ -1,8 +1,7 @@
 // Banded systems and their error register.
 #include "ztmath/banded.h"
 
-#include "support/random.h"
-#include "support/reports.h"
+#include "support/support.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <complex>
 
-#include "support/random.h"
+#include "support/support.h"
 
 namespace {
 

@@ -3,9 +3,7 @@
 
 #include <complex>
 
-#include "support/random.h"
-#include "support/reports.h"
-#include "support/shared_block.h"
+#include "support/support.h"
 #include "ztmath/acom.h"
 
 namespace {

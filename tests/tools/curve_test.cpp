@@ -1,7 +1,7 @@
 // ztmath curve, as a person or a script calls it.
 #include "curve_data.h"
 #include "run_tool.h"
-#include "support/session.h"
+#include "support/support.h"
 
 namespace {
 

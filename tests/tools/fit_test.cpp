@@ -1,7 +1,7 @@
 // Fits as the program shows them, against what is known of the points.
 #include "fit.h"
 
-#include "support/random.h"
+#include "support/support.h"
 
 namespace {
 

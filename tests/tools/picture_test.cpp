@@ -3,7 +3,7 @@
 #include "line_picture.h"
 #include "pictured.h"
 #include "plane_picture.h"
-#include "support/random.h"
+#include "support/support.h"
 #include "svg_document.h"
 
 namespace {

@@ -3,7 +3,7 @@
 
 #include "points_file.h"
 #include "run_tool.h"
-#include "support/by_value.h"
+#include "support/support.h"
 #include "svg_document.h"
 
 namespace {

@@ -48,18 +48,16 @@ TEST(FacetLinesAndPlanes, MeetWhereTheyAreClosest) {
 
 TEST(FacetLinesAndPlanes, ParallelOrWithoutDirection) {
     const Vector a = {1, 0, 0}, b = {3, 1, 0}, none = {0, 0, 0}, z = {0, 0, 1};
-    const struct {
-        double u, v, s, t;
-    } parallels[] = {
+    const double parallels[][4] = {
         {1, 1, 0, -2},          {1, 2, 0, -4.0 / 16},  // by the square of the squared length
         {2, 9e-4, 4.0 / 16, 0}, {1e-3, 9e-4, 0, 0},
         {2, 1e-3, 4.0 / 16, 0}, {2, 1.1e-3, 0, -2.2e-3 / (1.21e-6 * 1.21e-6)}};
     double s, t;
     Vector p, direction;
-    for (const auto& c : parallels) {
-        called(FACET_line_line_closest_point, a, Vector{c.u, 0, 0}, b, Vector{c.v, 0, 0}, &s, &t);
-        EXPECT_DOUBLE_EQ(s, c.s);
-        EXPECT_DOUBLE_EQ(t, c.t);
+    for (const auto& [u, v, at_u, at_v] : parallels) {
+        called(FACET_line_line_closest_point, a, Vector{u, 0, 0}, b, Vector{v, 0, 0}, &s, &t);
+        EXPECT_DOUBLE_EQ(s, at_u);
+        EXPECT_DOUBLE_EQ(t, at_v);
     }
     for (const double part : {0.99, 1.0, 1.01}) {
         const Vector short_v = {0, part * 6e-6, part * 8e-6}, near_a = {1, part * 1e-6, 0};
@@ -79,18 +77,15 @@ TEST(FacetLinesAndPlanes, ParallelOrWithoutDirection) {
             FACET_points_to_param_line, a, Vector{1, length, 0}, static_cast<int>(unitize));
         EXPECT_EQ(line[4], expected);
     }
-    const struct {
-        Vector normal;
-        double d;
-        int relation;
-    } planes[] = {{z, 5 + 0.9e-10, 0}, {z, 5 + 1.1e-10, 1},     {{0, 0, -1}, -5, 0},
-                  {{0, 0, -1}, 5, 1},  {{0, 0.99e-5, 1}, 6, 1}, {{0, 1.01e-5, 1}, 6, 2}};
-    for (const auto& c : planes) {
+    const std::tuple<Vector, double, int> planes[] = {
+        {z, 5 + 0.9e-10, 0}, {z, 5 + 1.1e-10, 1},     {{0, 0, -1}, -5, 0},
+        {{0, 0, -1}, 5, 1},  {{0, 0.99e-5, 1}, 6, 1}, {{0, 1.01e-5, 1}, 6, 2}};
+    for (const auto& [normal, d, relation] : planes) {
         p = {7, 7, 7};
-        EXPECT_EQ(called(FACET_plane_plane_int, z, 5, c.normal, c.d, p.data(), direction.data()),
-                  c.relation);
-        EXPECT_EQ(p[0] == 7, c.relation != 2);
-        EXPECT_EQ(direction[0], -c.normal[1]);
+        EXPECT_EQ(called(FACET_plane_plane_int, z, 5, normal, d, p.data(), direction.data()),
+                  relation);
+        EXPECT_EQ(p[0] == 7, relation != 2);
+        EXPECT_EQ(direction[0], -normal[1]);
     }
     for (const double rise : {0.99e-10, 1e-10}) {
         const Vector end = {1, 0, rise};
@@ -174,13 +169,7 @@ TEST(VertexNormal, ReportsWhatItCannotWeigh) {
     elsewhere.ids[0] = 8;
     const Report not_given_said = said("The common vertex is not input as expected."),
                  elsewhere_said = said("The facet is not incident at the given vertex.");
-    const struct {
-        int weight_type, given;
-        double tolerance;
-        Vector normal;
-        std::vector<FACET_facet_t> facets;
-        Reports reports;
-    } cases[] = {
+    const std::tuple<int, int, double, Vector, std::vector<FACET_facet_t>, Reports> cases[] = {
         {0, 1, 1e-3, z, {flat, good}, {flat_said}},
         {0, 1, 1e-3, none, {flat}, {flat_said}},
         {0, 1, 0, z, {flat, good}, {}},
@@ -190,10 +179,10 @@ TEST(VertexNormal, ReportsWhatItCannotWeigh) {
         // An area whose reciprocal is within half the squared tolerance decides alone.
         {0, 1, 0.6, x, {wide, facet(none, scaled(x, 3), scaled(z, 2))}, {}},
     };
-    for (const auto& c : cases) {
+    for (const auto& [weight_type, given, tolerance, normal, facets, reports] : cases) {
         ReportRecorder recorder;
-        EXPECT_EQ(vertex_normal(c.facets, c.weight_type, c.tolerance, 0, c.given), c.normal);
-        EXPECT_EQ(recorder.take(), c.reports);
+        EXPECT_EQ(vertex_normal(facets, weight_type, tolerance, 0, given), normal);
+        EXPECT_EQ(recorder.take(), reports);
     }
 }
 

@@ -12,10 +12,7 @@ using ztmath_test::rounds;
 
 TEST(FillPredicates, EdgesThatTouchADiagonalCountFromItsLeftOnly) {
     const Diagonal diagonal({0, 0}, {10, 0});
-    const struct {
-        Vec2 from, to;
-        bool crosses;
-    } rows[]{
+    const std::tuple<Vec2, Vec2, bool> rows[]{
         {{4, 1}, {6, -1}, true},
         // Through a vertex on the diagonal: leftwards both of its edges are passed over.
         {{4, 1}, {5, 0}, true},
@@ -33,9 +30,9 @@ TEST(FillPredicates, EdgesThatTouchADiagonalCountFromItsLeftOnly) {
         {{10 - 1e-10, 1e-10}, {10 + 1e-9, -2e-4}, true},
         {{10 + 9e-10, 2e-10}, {10 + 1e-10, 0.9e-10}, true},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(diagonal.is_crossed_by(row.from, row.to), row.crosses) << row.from.x;
-        EXPECT_FALSE(Diagonal({0, 0}, {1e-11, 0}).is_crossed_by(row.from, row.to));
+    for (const auto& [from, to, crosses] : rows) {
+        EXPECT_EQ(diagonal.is_crossed_by(from, to), crosses) << from.x;
+        EXPECT_FALSE(Diagonal({0, 0}, {1e-11, 0}).is_crossed_by(from, to));
     }
 }
 

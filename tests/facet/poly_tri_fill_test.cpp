@@ -213,10 +213,7 @@ TEST(PolyTriFill, ListsTheEndsOfDiagonalsInTheOrderFound) {
 }
 
 TEST(PolyTriFill, AnswersWithAStatusAndClearedOutputs) {
-    const struct {
-        Polygon polygon;
-        int status;
-    } cases[]{
+    const std::pair<Polygon, int> cases[]{
         {{}, 2},
         {{0, 0, 1, 0}, 2},
         {{0, 0, 1, 0, 0, 1}, 0},
@@ -232,15 +229,15 @@ TEST(PolyTriFill, AnswersWithAStatusAndClearedOutputs) {
         {{0, 0, 1, 1, 1, 0, 0, 1}, 1},                    // crosses itself
         {{0, 0, 1, 0, NAN, NAN, 0, 1}, 0},  // what is no number is no degenerate triangle
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(::testing::PrintToString(c.polygon));
-        const Fill fill(c.polygon, true);
-        EXPECT_EQ(fill.status, c.status);
-        EXPECT_EQ(fill.count, c.status == 0 ? fill.size - 2 : 0);
-        EXPECT_EQ(fill.triangles == nullptr, c.status != 0);
-        EXPECT_EQ(fill.edges == nullptr, c.status != 0);
-        EXPECT_EQ(fill.lists == nullptr, c.status != 0);
-        EXPECT_EQ(PTF_validate_boundary(fill.size, c.polygon.data()), c.status == 0);
+    for (const auto& [polygon, status] : cases) {
+        SCOPED_TRACE(::testing::PrintToString(polygon));
+        const Fill fill(polygon, true);
+        EXPECT_EQ(fill.status, status);
+        EXPECT_EQ(fill.count, status == 0 ? fill.size - 2 : 0);
+        EXPECT_EQ(fill.triangles == nullptr, status != 0);
+        EXPECT_EQ(fill.edges == nullptr, status != 0);
+        EXPECT_EQ(fill.lists == nullptr, status != 0);
+        EXPECT_EQ(PTF_validate_boundary(fill.size, polygon.data()), status == 0);
     }
     PTF_free_output(3, nullptr, nullptr, nullptr);
 }

@@ -189,12 +189,7 @@ TEST(GeneralizedEigen, ReportsThatAFactorOfNoNumbersHasNoVectors) {
 }
 
 TEST(PowerIteration, FindsTheDominantPair) {
-    const struct {
-        Matrix a;
-        int iterations, not_converged;
-        double value;
-        std::array<double, 2> vector;
-    } rows[] = {
+    const std::tuple<Matrix, int, int, double, std::array<double, 2>> rows[] = {
         {{2, 2, {3, 0, 0, 1}}, 100, 0, 3, {1, std::pow(3.0, -12)}},  // half of what it changed by
         // A first vector has nothing to be compared with.
         {{2, 2, {3, 0, 0, 1}}, 1, 1, 3, {1, 1.0 / 3.0}},

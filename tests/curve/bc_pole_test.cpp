@@ -1,17 +1,14 @@
 // Poles of B-curves.
 #include "ztmath/bc_pole.h"
 
-#include "support/by_value.h"
+#include "support/curve_record.h"
 #include "support/shared_block.h"
-#include "support/vectors.h"
-#include "syss/syss.h"
 
 namespace {
 
 using namespace ztmath_test;
 
 using Pole = std::array<double, 4>;
-using Values = std::vector<double>;
 
 TEST(Poles, AreMovedAndMeasuredAsTheirPoints) {
     Random random;
@@ -44,46 +41,42 @@ TEST(Poles, AreMovedAndMeasuredAsTheirPoints) {
 }
 
 TEST(Poles, AreComparedWithTheirOwnTolerances) {
-    const KeepBlock keep;
-    acom_.tolerances[ZTMATH_SQUARED_LENGTH_TOLERANCE] = 0x1p-26;
-    const double one[] = {1, 1, 1, 1, 2, 2, 2, 2, 3, 3, 3, 3};
-    EXPECT_EQ(bc_POLE_equal_in_3d(one, one + 4), 1);
-    for (const auto& [weight, equal] : {std::pair{2.0, 0}, {1 + 1.2e-10, 0}, {1 + 0.5e-10, 1}})
-        EXPECT_EQ(bc_POLE_equal_in_4d(one, std::array{1.0, 1.0, 1.0, weight}.data()), equal);
-    const double base[] = {0, 0, 0, 1e-10}, aside[] = {0x1p-13 * 1e-10, 0, 0, 1e-10},
-                 heavy[] = {0, 0, 0, 2e-10};
-    EXPECT_EQ(bc_POLE_equal_in_3d(base, aside), 1);  // by the very tolerances
-    EXPECT_EQ(bc_POLE_equal_in_4d(base, heavy), 1);
-    for (const int n : {-1, 0, 1, 2, 3})
-        EXPECT_EQ(bc_POLE_identical_poles_in_3d(one, n), 1) << n;
-    const double last_is_none[] = {1, 1, 1, 1, 1, 1, 1, 1, NAN, 1, 1, 1};
-    EXPECT_EQ(bc_POLE_identical_poles_in_3d(last_is_none, 3), 0);
-    EXPECT_EQ(bc_POLE_identical_poles_in_3d(last_is_none + 4, 2), 0);
-    // Equal to callers, yet farther apart than identical poles may be.
-    const double apart[] = {0, 0, 0, 1, 1.5e-10, 0, 0, 1, 1.5e-10, 0, 0, 1};
-    EXPECT_EQ(bc_POLE_equal_in_3d(apart, apart + 4), 1);
-    EXPECT_EQ(bc_POLE_identical_poles_in_3d(apart, 3), 0);
-    // With two poles the bound is half as wide as a pair's distance from its mean may be.
-    for (const double x : {1.2e-10, 1e-10}) {
-        const double poles[] = {0, 0, 0, 1, x, 0, 0, 1, 9, 9, 9, 1};
-        EXPECT_EQ(bc_POLE_identical_poles_in_3d(poles, 2), x == 1e-10);
+    const Kept tolerance(acom_.tolerances[ZTMATH_SQUARED_LENGTH_TOLERANCE], 0x1p-26);
+    const std::tuple<Pole, Pole, int, int> pairs[] = {
+        {{1, 1, 1, 1}, {2, 2, 2, 2}, 1, 0},
+        {{1, 1, 1, 1}, {1, 1, 1, 2}, 0, 0},
+        {{1, 1, 1, 1}, {1, 1, 1, 1 + 1.2e-10}, 1, 0},
+        {{1, 1, 1, 1}, {1, 1, 1, 1 + 0.5e-10}, 1, 1},
+        {{0, 0, 0, 1e-10}, {0x1p-13 * 1e-10, 0, 0, 1e-10}, 1, 1},  // by the very tolerances
+        {{0, 0, 0, 1e-10}, {0, 0, 0, 2e-10}, 1, 1},
+        {{0, 0, 0, 1}, {1.5e-10, 0, 0, 1}, 1, 1}};
+    for (const auto& [p, q, points_equal, poles_equal] : pairs) {
+        EXPECT_EQ(called(bc_POLE_equal_in_3d, p, q), points_equal);
+        EXPECT_EQ(called(bc_POLE_equal_in_4d, p, q), poles_equal);
+    }
+    // By number and x: equal to callers, as the last pair, yet farther apart than identical poles
+    // may be; and with two poles the bound is half as wide as a pair's distance from its mean may
+    // be.
+    const std::tuple<int, Vector, int> cases[] = {
+        {-1, {1, 1, 1}, 1},      {0, {1, 1, 1}, 1},
+        {1, {1, 1, 1}, 1},       {2, {1, 1, 1}, 1},
+        {3, {1, 1, 1}, 1},       {3, {1, 1, NAN}, 0},
+        {2, {1, NAN, 1}, 0},     {3, {0, 1.5e-10, 1.5e-10}, 0},
+        {2, {0, 1.2e-10, 9}, 0}, {2, {0, 1e-10, 9}, 1}};
+    for (const auto& [n, x, identical] : cases) {
+        const double poles[] = {x[0], 0, 0, 1, x[1], 0, 0, 1, x[2], 0, 0, 1};
+        EXPECT_EQ(bc_POLE_identical_poles_in_3d(poles, n), identical) << n;
     }
 }
 
 TEST(Poles, HaveAMeanAndABox) {
     const double poles[] = {2, 4, 6, 2, -1, 0, 3, -1, 5, 5, NAN, 1};
-    Vector mean, none;
-    bc_POLE_average_in_3d(poles, 2, mean.data());
-    EXPECT_EQ(mean, (Vector{1, 1, 0}));
-    bc_POLE_average_in_3d(poles, 0, none.data());
-    EXPECT_EQ(none, Vector{});
+    EXPECT_EQ(written(bc_POLE_average_in_3d, &poles[0], 2), (Vector{1, 1, 0}));
+    EXPECT_EQ(written(bc_POLE_average_in_3d, &poles[0], 0), Vector{});
     using Box = std::array<double, 6>;
     for (const auto& [n, box] :
-         {std::pair{0, Box{}}, {1, Box{1, 1, 2, 2, 3, 3}}, {3, Box{1, 5, 0, 5, -3, 3}}}) {
-        Box found;
-        bc_xyz_box(poles, &n, found.data());
-        EXPECT_EQ(found, box);
-    }
+         {std::pair{0, Box{}}, {1, Box{1, 1, 2, 2, 3, 3}}, {3, Box{1, 5, 0, 5, -3, 3}}})
+        EXPECT_EQ(written<Box>(bc_xyz_box, &poles[0], &n), box);
 }
 
 TEST(Knots, GoOnFromPeriodToPeriodOrAreClamped) {
@@ -91,10 +84,8 @@ TEST(Knots, GoOnFromPeriodToPeriodOrAreClamped) {
         double* knots = nullptr;
         int count = -1, status = -1;
         knot_seq_order_4(parameters, &n, &periodic, &knots, &count, &status);
-        const Values found(knots, knots + count);
-        SM_free(knots);
-        EXPECT_EQ(status, found.empty() ? 1 : 0);
-        return found;
+        EXPECT_EQ(status, count == 0 ? 1 : 0);
+        return taken(knots, count);
     };
     // No knots: refused.
     for (const auto& [periodic, parameters, knots] :

@@ -2,8 +2,6 @@
 #include "ztmath/pntlst.h"
 
 #include "support/curve_record.h"
-#include "support/random.h"
-#include "support/reports.h"
 
 namespace {
 
@@ -12,30 +10,27 @@ using namespace ztmath_test;
 /// Points that come in may be the list's own, whose array moves.
 TEST(PointList, GrowsByTheNumberOfPointsAndByWhatItHolds) {
     const List list = new_list({0, 1, 2, 3, 4}, 1);
-    PNTLST_insert_points(list.get(), 2, 1, list->points + 3);
+    PNTLST_insert_points(list, 2, 1, list->points + 3);
     EXPECT_EQ(list->num_points, 7);
     EXPECT_EQ(Values(list->points, list->points + 6), (Values{0, 3, 4, 2, 3, 4}))
         << "the tail moves by one place, however many come in";
-    PNTLST_concat_one_point(list.get(), list->points);
+    PNTLST_concat_one_point(list, list->points);
     EXPECT_EQ(list->points_allocated, 17) << "5 + 2 + 2 * 5, and room for one more";
     const List full = new_list({0, 1, 2}, 1);
-    PNTLST_concat_one_point(full.get(), full->points + 1);
+    PNTLST_concat_one_point(full, full->points + 1);
     EXPECT_EQ(full->points_allocated, 4);
-    PNTLST_replace_points(full.get(), 2, 1, full->points);
-    EXPECT_EQ(values_of(full.get()), (Values{0, 0, 1, 1}));
+    PNTLST_replace_points(full, 2, 1, full->points);
+    EXPECT_EQ(values_of(full), (Values{0, 0, 1, 1}));
 }
 
 TEST(PointList, ConvertsHomogeneousPoints) {
-    List list(PNTLST_allocate_struct(4, 3));
-    const double points[] = {2, 4, 6, 2, -1, 0, 3, -1};
-    PNTLST_insert_points(list.get(), 1, 0, points + 4);
-    PNTLST_insert_points(list.get(), 1, 0, points);
-    EXPECT_EQ(PNTLST_calc_point_distance(list.get(), 0, 1), std::sqrt(9.0 + 16 + 9 + 9));
+    const List list = new_list({2, 4, 6, 2, -1, 0, 3, -1}, 4);
+    EXPECT_EQ(PNTLST_calc_point_distance(list, 0, 1), std::sqrt(9.0 + 16 + 9 + 9));
     for (int twice = 0; twice < 2; ++twice) {
-        PNTLST_convert_4d_to_3d(list.get());
-        EXPECT_EQ(values_of(list.get()), (Values{1, 2, 3, 1, 0, -3}));
+        PNTLST_convert_4d_to_3d(list);
+        EXPECT_EQ(values_of(list), (Values{1, 2, 3, 1, 0, -3}));
     }
-    EXPECT_EQ(list->points_allocated, 3);
+    EXPECT_EQ(list->points_allocated, 2);
     // An array is exchanged for one of the list's own only where its points are too narrow.
     double given[] = {2, 4, 6, 2};
     const List as_given(PNTLST_create_from_list_of_pts(given, 1, 4)),
@@ -46,12 +41,12 @@ TEST(PointList, ConvertsHomogeneousPoints) {
         each->points = nullptr;
     }
     const List wider(PNTLST_allocate_struct(1, 4));
-    PNTLST_convert_4d_to_3d(wider.get());
+    PNTLST_convert_4d_to_3d(wider);
     EXPECT_GE(SM_length(wider->points), 4 * 3 * sizeof(double)) << "for points to come";
     for (const int dimension : {2, -1}) {
         const List narrow = new_list({2, 4}, 2);
         narrow->dimension = dimension;
-        PNTLST_convert_4d_to_3d(narrow.get());
+        PNTLST_convert_4d_to_3d(narrow);
         EXPECT_EQ(narrow->points[1] == HUGE_VAL, dimension == 2);
     }
 }
@@ -66,14 +61,14 @@ TEST(PointList, OwnsAnArrayAsItsCapacitySays) {
 
     double foreign[] = {7.0};
     List list(PNTLST_create_from_list_of_pts(foreign, 0, 1));
-    PNTLST_concat_one_point(list.get(), foreign);  // into an array of the list's own
+    PNTLST_concat_one_point(list, foreign);  // into an array of the list's own
     EXPECT_NE(list->points, foreign);
-    const List copy(PNTLST_copy_structure(list.get()));
-    EXPECT_EQ(values_of(copy.get()), Values{7.0});
-    PNTLST_remove_points(list.get(), 5, 1);  // all of them, whatever the position
-    const List empty(PNTLST_copy_structure(list.get()));
+    const List copy(PNTLST_copy_structure(list));
+    EXPECT_EQ(values_of(copy), Values{7.0});
+    PNTLST_remove_points(list, 5, 1);  // all of them, whatever the position
+    const List empty(PNTLST_copy_structure(list));
     EXPECT_EQ(empty->num_points, 0);
-    PNTLST_allocate_points(list.get(), 0);
+    PNTLST_allocate_points(list, 0);
     EXPECT_EQ(list->points, nullptr);
     EXPECT_EQ(list->points_allocated, 0);
 
@@ -81,7 +76,7 @@ TEST(PointList, OwnsAnArrayAsItsCapacitySays) {
         std::iota(points, points + n, 0.0);
         return n;
     }));
-    EXPECT_EQ(values_of(made.get()), (Values{0, 1}));
+    EXPECT_EQ(values_of(made), (Values{0, 1}));
 }
 
 TEST(PointList, ReportsOnlyWithCheckingAndStaysInsideItsArray) {
@@ -90,25 +85,25 @@ TEST(PointList, ReportsOnlyWithCheckingAndStaysInsideItsArray) {
         list->num_points = list->points_allocated = 4;
         double out[3] = {-1, -1, -1};
         const double given[8] = {50, 51, 52, 53, 54, 55, 56, 57};
-        PNTLST_copy_single_point(list.get(), -1, out);
-        PNTLST_copy_single_point(list.get(), 4, out + 1);
+        PNTLST_copy_single_point(list, -1, out);
+        PNTLST_copy_single_point(list, 4, out + 1);
         list->dimension = 0;
-        PNTLST_copy_single_point(list.get(), 4, out + 2);
+        PNTLST_copy_single_point(list, 4, out + 2);
         list->dimension = 1;
         EXPECT_EQ(Values(out, out + 3), (Values{0, 0, -1}));
-        EXPECT_EQ(PNTLST_calc_point_distance(list.get(), 0, 4), 0.0);
-        PNTLST_replace_points(list.get(), 8, 3, given);
-        PNTLST_replace_points(list.get(), 2, -1, given);
-        EXPECT_EQ(values_of(list.get()), (Values{51, 1, 2, 50}));
+        EXPECT_EQ(PNTLST_calc_point_distance(list, 0, 4), 0.0);
+        PNTLST_replace_points(list, 8, 3, given);
+        PNTLST_replace_points(list, 2, -1, given);
+        EXPECT_EQ(values_of(list), (Values{51, 1, 2, 50}));
         EXPECT_EQ(list->points[4], 9) << "beside the array";
-        PNTLST_remove_points(list.get(), 3, 2);
-        EXPECT_EQ(values_of(list.get()), (Values{51, 1}));
-        PNTLST_convert_4d_to_3d(list.get());
+        PNTLST_remove_points(list, 3, 2);
+        EXPECT_EQ(values_of(list), (Values{51, 1}));
+        PNTLST_convert_4d_to_3d(list);
         EXPECT_EQ(list->dimension, 3);
-        PNTLST_remove_points(new_list({0}, 1).get(), 0, 1);
-        PNTLST_remove_points(list.get(), 0, 3);
+        PNTLST_remove_points(new_list({0}, 1), 0, 1);
+        PNTLST_remove_points(list, 0, 3);
         EXPECT_EQ(list->num_points, 0);
-        PNTLST_convert_4d_to_3d(new_list({0, 0, 0, 1}, 4).get());
+        PNTLST_convert_4d_to_3d(new_list({0, 0, 0, 1}, 4));
     };
     const Report invalid = internal("pntlst_gen", "Invalid Point Position Given");
     expect_reports_when_checking(

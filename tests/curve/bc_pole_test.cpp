@@ -2,7 +2,6 @@
 #include "ztmath/bc_pole.h"
 
 #include "support/curve_record.h"
-#include "support/shared_block.h"
 
 namespace {
 

@@ -1,7 +1,6 @@
 #include "ztmath/bcdf_calc.h"
 
 #include "support/curve_record.h"
-#include "support/shared_block.h"
 
 namespace {
 

@@ -1,9 +1,7 @@
 // Curve defining data for tests: records over points, released on every way out.
 #pragma once
 
-#include "support/by_value.h"
-#include "support/reports.h"
-#include "support/vectors.h"
+#include "support/support.h"
 #include "syss/syss.h"
 #include "ztmath/bcdf.h"
 #include "ztmath/bcdf_gen.h"

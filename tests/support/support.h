@@ -1,5 +1,5 @@
-// What most tests need: random input, what is reported, the session's state, vectors and rotations, calls
-// by value.
+// What most tests need: random input, what is reported, the session's state, vectors and rotations,
+// calls by value.
 #pragma once
 
 #include "support/by_value.h"

@@ -228,7 +228,8 @@ TEST(CurveEditing, NeededAndUpdatedSlopes) {
     for (const int end : {0, 1}) {
         const Record two = with_slopes(row_of(2), {{end, {1, 1, 0}, 3}});
         BCDF_add_needed_slopes(two);
-        EXPECT_EQ(vector_in(two->slopes, 1 - end), (Vector{1, -1, 0}));
+        EXPECT_EQ(values_of(two->slopes),
+                  end == 0 ? (Values{1, 1, 0, 1, -1, 0}) : (Values{1, -1, 0, 1, 1, 0}));
         EXPECT_EQ(two->slope_types[1 - end], 3);
     }
     // By type: renewed, kept, as long as the mean speed, kept, turned to the automatic side; and as

@@ -70,7 +70,7 @@ TEST(ArcSplineConstructions, ThroughTwoPointsWithARadius) {
 }
 
 TEST(ArcSplineConstructions, ThroughTwoPointsTouchingALine) {
-    tols = {1e-9, 1e-4, 45};
+    const Kept kept(tols, {1e-9, 1e-4, 45});
     Random random;
     for (int i = 0; i < rounds(300); ++i) {
         const Pair p1{random.normal(), (i % 4 < 2 ? 1 : -1) * random.uniform(0.5, 3)};
@@ -102,7 +102,6 @@ TEST(ArcSplineConstructions, ThroughTwoPointsTouchingALine) {
     }
     EXPECT_EQ(touching({0, 0}, {3, 0}).count, 0);
     EXPECT_EQ(touching({0, 1}, {0, 2}, {0, 0}, {0, 9e-11}).status, 2);
-    tols = fine;
 }
 
 TEST(ArcSplineConstructions, AlongATangent) {
@@ -126,7 +125,7 @@ TEST(ArcSplineConstructions, AlongATangent) {
 
 /// What is as far apart as the tolerance counts as one.
 TEST(ArcSplineConstructions, TakeTheToleranceItselfForNothing) {
-    tols = {1e-6, 0};  // nothing is collinear, and the bisectors are parallel
+    const Kept kept(tols, {1e-6, 0});  // nothing is collinear, and the bisectors are parallel
     EXPECT_EQ(through_3({0, 0}, {1, 0}, {3, 0}).status, 1);
     EXPECT_EQ(touching({-1, 1}, {1, 1}).count, 1) << "but what is";
     tols = {-1, 1e-4};  // no point is on a line, but some are on neither side
@@ -150,7 +149,6 @@ TEST(ArcSplineConstructions, TakeTheToleranceItselfForNothing) {
         EXPECT_EQ(chord({0, 0}, {0, 1}, {2, 0}, radius).first().radius, radius);
     EXPECT_EQ(chord({0, 0}, {0, 1}, {2, 0}, 0).status, 3);  // a known radius, and another
     EXPECT_EQ(chord({0, 0}, {1, 0}, {0, 3e10}).status, 2);  // square to a tangent is not ahead
-    tols = fine;
     for (const double radius : {1e10, std::nextafter(1e10, HUGE_VAL)})  // of a quarter
         EXPECT_EQ(chord({0, 0}, {1, 0}, {radius, radius}).first().type, radius == 1e10);
 }

@@ -106,11 +106,10 @@ TEST(Intersections, TakeTheToleranceItselfForTouching) {
     const Arc circle({0, 0}, 1);
     for (const auto& [tol, y, count] :
          {std::tuple{0.25, 0.75, 1}, {0.25, 1.25, 1}, {-1.0, 1.0, 2}}) {
-        tols = {tol, 1e-7};
+        const Kept kept(tols, {tol, 1e-7});
         const Segment line = made_straight({-9, y}, {9, y});
         EXPECT_EQ(common(&circle, &line).count, count) << y;
     }
-    tols = fine;
 }
 
 TEST(Intersections, ThatAreNone) {

@@ -171,7 +171,7 @@ TEST(TangentCircles, AreAsManyAsTheyMustBe) {
 
 /// What is as far apart as the tolerance counts as one.
 TEST(TangentCircles, TakeTheToleranceItselfForNothing) {
-    tols = {0.25, 1e-7, 1e-9};
+    const Kept kept(tols, {0.25, 1e-7, 1e-9});
     const Arc touched({0.25, 0}, 1.25);
     EXPECT_EQ(of_radius({{0, 0}, 0.25}, beside, 3).status, 0);
     EXPECT_EQ(touching_three({{0, -5}, 4}, {{0, 5}, 5}, {{0, 4}, 4}).count, 2) << "found once each";
@@ -212,7 +212,6 @@ TEST(TangentCircles, TakeTheToleranceItselfForNothing) {
     EXPECT_NE(once.at(0).radius, once.at(1).radius);
     tols = {1e-9, 90};
     EXPECT_EQ(at_point(line({0, 0}, {0, 1}), x_axis, {3, 0}).count, 1);
-    tols = fine;
     for (const double radius : {1e10, std::nextafter(1e10, HUGE_VAL)})
         EXPECT_EQ(of_radius(unit, beside, radius).count > 0, radius == 1e10);
     EXPECT_EQ(through_two({-20, 1 + 2e-9}, {20, 1 + 2e-9}, unit).count, 1);

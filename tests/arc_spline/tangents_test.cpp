@@ -147,7 +147,7 @@ TEST(Tangents, CountAndFail) {
 
 /// What is as far apart as the tolerance counts as one.
 TEST(Tangents, TakeTheToleranceItselfForNothing) {
-    tols = {0.25, 1e-7};
+    const Kept kept(tols, {0.25, 1e-7});
     const Arc big({0, 0}, 2), touching({3, 0}, 1), on({2, 0}, 1);
     // The radius of the second, and how far it stands beside a circle of radius 2.
     const std::tuple<Kind, double, double, int, int> rows[] = {
@@ -167,7 +167,6 @@ TEST(Tangents, TakeTheToleranceItselfForNothing) {
     tols = {1e-12, 1e-7};  // the circle of Thales is too small to cross another
     const Arc speck({0, 0}, 1e-10), next({1.5e-10, 0}, 1);
     EXPECT_EQ(tangents(from_point, &speck, &next).status, 4);
-    tols = fine;
 }
 
 TEST(TangentAtOtherEnd, MakesTheSameAngleWithTheChord) {

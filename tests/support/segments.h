@@ -2,6 +2,7 @@
 #pragma once
 
 #include "support/plane.h"
+#include "support/session.h"
 #include "ztmath/arc_spline.h"
 
 namespace ztmath_test {
@@ -25,7 +26,7 @@ auto call(Function function, Values&&... values) {
 }
 
 /// Of lengths, of angles in degrees and of curvatures, which have no part in most calls. A test
-/// that changes them sets them back.
+/// that changes them has them `Kept`.
 using Tolerances = std::array<double, 3>;
 inline constexpr Tolerances fine = {1e-9, 1e-7, NAN};
 inline Tolerances tols = fine;

@@ -35,7 +35,7 @@ void release_held() {
     held<PNTLST, true>.reset();
     held<BCDF>.reset();
     held<BCDF, true>.reset();
-    held_block.reset();
+    held<double>.reset();
 }
 
 std::vector<Call> curve_calls() {

@@ -13,11 +13,10 @@ inline constexpr bool is_structure = std::is_same_v<Value, BCDF> || std::is_same
 inline constexpr std::size_t structure_in = 30;
 inline constexpr std::size_t structure_out = 200;
 
-/// The structure that a call works on, or has handed out: not on the stack, so that it can be
-/// released wherever a call is left.
+/// The structure, or block of numbers, that a call works on, or has handed out: not on the stack,
+/// so that it can be released wherever a call is left.
 template <class Structure, bool is_handed_out = false>
 inline thread_local std::unique_ptr<Structure, Release> held;
-inline thread_local std::unique_ptr<double, decltype(&SM_free)> held_block(nullptr, SM_free);
 
 template <class Value>
 requires is_structure<Value>

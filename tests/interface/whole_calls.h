@@ -121,7 +121,7 @@ inline PNTLST* list_from_function(int number, int dimension) {
 inline void hold_block_of_points() {
     int n = 0;
     int dimension = 0;
-    held_block.reset(PNTLST_copy_points(new_list(Values(24, 1.0)).get(), &n, &dimension));
+    held<double>.reset(PNTLST_copy_points(new_list(Values(24, 1.0)).get(), &n, &dimension));
 }
 
 /// Releases what a call has taken over; without points that is nothing, and stays the caller's.
@@ -134,16 +134,16 @@ void release_taken(Held& owner, bool is_taken) {
 inline BCDF* record_over_block(int number, int dimension, int least_squares) {
     hold_block_of_points();
     BCDF* const record =
-        BCDF_create_df_from_pts(held_block.get(), number, dimension, least_squares);
-    release_taken(held_block, number > 0);
+        BCDF_create_df_from_pts(held<double>.get(), number, dimension, least_squares);
+    release_taken(held<double>, number > 0);
     return record;
 }
 
 inline BCDF* record_over_list(int number, int dimension, int periodicity, int order,
                               int least_squares) {
     hold_block_of_points();
-    held<PNTLST>.reset(PNTLST_create_from_list_of_pts(held_block.get(), number, dimension));
-    release_taken(held_block, number > 0);
+    held<PNTLST>.reset(PNTLST_create_from_list_of_pts(held<double>.get(), number, dimension));
+    release_taken(held<double>, number > 0);
     BCDF* const record =
         BCDF_create_from_pntlst(periodicity, order, least_squares, held<PNTLST>.get(), nullptr,
                                 nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);

@@ -11,6 +11,7 @@ namespace ztmath_test {
 struct Release {
     void operator()(BCDF* record) const { BCDF_free_structure(record); }
     void operator()(PNTLST* list) const { PNTLST_free_structure(list); }
+    void operator()(double* block) const { SM_free(block); }
 };
 
 /// Owns a record or a list, and goes where calls take one.

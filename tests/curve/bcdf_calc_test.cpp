@@ -47,7 +47,7 @@ TEST(CurveCalculations, ParametersAndWeights) {
           {4, 1.5, {0, 0, 0, 0, 0, 0, 0, 16}, {0, 64}},
           {3, 1.0, Values(9, 1), {0, 2, 4}},  // points that are one
           {3, 1.0, {1, 1, 1}, {0}}}) {
-        Values t(parameters.size());
+        Values t(parameters.size(), 7);
         BCDF_CALC_parameters(int(t.size()), dimension, points.data(), exponent, t.data());
         EXPECT_EQ(t, parameters);
     }

@@ -17,8 +17,8 @@ Common common(const Segment* a, const Segment* b, int bounded_a = 0, int bounded
               decltype(ARC_SPLINE_inter_of_2_circular_arcs_2d)* intersect =
                   ARC_SPLINE_inter_of_2_circular_arcs_2d) {
     Common c;
-    call(intersect, a, b, bounded_a, bounded_b, tols, &c.count, c.points[0], c.parms[0], c.flags[0],
-         c.points[1], c.parms[1], c.flags[1], &c.status);
+    called(intersect, a, b, bounded_a, bounded_b, tols, &c.count, c.points[0], c.parms[0],
+           c.flags[0], c.points[1], c.parms[1], c.flags[1], &c.status);
     return c;
 }
 

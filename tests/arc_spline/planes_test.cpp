@@ -40,7 +40,7 @@ struct Common {
 
 Common common_line(const Plane& a, const Plane& b) {
     Common c;
-    call(ARC_SPLINE_inter_2_monge_planes, &a, &b, wide, c.point, c.along, &c.status);
+    called(ARC_SPLINE_inter_2_monge_planes, &a, &b, wide, c.point, c.along, &c.status);
     return c;
 }
 
@@ -48,7 +48,7 @@ Common common_line(const Plane& a, const Plane& b) {
 Common hit(const Vector& p, const Vector& q, const Vector& n, const Vector& v,
            const Tolerances& within = wide) {
     Common c;
-    call(ARC_SPLINE_proj_pt_along_vec_on_plane, p, q, n, v, within, c.point, &c.parm, &c.status);
+    called(ARC_SPLINE_proj_pt_along_vec_on_plane, p, q, n, v, within, c.point, &c.parm, &c.status);
     return c;
 }
 
@@ -56,7 +56,7 @@ Common hit(const Vector& p, const Vector& q, const Vector& n, const Vector& v,
 template <class M = Matrix, class Function, class... Vectors>
 std::pair<M, int> map_by(Function function, const Vectors&... vectors) {
     std::pair<M, int> map{{}, 9};
-    call(function, vectors..., map.first, &map.second);
+    called(function, vectors..., map.first, &map.second);
     return map;
 }
 
@@ -70,7 +70,7 @@ TEST(CirclePoint, ComesBackAsTheCircleDownToItsPoint) {
         unsigned char valid = 9;
         Segment circle{};
         circle.radius = -7;
-        call(ARC_SPLINE_convert_3d_pt_to_circle_2d, p, &valid, &circle);
+        called(ARC_SPLINE_convert_3d_pt_to_circle_2d, p, &valid, &circle);
         EXPECT_EQ(valid, radius < 0 ? 0 : 1) << p[2];
         EXPECT_EQ(circle.radius, radius) << p[2];
         EXPECT_EQ(circle.center[0], valid * p[0]);
@@ -85,7 +85,7 @@ TEST(PolarPlane, HoldsTheCirclesThatCutItAtRightAngles) {
         const Pair c1 = random.vector<2>(), c2 = random.vector<2>(), way = moved(c1, -1, c2);
         const double r1 = random.uniform(0.1, 2), squared = dot(way, way) - r1 * r1;
         Plane plane, unit;
-        call(ARC_SPLINE_ask_polar_plane_of_circle, c1, r1, &plane);
+        called(ARC_SPLINE_ask_polar_plane_of_circle, c1, r1, &plane);
         EXPECT_TRUE(plane.normalised == 0 && plane.normal[2] == -1);
         // Normalised, a copy is the same plane, with the same nearest point of the origin.
         ARC_SPLINE_copy_monge_plane(&plane, &unit);
@@ -93,14 +93,14 @@ TEST(PolarPlane, HoldsTheCirclesThatCutItAtRightAngles) {
         EXPECT_EQ(unit.normalised, 1);
         for (const Plane& one : {plane, unit}) {
             EXPECT_NEAR(value(one, {c2[0], c2[1], dot(c2, c2) - squared}), 0, 1e-13);
-            call(ARC_SPLINE_ask_pt_and_normal_of_monge_plane, &one, nearest, normal);
+            called(ARC_SPLINE_ask_pt_and_normal_of_monge_plane, &one, nearest, normal);
             EXPECT_NEAR(length(normal), 1, 1e-15);
             EXPECT_NEAR(value(plane, nearest), 0, 1e-13);
             EXPECT_NEAR(length(cross(nearest, normal)), 0, 1e-15);
         }
     }
     const Plane trusted{{0, 0, -4}, 1, 1};  // for its flag alone
-    call(ARC_SPLINE_ask_pt_and_normal_of_monge_plane, &trusted, nearest, normal);
+    called(ARC_SPLINE_ask_pt_and_normal_of_monge_plane, &trusted, nearest, normal);
     EXPECT_EQ(nearest, (Vector{0, 0, 4}));
 }
 
@@ -135,7 +135,7 @@ TEST(CommonLine, OfParallelPlanesIsNone) {
     const Vector p1{7, 1, 1}, n1{0, 0, 1}, p2{3, 5, 4}, n2{0.6, 0, 0.8};
     for (const double sine : {0.6, 0.59}) {  // of planes given by points and normals
         Common c;
-        call(h634_, p1, n1, p2, n2, &sine, wide, c.point, c.along, &c.status);
+        called(h634_, p1, n1, p2, n2, &sine, wide, c.point, c.along, &c.status);
         EXPECT_EQ(c.status, sine < 0.6 ? 0 : 1);
         EXPECT_LT(distance(c.point, {sine < 0.6 ? 7 : 0.0, 0, sine < 0.6 ? 1 : 0.0}), 1e-14);
     }
@@ -146,7 +146,7 @@ TEST(CommonPoint, OfThreePlanesIsNotLookedFor) {
     const auto statuses = [](const Plane& a, const Plane& b, const Plane& c) {
         Vector point{7, 7, 7};
         std::array<int, 3> s;
-        call(ARC_SPLINE_inter_3_monge_planes, &a, &b, &c, wide, point, &s[0], &s[1], &s[2]);
+        called(ARC_SPLINE_inter_3_monge_planes, &a, &b, &c, wide, point, &s[0], &s[1], &s[2]);
         EXPECT_EQ(point, Vector{});
         return s;
     };
@@ -164,11 +164,11 @@ TEST(Projection, LandsOnThePlane) {
         EXPECT_NEAR(dot(moved(foot, -1, q), n), 0, 1e-14);
         EXPECT_NEAR(length(cross(moved(p, -1, foot), n)), 0, 1e-14);
         Vector adjusted = p, unit = p;
-        call(ARC_SPLINE_adjust_pt_on_pln, n, q, adjusted);
+        called(ARC_SPLINE_adjust_pt_on_pln, n, q, adjusted);
         EXPECT_EQ(adjusted, foot);
         const Vector part = written(ARC_SPLINE_proj_vec_to_pln, n, p);
         EXPECT_NEAR(dot(part, n), 0, 1e-14);
-        EXPECT_EQ(call(ARC_SPLINE_adjust_vec_on_pln, 1, n, unit), 1);
+        EXPECT_EQ(called(ARC_SPLINE_adjust_vec_on_pln, 1, n, unit), 1);
         EXPECT_LT(distance(scaled(unit, length(part)), part), 1e-14);
 
         const Vector v = random.vector();
@@ -193,7 +193,7 @@ TEST(Projection, AlongADirectionInThePlane) {
     }
     EXPECT_EQ(hit(n, o, n, n, {0.25, 90}).status, 1);
     Vector normal = n;
-    EXPECT_EQ(call(ARC_SPLINE_adjust_vec_on_pln, 1, n, normal), 0);
+    EXPECT_EQ(called(ARC_SPLINE_adjust_vec_on_pln, 1, n, normal), 0);
 }
 
 TEST(TransformsOfVectors, ReflectMoveAndCombine) {

@@ -15,8 +15,8 @@ TEST(ArcSplinePredicates, ThreePoints) {
         const Pair a = random.vector<2>(), b = random.vector<2>(), c = random.vector<2>();
         Pair p = a, q = b, r = c;
         Vector u{a[0], a[1], 0}, v{b[0], b[1], 0}, w{c[0], c[1], 0};
-        call(ARC_SPLINE_re_order_3pts_2d, 1e-9, p, q, r, &status);
-        call(ARC_SPLINE_re_order_3pts_3d, 1e-9, u, v, w, &in_space);
+        called(ARC_SPLINE_re_order_3pts_2d, 1e-9, p, q, r, &status);
+        called(ARC_SPLINE_re_order_3pts_3d, 1e-9, u, v, w, &in_space);
         const std::array<Pair, 3> orders[] = {{a, b, c}, {b, c, a}, {c, a, b}};
         EXPECT_EQ((std::array{p, q, r}), orders[status]);
         EXPECT_TRUE(in_space == status && v[0] == q[0]);
@@ -24,7 +24,7 @@ TEST(ArcSplinePredicates, ThreePoints) {
         EXPECT_GE(span, longer);
         const double sine = dot(left_of(minus(r, p)), minus(q, p)) / (longer * span);
         const int answer = std::fabs(sine) < direction_at(5)[1] ? 1 : 0;
-        EXPECT_EQ(call(ARC_SPLINE_ask_3pts_collinearity_2d, a, b, c, wide, 2, &side), answer);
+        EXPECT_EQ(called(ARC_SPLINE_ask_3pts_collinearity_2d, a, b, c, wide, 2, &side), answer);
         EXPECT_EQ(side, answer == 1 ? -1 : dot(left_of(minus(b, a)), minus(c, b)) > 0 ? 0 : 1);
     }
     // The side 1-2 the longest, 2-3, both, all of them; two points that coincide; sides longer by
@@ -36,7 +36,7 @@ TEST(ArcSplinePredicates, ThreePoints) {
         {5, 0, 0.25, 0.25, -1}, {2e-10, 0, 1e-10, 0, 0}, {-1.1e-10, 0, 1e-10, 0, 1}};
     for (const auto& [x2, y2, x3, tol, expected] : cases) {
         Pair p{0, 0}, q{x2, y2}, r{x3, 0};
-        call(ARC_SPLINE_re_order_3pts_2d, tol, p, q, r, &status);
+        called(ARC_SPLINE_re_order_3pts_2d, tol, p, q, r, &status);
         EXPECT_EQ(status, expected) << x2 << ' ' << x3;
     }
 }
@@ -50,9 +50,9 @@ TEST(ArcSplinePredicates, CollinearWithinTheDistance) {
     int side = 9;
     for (const auto& [x2, y2, x3, answer] : cases) {
         Vector p1{0, 0, 5}, p2{x2, y2, 5}, p3{x3, 0, 5};
-        EXPECT_EQ(call(ARC_SPLINE_ask_3pts_collinearity_2d, p1, p2, p3, tols, 1, &side), answer);
+        EXPECT_EQ(called(ARC_SPLINE_ask_3pts_collinearity_2d, p1, p2, p3, tols, 1, &side), answer);
         for (int turn = 0; turn < 3; ++turn) {
-            EXPECT_EQ(call(ARC_SPLINE_ask_3pts_collinearity_3d, p1, p2, p3, tols, 2, &side),
+            EXPECT_EQ(called(ARC_SPLINE_ask_3pts_collinearity_3d, p1, p2, p3, tols, 2, &side),
                       x3 == 16 ? 1 : answer);
             for (Vector* p : {&p1, &p2, &p3})
                 std::rotate(p->begin(), p->begin() + 1, p->end());
@@ -66,9 +66,9 @@ TEST(ArcSplinePredicates, CollinearWithinTheDistance) {
         {{{0, 0}, {0, 0.25}, {1, 0.25}}},     {{{1, 0}, {0, 0}, {0, 0.25}}},
         {{{0, 0}, {far / 2, 0.2}, {far, 0}}}, {{{0, 0}, {5, 0}, {0.25, 0}}}};
     for (const auto& [p, q, r] : apart)
-        EXPECT_EQ(call(ARC_SPLINE_ask_3pts_collinearity_2d, p, q, r, tols, 2, &side), q[0] == 5);
+        EXPECT_EQ(called(ARC_SPLINE_ask_3pts_collinearity_2d, p, q, r, tols, 2, &side), q[0] == 5);
     const Pair p{0, 0}, q{1, 0}, r{3, 0};  // neither collinear within no angle, nor a turn
-    EXPECT_EQ(call(ARC_SPLINE_ask_3pts_collinearity_2d, p, q, r, no_angle, 2, &side), 0);
+    EXPECT_EQ(called(ARC_SPLINE_ask_3pts_collinearity_2d, p, q, r, no_angle, 2, &side), 0);
     EXPECT_EQ(side, -1);
 }
 
@@ -77,7 +77,7 @@ TEST(ArcSplinePredicates, Quadratics) {
     const auto solve = [&](double k2, double k1, double k0, int normalise) {
         int status = 9;
         roots = {9, 9};
-        call(ARC_SPLINE_solve_quadratic_eqt, k2, k1, k0, normalise, roots, &status);
+        called(ARC_SPLINE_solve_quadratic_eqt, k2, k1, k0, normalise, roots, &status);
         return status;
     };
     Random random;
@@ -112,7 +112,7 @@ TEST(ArcSplinePredicates, SinesAndCosines) {
     Pair x{}, s{};
     const auto solve = [&](double p, double q, double r, char unit, int mode, double margin) {
         int count = 9;
-        call(ARC_SPLINE_trig_eqt_linear_sin_cos, p, q, r, unit, mode, margin, &count, x, s);
+        called(ARC_SPLINE_trig_eqt_linear_sin_cos, p, q, r, unit, mode, margin, &count, x, s);
         return count;
     };
     Random random;
@@ -175,7 +175,7 @@ struct Rays {
         int status = 9;
         const auto ask = [&](auto function, auto&&... outputs) {
             Pair d1 = way_1, d2 = way_2;  // made unit by every call
-            return call(function, p1, d1, p2, d2, 0, outputs...);
+            return called(function, p1, d1, p2, d2, 0, outputs...);
         };
         ask(ARC_SPLINE_ask_isosceles_to_pt_2d, within, apex, parms, iso_1, iso_2, sides, &status);
         alike = ask(ARC_SPLINE_ask_are_two_rays_homodromic_2d, 1, within, again, &status);
@@ -237,8 +237,8 @@ TEST(ArcSplinePredicates, Rays) {
                                                        {0, 1e-200, -1e-200, 0, 1}}) {
         Pair d1 = right, d2 = up, parms{t1, t2};
         int status = static_cast<int>(parallel);
-        const int found = call(ARC_SPLINE_ask_are_two_rays_homodromic_2d, o, d1, o, d2, 1, 0, &tol,
-                               parms, &status);
+        const int found = called(ARC_SPLINE_ask_are_two_rays_homodromic_2d, o, d1, o, d2, 1, 0,
+                                 &tol, parms, &status);
         EXPECT_EQ(found, alike);
     }
     expect_near(Rays(o, right, {1.2e-10, -2}, up).iso_1, {-2, 0}, 1e-9);
@@ -261,7 +261,7 @@ TEST(ArcSplinePredicates, InscribedAngles) {
     const auto of_vectors = ARC_SPLINE_ask_bisector_of_inscribed_angle;
     const auto bisector_by = [&](auto function, const auto&... inputs) {
         Vector bisector{9, 9, 9};
-        call(function, inputs..., bisector, &inscribed, &type, &status);
+        called(function, inputs..., bisector, &inscribed, &type, &status);
         return bisector;
     };
     const Vector o{0, 0, 0}, up{0, 0, 1}, ahead{1, 0, 0};
@@ -271,8 +271,8 @@ TEST(ArcSplinePredicates, InscribedAngles) {
         const Vector b = unit_of(moved(v2, -dot(v2, normal), normal));
         const double turn =
             std::atan2(dot(cross(a, b), normal), dot(a, b)) * 180 / std::numbers::pi;
-        call(ARC_SPLINE_ask_inscribed_angle_and_type, v1, v2, normal, 1, 1.0, &angle, &inscribed,
-             &type);
+        called(ARC_SPLINE_ask_inscribed_angle_and_type, v1, v2, normal, 1, 1.0, &angle, &inscribed,
+               &type);
         EXPECT_NEAR(angle, turn < 0 ? turn + 360 : turn, 1e-9);
         EXPECT_NEAR(inscribed, 180 - turn, 1e-9);
         EXPECT_EQ(type, turn > 0 ? 1 : 0);
@@ -302,11 +302,11 @@ TEST(ArcSplinePredicates, InscribedAngles) {
             EXPECT_TRUE(type == -2 && status == 1 && inscribed == 0);
         }
     }
-    call(ARC_SPLINE_ask_inscribed_angle_and_type, o, o, o, 0, 1.0, &angle, &inscribed, &type);
+    called(ARC_SPLINE_ask_inscribed_angle_and_type, o, o, o, 0, 1.0, &angle, &inscribed, &type);
     EXPECT_TRUE(type == -2 && angle == 0 && inscribed == 0);
     const Vector back{-1, 0x1.7p-50, 0};  // where the angle is 180 itself
-    call(ARC_SPLINE_ask_inscribed_angle_and_type, ahead, back, up, 0, 1.0, &angle, &inscribed,
-         &type);
+    called(ARC_SPLINE_ask_inscribed_angle_and_type, ahead, back, up, 0, 1.0, &angle, &inscribed,
+           &type);
     EXPECT_TRUE(type == 0 && angle == 180 && inscribed == 360);
 }
 

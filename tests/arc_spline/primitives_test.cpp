@@ -24,14 +24,14 @@ struct Foot {
 
 Foot foot_on_line(const Pair& p, const Pair& a, const Pair& d, double tol) {
     Foot f;
-    f.distance = call(ARC_SPLINE_ask_dist_pt_to_line_2d, p, a, d, tol, f.foot, &f.parm, &f.side);
+    f.distance = called(ARC_SPLINE_ask_dist_pt_to_line_2d, p, a, d, tol, f.foot, &f.parm, &f.side);
     return f;
 }
 
 Foot foot_between(const Pair& p, const Pair& a, const Pair& b, int bounded) {
     Foot f;
-    f.distance = call(ARC_SPLINE_ask_dist_pt_to_line_seg_2d, p, a, b, fine[0], bounded, f.foot,
-                      &f.parm, &f.side);
+    f.distance = called(ARC_SPLINE_ask_dist_pt_to_line_seg_2d, p, a, b, fine[0], bounded, f.foot,
+                        &f.parm, &f.side);
     return f;
 }
 
@@ -40,18 +40,19 @@ TEST(ArcSplinePrimitives, Angles) {
     int sense = 0, status = 9;
     const auto interior = [&](const Pair& a, const Pair& b, const Pair& c, double tol, int which) {
         const double within[] = {tol, 9};
-        return call(ARC_SPLINE_ask_interior_angle_of_triangle_2d, a, b, c, within, which, &status);
+        return called(ARC_SPLINE_ask_interior_angle_of_triangle_2d, a, b, c, within, which,
+                      &status);
     };
     for (int i = 0; i < rounds(200); ++i) {
         const Pair a = random.vector<2>(), b = random.vector<2>(), c = random.vector<2>();
         const double angle = turn(a, b), r = random.uniform(1, 9), half = random.uniform(0.1, 89);
         Pair out{};
-        EXPECT_NEAR(call(ARC_SPLINE_ask_angle_between_vectors_2d, a, b, 0), angle, 1e-11);
-        EXPECT_NEAR(call(ARC_SPLINE_ask_central_angle_between_tangents_2d, a, b, &sense),
+        EXPECT_NEAR(called(ARC_SPLINE_ask_angle_between_vectors_2d, a, b, 0), angle, 1e-11);
+        EXPECT_NEAR(called(ARC_SPLINE_ask_central_angle_between_tangents_2d, a, b, &sense),
                     std::fmin(angle, 360 - angle), 1e-11);
         EXPECT_EQ(sense, angle <= 180 ? 1 : -1);
-        EXPECT_EQ(call(ARC_SPLINE_ask_tan_2d_from_inclination_angle, out, angle), out.data());
-        EXPECT_NEAR(call(ARC_SPLINE_ask_inclination_angle_from_tan_2d, out), angle, 1e-11);
+        EXPECT_EQ(called(ARC_SPLINE_ask_tan_2d_from_inclination_angle, out, angle), out.data());
+        EXPECT_NEAR(called(ARC_SPLINE_ask_inclination_angle_from_tan_2d, out), angle, 1e-11);
         const double at_b = turn(minus(c, b), minus(a, b));
         EXPECT_NEAR(interior(a, b, c, 1e-9, 2), std::fmin(at_b, 360 - at_b), 1e-8);
         EXPECT_EQ(interior(a, b, c, 1e-9, 2), interior(b, a, c, 1e-9, 1));
@@ -60,7 +61,7 @@ TEST(ArcSplinePrimitives, Angles) {
         EXPECT_NEAR(ARC_SPLINE_ask_min_central_angle(r, chord), 2 * half, 1e-9);
     }
     EXPECT_NEAR(ARC_SPLINE_ask_min_central_angle(1, 2.5), 180, 1e-12);
-    EXPECT_EQ(call(ARC_SPLINE_ask_inclination_angle_from_tan_2d, Pair{-0.0, 0}), 0);
+    EXPECT_EQ(called(ARC_SPLINE_ask_inclination_angle_from_tan_2d, Pair{-0.0, 0}), 0);
     // The vertex 0.57 degrees off the line: the length bounds degrees.
     for (const auto& [tol, angle, found] :
          {std::array{0.5, 179.427, 0.0}, {0.6, 180, 0}, {2, 0, 1}})
@@ -75,7 +76,7 @@ TEST(ArcSplinePrimitives, Angles) {
     EXPECT_EQ(interior({128, 0}, {0, 0}, {0x1p-43, 128}, 90, 2), 180);  // 90 degrees, no more
     const Pair up{0, 1}, hardly{5e-11, 0};  // without a direction, unless it is taken for unit
     for (const int unit : {0, 1})
-        EXPECT_NEAR(call(ARC_SPLINE_ask_angle_between_vectors_2d, hardly, up, unit), 90 * unit,
+        EXPECT_NEAR(called(ARC_SPLINE_ask_angle_between_vectors_2d, hardly, up, unit), 90 * unit,
                     1e-11);
     ReportRecorder recorder;
     EXPECT_EQ(interior({-1, 0}, {0, 0}, {1, 1}, 1e-9, 4), 0);
@@ -92,15 +93,15 @@ TEST(ArcSplinePrimitives, PointsAndCirclesAgainstCircles) {
     // The power of the second and third is above 1 and below 2.
     const auto where = ARC_SPLINE_ask_where_is_pt_wrt_circle_2d;
     for (const auto& [y, place] : {std::array{4.25, 1.0}, {4.2, 0}, {3.8, 0}, {3.7, -1}}) {
-        EXPECT_EQ(call(where, Pair{0, y}, &circle, 1.0), place);
-        EXPECT_EQ(call(where, Pair{0, y}, &line, 1.0), -1);
+        EXPECT_EQ(called(where, Pair{0, y}, &circle, 1.0), place);
+        EXPECT_EQ(called(where, Pair{0, y}, &line, 1.0), -1);
         const Vector p{0, 1, y}, center{0, 1, 0};
-        EXPECT_NEAR(call(ARC_SPLINE_ask_power_of_a_point_3d, p, center, 4.0), y * y - 16, 1e-14);
+        EXPECT_NEAR(called(ARC_SPLINE_ask_power_of_a_point_3d, p, center, 4.0), y * y - 16, 1e-14);
     }
-    EXPECT_EQ(call(where, Pair{4, 0}, &circle, NAN), 1);
+    EXPECT_EQ(called(where, Pair{4, 0}, &circle, NAN), 1);
     // A power of twice the tolerance's square is none yet.
-    EXPECT_EQ(call(where, Pair{3, 3}, &circle, 1.0), 0);
-    EXPECT_EQ(call(where, Pair{2, 2}, &circle, 2.0), 0);
+    EXPECT_EQ(called(where, Pair{3, 3}, &circle, 1.0), 0);
+    EXPECT_EQ(called(where, Pair{2, 2}, &circle, 2.0), 0);
     const double cases[][4] = {
         {2, 1, 3.125, 0}, {2, 1, 2.875, 0},  {2, 1, 3.25, 1}, {2, 2, 0.125, -6}, {2, 2, 1, -1},
         {3, 1, 2, -2},    {3, 1, 1.875, -2}, {3, 1, 2.5, -4}, {3, 1, 1, -1},     {1.125, 1, 0, -6}};
@@ -123,7 +124,7 @@ TEST(ArcSplinePrimitives, RadicalAxesHaveEqualPowers) {
     Pair pt{}, dir{};
     int relation = 9, status = 9;
     const auto ask = [&](const Segment* c1, const Segment* c2) {
-        call(ARC_SPLINE_ask_radical_axis_of_2_circles_2d, c1, c2, pt, dir, &relation, &status);
+        called(ARC_SPLINE_ask_radical_axis_of_2_circles_2d, c1, c2, pt, dir, &relation, &status);
         return 10 * relation + status;
     };
     for (int i = 0; i < rounds(200); ++i) {
@@ -135,9 +136,9 @@ TEST(ArcSplinePrimitives, RadicalAxesHaveEqualPowers) {
         EXPECT_NEAR(dot(left_of(way), minus(pt, center_of(c1))), 0, 1e-11);
         for (const double s : {0.0, 5.0}) {
             const Pair p = moved(pt, s, dir);
-            const double power = call(ARC_SPLINE_ask_power_of_a_point_2d, p, &c1);
-            EXPECT_NEAR(power, call(ARC_SPLINE_ask_power_of_a_point_2d, p, &c2), 1e-9);
-            EXPECT_EQ(call(ARC_SPLINE_ask_power_of_a_point_2d, p, nullptr), 0);
+            const double power = called(ARC_SPLINE_ask_power_of_a_point_2d, p, &c1);
+            EXPECT_NEAR(power, called(ARC_SPLINE_ask_power_of_a_point_2d, p, &c2), 1e-9);
+            EXPECT_EQ(called(ARC_SPLINE_ask_power_of_a_point_2d, p, nullptr), 0);
         }
     }
     const Arc c({0, 0}, 2), larger({0, 5}, 3), beside({1e-10, 0}, 1);
@@ -172,7 +173,7 @@ TEST(ArcSplinePrimitives, FeetAndMirrorImages) {
         expect_near(bounded.foot, moved(a, bounded.parm, d), 1e-14);
         Pair mirror{};
         int side = 9;
-        call(ARC_SPLINE_mirror_point_wrt_line_2d, p, a, d, 1e-9, mirror, &side);
+        called(ARC_SPLINE_mirror_point_wrt_line_2d, p, a, d, 1e-9, mirror, &side);
         expect_near(mirror, moved(p, -2 * aside, left_of(d)), 1e-14);
     }
     // The tolerance 0.5: a foot this near the line's point is that point.
@@ -202,7 +203,7 @@ TEST(ArcSplinePrimitives, LinesMeet) {
     const auto status = [&](const Pair& p1, const Pair& p2) {
         int found = 9;
         pt = parms = {9, 9};
-        call(ARC_SPLINE_inter_line_line_2d, wide, p1, p2, 0, d1, d2, pt, parms, &cosine, &found);
+        called(ARC_SPLINE_inter_line_line_2d, wide, p1, p2, 0, d1, d2, pt, parms, &cosine, &found);
         return found;
     };
     Random random;
@@ -247,10 +248,10 @@ TEST(ArcSplinePrimitives, OutputsStandBeforeAReport) {
     Foot foot;
     int status = 9;
     Segment out = Arc({0, 0}, 1);
-    EXPECT_THROW(call(ARC_SPLINE_ask_interior_angle_of_triangle_2d, p, p, p, fine, 4, &status),
+    EXPECT_THROW(called(ARC_SPLINE_ask_interior_angle_of_triangle_2d, p, p, p, fine, 4, &status),
                  Left);
-    EXPECT_THROW(call(ARC_SPLINE_ask_dist_pt_to_line_seg_2d, p, p, p, fine[0], 1, foot.foot,
-                      &foot.parm, &foot.side),
+    EXPECT_THROW(called(ARC_SPLINE_ask_dist_pt_to_line_seg_2d, p, p, p, fine[0], 1, foot.foot,
+                        &foot.parm, &foot.side),
                  Left);
     EXPECT_THROW(ARC_SPLINE_cre_offset_circle_2d(nullptr, 1, 1, &out), Left);
     EXPECT_EQ(status, 0);

@@ -11,7 +11,7 @@ constexpr Tolerances coarse = {1e-6, 1e-3, NAN};  // the curvature has no part i
 
 int trim(Segment* s, const Pair& point) {
     int status = 9;
-    call(ARC_SPLINE_trim_to_point_1_seg_2d, point, coarse, s, &status);
+    called(ARC_SPLINE_trim_to_point_1_seg_2d, point, coarse, s, &status);
     return status;
 }
 
@@ -23,15 +23,16 @@ struct Foot {
 
 Foot foot_on(const Segment* s, const Pair& point, const Tolerances& within = coarse) {
     Foot f;
-    call(ARC_SPLINE_ask_parm_at_a_point_2d, s, point, within, f.at, &f.parm, &f.domain, &f.status);
+    called(ARC_SPLINE_ask_parm_at_a_point_2d, s, point, within, f.at, &f.parm, &f.domain,
+           &f.status);
     return f;
 }
 
 Foot nearest_on(const Segment& s, const Pair& point, int bounded,
                 const Tolerances& within = coarse) {
     Foot f;
-    call(ARC_SPLINE_ask_dist_pt_to_1_seg_2d, &s, point, bounded, within, f.at, &f.parm, &f.distance,
-         &f.status);
+    called(ARC_SPLINE_ask_dist_pt_to_1_seg_2d, &s, point, bounded, within, f.at, &f.parm,
+           &f.distance, &f.status);
     return f;
 }
 
@@ -47,7 +48,7 @@ TEST(ArcSplineSegments, RandomArcsFollowTheirCircles) {
         const double last = angle + o * central;
         Segment arc;
         Pair end, end_tangent;
-        call(ARC_SPLINE_cre_arc_seg_2d, start, tangent, central, r, o, &arc, end, end_tangent);
+        called(ARC_SPLINE_cre_arc_seg_2d, start, tangent, central, r, o, &arc, end, end_tangent);
         expect_equal(arc, Arc(center, r, angle, last, o));
         EXPECT_EQ(end_tangent, evaluated(arc, last).tangent);
         for (const long double turn : {part, central, central + part}) {
@@ -133,7 +134,7 @@ TEST(ArcSplineSegments, StraightsAreMeasuredFromTheirStart) {
     // One that has no length: the fallback as given, and the end moved onto the start.
     Pair end{1, 1e-11};
     Segment null{};
-    call(ARC_SPLINE_cre_strt_seg_2d, Pair{1, 0}, end, Pair{0, -3}, &null);
+    called(ARC_SPLINE_cre_strt_seg_2d, Pair{1, 0}, end, Pair{0, -3}, &null);
     EXPECT_EQ(end, (Pair{1, 0}));
     expect_equal(null, {0, 0, {1, 0}, 270, 270, {1, 0}, {0, -3}, 0, 0});
     EXPECT_EQ(made_straight({0, 0}, {1e-10, 0}).radius, 1e-10);
@@ -141,14 +142,15 @@ TEST(ArcSplineSegments, StraightsAreMeasuredFromTheirStart) {
 
 TEST(ArcSplineSegments, FullCircles) {
     Segment s{};
-    call(ARC_SPLINE_cre_circle_from_center_and_radius_2d, Pair{5, 7}, 2, &s);
+    called(ARC_SPLINE_cre_circle_from_center_and_radius_2d, Pair{5, 7}, 2, &s);
     expect_equal(s, {1, 1, {2, 0}, 90, 450, {5, 7}, {}, 2, 2});  // which starts off the circle
     EXPECT_EQ(trim(&s, {5, 11}), 0);
     expect_near(Data(&s).end, {5, 9}, 1e-12);
-    EXPECT_EQ(call(ARC_SPLINE_cre_single_point_circle_2d, Pair{5, 7}, &s), &s);
+    EXPECT_EQ(called(ARC_SPLINE_cre_single_point_circle_2d, Pair{5, 7}, &s), &s);
     expect_equal(s, {-1, 1, {5, 7}, 90, 450, {5, 7}, {}, 0, 0});
     for (const int o : {-1, 0, 1}) {  // 0 stays at its start
-        call(ARC_SPLINE_cre_circle_from_point_tangent_radius_2d, Pair{5, 7}, Pair{0, 1}, 2, o, &s);
+        called(ARC_SPLINE_cre_circle_from_point_tangent_radius_2d, Pair{5, 7}, Pair{0, 1}, 2, o,
+               &s);
         const Pair center{5 - 2.0 * o, 7};
         expect_equal(s, Arc(center, 2, 90, o == -1 ? -270 : 450, o));
         expect_near(evaluated(s, 180, 1).point, moved(center, 2 * o, {0, 1}), 1e-12);
@@ -239,8 +241,8 @@ TEST(ArcSplineSegments, Statuses) {
                                     ARC_SPLINE_ask_arcl_of_trimmed_1_seg_2d(s, parms, &measured)})
             EXPECT_EQ(length != 0, measured == 0);
         const Data data(s);
-        call(ARC_SPLINE_ask_end_pts_of_1_seg_2d, s, ends[0], ends[1], ends[2], ends[3], &of_ends);
-        call(ARC_SPLINE_ask_center_radius_of_seg_2d, s, &type, &radius, center, &of_circle);
+        called(ARC_SPLINE_ask_end_pts_of_1_seg_2d, s, ends[0], ends[1], ends[2], ends[3], &of_ends);
+        called(ARC_SPLINE_ask_center_radius_of_seg_2d, s, &type, &radius, center, &of_circle);
         const int of_foot = foot_on(s, {1e-10, 0}).status;
         EXPECT_EQ((std::array{measured, data.status, of_ends, of_circle, type, of_foot}), expected);
         const std::array all{data.start, data.start_tangent, data.end, data.end_tangent};
@@ -259,10 +261,10 @@ TEST(ArcSplineSegments, Statuses) {
     Pair tangent;
     ARC_SPLINE_evaluate_arc_seg_2d(&straight, 1, 0, nullptr, nullptr, &statuses[0]);
     ARC_SPLINE_evaluate_strt_seg_2d(&half, 0, nullptr, nullptr, &statuses[1]);
-    call(ARC_SPLINE_evaluate_arc_seg_2d, &half, 0, 10, nullptr, tangent, &statuses[2]);
+    called(ARC_SPLINE_evaluate_arc_seg_2d, &half, 0, 10, nullptr, tangent, &statuses[2]);
     ARC_SPLINE_evaluate_1_seg_2d(nullptr, 1, 0, nullptr, nullptr, &statuses[3]);
     ARC_SPLINE_evaluate_strt_seg_2d(nullptr, 0, nullptr, nullptr, &statuses[4]);
-    call(ARC_SPLINE_ask_is_arc_rather_strt_2d, nullptr, fine, &statuses[5]);
+    called(ARC_SPLINE_ask_is_arc_rather_strt_2d, nullptr, fine, &statuses[5]);
     EXPECT_EQ(statuses, (std::array{1, 1, 2, 1, 1, 2})) << "of other types, before the start, none";
     EXPECT_EQ(ARC_SPLINE_ask_radius_of_1_seg_2d(nullptr), 0);
 }
@@ -317,7 +319,7 @@ TEST(ArcSplineSegments, Reports) {
     const CheckingLevel level(1);
     ReportRecorder recorder;
     Segment point{}, out{};
-    call(ARC_SPLINE_cre_single_point_circle_2d, Pair{1, 1}, &point);
+    called(ARC_SPLINE_cre_single_point_circle_2d, Pair{1, 1}, &point);
     Arc early({0, 1}, 1, 350, 10);
     ARC_SPLINE_reverse_parm_of_1_seg_2d(&point);
     ARC_SPLINE_reverse_parm_of_1_seg_2d(nullptr);
@@ -363,7 +365,7 @@ TEST(ArcSplineSegments, AngleRanges) {
     EXPECT_EQ(angle, 0.0);
     Pair normal{};
     for (const int side : {0, 1, 2}) {  // 1 alone is right
-        call(ARC_SPLINE_ask_perp_vec, side, Pair{3, 4}, normal);
+        called(ARC_SPLINE_ask_perp_vec, side, Pair{3, 4}, normal);
         EXPECT_EQ(normal, side == 1 ? (Pair{4, -3}) : (Pair{-4, 3}));
     }
 }

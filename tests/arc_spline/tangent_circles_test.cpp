@@ -18,7 +18,7 @@ Segment line(const Pair& p, const Pair& along) {
 template <class Function, class... Inputs>
 Made made_several(std::size_t room, Function construct, const Inputs&... inputs) {
     Made m;
-    call(construct, inputs..., tols, &m.count, m.circles, &m.status);
+    called(construct, inputs..., tols, &m.count, m.circles, &m.status);
     return without_blanks(m, room);
 }
 

@@ -26,13 +26,13 @@ Tangents tangents(Kind kind, const Segment* a, const Segment* b, int bounded = 0
     if (kind != from_point) {
         const auto common = kind == exterior ? ARC_SPLINE_ask_tangents_exterior_to_circles_2d
                                              : ARC_SPLINE_ask_tangents_interior_to_circles_2d;
-        call(common, a, b, bounded, bounded_b < 0 ? bounded : bounded_b, tols, &x.count, t, t + 1,
-             x.parms[0], x.parms[1], &x.status);
+        called(common, a, b, bounded, bounded_b < 0 ? bounded : bounded_b, tols, &x.count, t, t + 1,
+               x.parms[0], x.parms[1], &x.status);
         return x;
     }
     Pair points[2];
-    call(ARC_SPLINE_ask_tangents_thru_a_point_2d, a, b->center, bounded, tols, &x.count, points[0],
-         points[1], x.parms[0], x.flags, &x.status);
+    called(ARC_SPLINE_ask_tangents_thru_a_point_2d, a, b->center, bounded, tols, &x.count,
+           points[0], points[1], x.parms[0], x.flags, &x.status);
     for (int k = 0; k < 2; ++k)
         t[k] = made_straight(points[k], center_of(*b));
     return x;
@@ -176,8 +176,8 @@ TEST(TangentAtOtherEnd, MakesTheSameAngleWithTheChord) {
     const Pair origin = {};
     const auto other_end = [&](const Pair& along, const Pair& end, const Pair& start = {}) {
         Pair t;
-        call(ARC_SPLINE_compute_tangent_at_other_end_of_chord_2d, start, along, end, tols, t,
-             &status);
+        called(ARC_SPLINE_compute_tangent_at_other_end_of_chord_2d, start, along, end, tols, t,
+               &status);
         return t;
     };
     for (int round = 0; round < rounds(1000); ++round) {

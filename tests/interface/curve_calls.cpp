@@ -6,13 +6,13 @@ namespace ztmath_test {
 
 namespace {
 
-void points_left(BCDF* record) {
+void record_points_left(BCDF* record) {
     double* const points = record->points->points;
     BCDF_free_all_but_points(held<BCDF>.release());
     SM_free(points);
 }
 
-void array_left(PNTLST* list) {
+void list_points_left(PNTLST* list) {
     double* const points = list->points;
     PNTLST_free_all_but_points(held<PNTLST>.release());
     SM_free(points);
@@ -40,11 +40,11 @@ void release_held() {
 
 std::vector<Call> curve_calls() {
     return {
-        row<points_left>(),
+        row<record_points_left>(),
+        row<list_points_left>(),
         row<list_from_function, 4, 3>(),
         row<record_over_block, 8, 3, 1>(),
         row<record_over_list, 8, 3, 1, 4, 0>(),
-        row<array_left>(),
         row<made_persistent>(),
         row<BCDF_replace_defining_point, 1, 3>(),
         row<BCDF_remove_defining_points, 0, 2>(),

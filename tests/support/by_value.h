@@ -5,19 +5,23 @@
 
 namespace ztmath_test {
 
-/// What a call is passed for a value: of an array its address, of what is owned a pointer.
+/// What a call is passed for a value: of an array its address, of what is owned a pointer, of a
+/// record its address.
 template <class Value>
-auto passed(const Value& value) {
+auto passed(Value& value) {
     if constexpr (requires { value.data(); })
         return value.data();
     else if constexpr (requires { value.get(); })
         return value.get();
+    else if constexpr (std::is_class_v<Value>)
+        return &value;
     else
         return value;
 }
 
+/// A call with arrays and records by value, for inputs and outputs alike.
 template <class Function, class... Values>
-auto called(Function function, const Values&... values) {
+auto called(Function function, Values&&... values) {
     return function(passed(values)...);
 }
 

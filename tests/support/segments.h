@@ -1,6 +1,7 @@
 // Segments of arc splines for tests.
 #pragma once
 
+#include "support/by_value.h"
 #include "support/plane.h"
 #include "support/session.h"
 #include "ztmath/arc_spline.h"
@@ -10,20 +11,6 @@ namespace ztmath_test {
 using Segment = ARC_SPLINE_1_seg_2d_t;
 
 inline constexpr char arc_module[] = "arc_spline_apollonian_constructions";
-
-/// A call that is passed arrays and segments, for inputs and outputs alike, by their address.
-template <class Function, class... Values>
-auto call(Function function, Values&&... values) {
-    const auto address = [](auto& value) {
-        if constexpr (requires { value.data(); })
-            return value.data();
-        else if constexpr (std::is_convertible_v<decltype(&value), const Segment*>)
-            return &value;
-        else
-            return value;
-    };
-    return function(address(values)...);
-}
 
 /// Of lengths, of angles in degrees and of curvatures, which have no part in most calls. A test
 /// that changes them has them `Kept`.
@@ -41,7 +28,7 @@ struct Arc : Segment {
 
 inline Segment made_straight(const Pair& start, Pair end, const Pair& fallback = {7, 7}) {
     Segment straight{};
-    call(ARC_SPLINE_cre_strt_seg_2d, start, end, fallback, &straight);
+    called(ARC_SPLINE_cre_strt_seg_2d, start, end, fallback, &straight);
     return straight;
 }
 
@@ -65,15 +52,15 @@ struct At {
 
 inline At evaluated(const Segment& s, double parm, int extrapolate = 0) {
     At at;
-    call(ARC_SPLINE_evaluate_1_seg_2d, &s, extrapolate, parm, at.point, at.tangent, &at.status);
+    called(ARC_SPLINE_evaluate_1_seg_2d, &s, extrapolate, parm, at.point, at.tangent, &at.status);
     return at;
 }
 
 /// All that can be asked of a segment at once.
 struct Data {
     explicit Data(const Segment* s, int want_corner = 1) {
-        call(ARC_SPLINE_ask_1_seg_2d_data, s, want_corner, &type, &orientation, angles, &length,
-             &curvature, center, start, start_tangent, end, end_tangent, corner, &status);
+        called(ARC_SPLINE_ask_1_seg_2d_data, s, want_corner, &type, &orientation, angles, &length,
+               &curvature, center, start, start_tangent, end, end_tangent, corner, &status);
     }
     int type = 9, orientation = 9, status = 9;
     Pair angles{}, center{}, start{}, start_tangent{}, end{}, end_tangent{}, corner{9, 9};
@@ -109,7 +96,7 @@ inline Made without_blanks(Made m, std::size_t room) {
 template <class Function, class... Inputs>
 Made made_one(Function construct, const Inputs&... inputs) {
     Made m;
-    call(construct, inputs..., tols, m.circles[0], &m.status);
+    called(construct, inputs..., tols, m.circles[0], &m.status);
     m.count = m.status == 0 ? 1 : 0;
     return without_blanks(m, 1);
 }
@@ -117,7 +104,7 @@ Made made_one(Function construct, const Inputs&... inputs) {
 template <class Function, class... Inputs>
 Made made_two(Function construct, const Inputs&... inputs) {
     Made m;
-    call(construct, inputs..., tols, &m.count, m.circles[0], m.circles[1], &m.status);
+    called(construct, inputs..., tols, &m.count, m.circles[0], m.circles[1], &m.status);
     return without_blanks(m, 2);
 }
 
